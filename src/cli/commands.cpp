@@ -1,0 +1,289 @@
+#include "cli/commands.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <string_view>
+
+#include "cli/script.h"
+#include "cli/words.h"
+#include "platform/property.h"
+
+namespace noldarz {
+
+namespace {
+
+using Words = std::vector<std::string>;
+
+std::string inQuotes(std::string_view word) { return "\"" + std::string{word} + "\""; }
+
+View& viewNamed(ScriptSession& session, const std::string& name) {
+  if (View* view = session.system().views().find(name)) return *view;
+  throw ScriptError("no view " + inQuotes(name));
+}
+
+/// VIEW.NAME, or NAME of the main view.
+Field& fieldNamed(ScriptSession& session, const std::string& word) {
+  const auto point = word.find('.');
+  View& view =
+      point == std::string::npos ? session.system().mainView().view : viewNamed(session, word.substr(0, point));
+  const std::string name = point == std::string::npos ? word : word.substr(point + 1);
+  if (Field* field = view.find(name)) return *field;
+  throw ScriptError("no field " + inQuotes(name) + " in view " + view.name());
+}
+
+std::string fullName(const Field& field) { return field.view().name() + "." + field.name(); }
+
+Property propertyNamed(const std::string& word) {
+  if (const auto property = findProperty(word)) return *property;
+  throw ScriptError("no property " + inQuotes(word));
+}
+
+int integer(const std::string& word) {
+  const ParsedNumber parsed = parseNumber(word);
+  const auto whole = static_cast<long long>(parsed.value);
+  if (parsed.outcome != ParsedNumber::Outcome::number || static_cast<double>(whole) != parsed.value || whole < 0 ||
+      whole > std::numeric_limits<int>::max())
+    throw ScriptError(inQuotes(word) + " is no whole number from 0 up");
+  return static_cast<int>(whole);
+}
+
+/// A field on which a user can act now, as a screen would let him.
+Field& usableField(ScriptSession& session, const std::string& word) {
+  Field& field = fieldNamed(session, word);
+  if (!field.view().visible()) throw ScriptError("the view " + field.view().name() + " is not open");
+  if (!field.visible()) throw ScriptError("the field " + fullName(field) + " is hidden");
+  if (!field.enabled()) throw ScriptError("the field " + fullName(field) + " is disabled");
+  if (!field.usable()) throw ScriptError("a modal view lies above " + fullName(field));
+  return field;
+}
+
+Field& usableField(ScriptSession& session, const std::string& word, std::initializer_list<FieldKind> kinds,
+                   std::string_view action) {
+  Field& field = usableField(session, word);
+  if (std::find(kinds.begin(), kinds.end(), field.kind()) == kinds.end())
+    throw ScriptError("the field " + fullName(field) + " can't be " + std::string{action});
+  return field;
+}
+
+bool takesFocus(const Field& field) {
+  switch (field.kind()) {
+    case FieldKind::label:
+    case FieldKind::menu:
+    case FieldKind::picture:
+    case FieldKind::shape:
+    case FieldKind::timer: return false;
+    default: return true;
+  }
+}
+
+/// The focus comes to the field, unless the rule of the field that has it keeps it.
+void takeFocus(ScriptSession& session, Field& field) {
+  if (!takesFocus(field)) throw ScriptError("the field " + fullName(field) + " takes no focus");
+  if (session.desktop().moveFocus(&field)) return;
+  const Field* holder = session.desktop().focused();
+  throw ScriptError("the focus stays " + (holder ? "in " + fullName(*holder) : std::string{"nowhere"}));
+}
+
+/// A user's click, which brings the focus to a field that takes it.
+void clickOn(ScriptSession& session, Field& field, Event event) {
+  if (takesFocus(field)) takeFocus(session, field);
+  if (field.usable()) field.fire(event);  // a rule may have closed the field meanwhile
+}
+
+Json propertyJson(const Field& field, Property property) {
+  return std::visit([](const auto& value) { return Json(value); }, getProperty(field, property));
+}
+
+Json numberOrInteger(double value) {
+  const auto whole = static_cast<std::int64_t>(value);
+  return static_cast<double>(whole) == value ? Json(whole) : Json(value);
+}
+
+Json shown(const Field& field, Property property) {
+  const Json value = propertyJson(field, property);
+  return value.is_number() && std::abs(value.get<double>()) < 1e15 ? numberOrInteger(value.get<double>()) : value;
+}
+
+void set(ScriptSession& session, const Words& words) {
+  Field& field = fieldNamed(session, words[1]);
+  const Property property = words.size() == 3 ? mainProperty(field) : propertyNamed(words[2]);
+  if (!setProperty(field, property, words.back()))
+    throw ScriptError("the property " + std::string{propertyName(property)} + " of " + fullName(field) +
+                      " does not take " + inQuotes(words.back()));
+}
+
+void enter(ScriptSession& session, const Words& words) {
+  Field& field = usableField(session, words[1], {FieldKind::text, FieldKind::combo}, "typed into");
+  takeFocus(session, field);
+  if (field.text() != words[2]) {
+    field.setText(words[2]);
+    field.fire(Event::change);
+  }
+  session.desktop().moveFocus(nullptr);
+}
+
+void focus(ScriptSession& session, const Words& words) { takeFocus(session, usableField(session, words[1])); }
+
+void leave(ScriptSession& session, const Words& words) {
+  takeFocus(session, usableField(session, words[1]));
+  session.desktop().moveFocus(nullptr);
+}
+
+void choose(ScriptSession& session, const Words& words) {
+  Field& field = usableField(session, words[1], {FieldKind::list, FieldKind::combo}, "chosen from");
+  const auto& entries = field.entries();
+  auto entry = std::find(entries.begin(), entries.end(), words[2]);
+  if (entry == entries.end() && words[2].starts_with('#')) {
+    const int position = integer(words[2].substr(1));
+    if (position < static_cast<int>(entries.size())) entry = entries.begin() + position;
+  }
+  if (entry == entries.end()) throw ScriptError("no entry " + inQuotes(words[2]) + " in " + fullName(field));
+  takeFocus(session, field);
+  field.setText(*entry);
+  field.fire(Event::click);
+}
+
+void setChecked(ScriptSession& session, const Words& words, int value) {
+  Field& field = usableField(session, words[1], {FieldKind::check, FieldKind::option}, words[0] + "ed");
+  if (field.value() == value) return;
+  takeFocus(session, field);
+  field.setValue(value);
+  field.fire(Event::click);
+}
+
+void check(ScriptSession& session, const Words& words) { setChecked(session, words, 1); }
+void uncheck(ScriptSession& session, const Words& words) { setChecked(session, words, 0); }
+
+void slide(ScriptSession& session, const Words& words) {
+  Field& field = usableField(session, words[1], {FieldKind::slider}, "slid");
+  const int position = integer(words[2]);
+  takeFocus(session, field);
+  if (field.value() == position) return;
+  field.setValue(position);
+  field.fire(Event::change);
+}
+
+void click(ScriptSession& session, const Words& words) {
+  Field& field = usableField(session, words[1]);
+  if (field.kind() == FieldKind::check) return setChecked(session, {"check", words[1]}, field.value() == 1 ? 0 : 1);
+  if (field.kind() == FieldKind::option) return setChecked(session, {"check", words[1]}, 1);
+  clickOn(session, field, Event::click);
+}
+
+void dblclick(ScriptSession& session, const Words& words) {
+  clickOn(session, usableField(session, words[1]), Event::dblClick);
+}
+
+void answer(ScriptSession& session, const Words& words) { session.desktop().queueReply(words[1]); }
+
+void wait(ScriptSession& session, const Words& words) {
+  std::optional<double> milliseconds;
+  if (words.size() == 2) milliseconds = integer(words[1]);
+  session.desktop().runTimers(session.system().views(), milliseconds);
+}
+
+void show(ScriptSession& session, const Words& words) {
+  const Field& field = fieldNamed(session, words[1]);
+  std::vector<Property> properties;
+  for (std::size_t i = 2; i < words.size(); ++i) properties.push_back(propertyNamed(words[i]));
+  if (properties.empty()) properties.push_back(mainProperty(field));
+  Json line{{"field", fullName(field)}};
+  for (const Property property : properties) line[std::string{propertyName(property)}] = shown(field, property);
+  session.print(line);
+}
+
+void dump(ScriptSession& session, const Words& words) {
+  View& view = words.size() == 2 ? viewNamed(session, words[1]) : session.system().mainView().view;
+  Json fields = Json::object();
+  for (const Field& field : view.fields()) {
+    Json& properties = fields[field.name()] = Json::object();
+    for (const Property property : changedProperties(field))
+      properties[std::string{propertyName(property)}] = shown(field, property);
+  }
+  session.print({{"view", view.name()}, {"fields", fields}});
+}
+
+void views(ScriptSession& session, const Words&) {
+  Json open = Json::array();
+  for (const View* view : session.system().views().open())
+    open.push_back({{"name", view->name()}, {"visible", view->visible()}, {"modal", view->modal()}});
+  const View* front = session.system().views().front();
+  session.print({{"views", open}, {"front", front ? Json(front->name()) : Json(nullptr)}});
+}
+
+void state(ScriptSession& session, const Words& words) {
+  for (std::size_t i = 1; i < words.size(); ++i) {
+    Json value;
+    visitAll(session.system().state(), [&](std::string_view name, auto variable) {
+      if (name == words[i]) value = variable;
+    });
+    if (value.is_null()) throw ScriptError("no state variable " + inQuotes(words[i]));
+    session.print({{"state", words[i]}, {"value", value}});
+  }
+}
+
+void table(ScriptSession& session, const Words&) {
+  Json cells = Json::array();
+  for (const TableCell& cell : session.system().state().prbtTable) cells.push_back(cellText(cell));
+  session.print({{"table", cells}});
+}
+
+void echo(ScriptSession& session, const Words& words) { session.print({{"echo", words[1]}}); }
+
+void unavailable(ScriptSession&, const Words& words) {
+  throw ScriptError("the command " + inQuotes(words[0]) + " is not available in this version");
+}
+
+struct Command {
+  std::string_view name;
+  std::size_t leastWords;  // behind the name
+  std::size_t mostWords;
+  void (*run)(ScriptSession&, const Words&);
+};
+
+constexpr std::size_t any = std::numeric_limits<std::size_t>::max();
+
+constexpr std::array commands{
+    Command{"set", 2, 3, set},
+    Command{"enter", 2, 2, enter},
+    Command{"focus", 1, 1, focus},
+    Command{"leave", 1, 1, leave},
+    Command{"choose", 2, 2, choose},
+    Command{"check", 1, 1, check},
+    Command{"uncheck", 1, 1, uncheck},
+    Command{"slide", 2, 2, slide},
+    Command{"click", 1, 1, click},
+    Command{"dblclick", 1, 1, dblclick},
+    Command{"answer", 1, 1, answer},
+    Command{"wait", 0, 1, wait},
+    Command{"show", 1, any, show},
+    Command{"dump", 0, 1, dump},
+    Command{"views", 0, 0, views},
+    Command{"state", 1, any, state},
+    Command{"table", 0, 0, table},
+    Command{"echo", 1, 1, echo},
+    // These come with the rooms that they need: the study, the canvas, the keyboard.
+    Command{"start", 0, any, unavailable},
+    Command{"mouse", 0, any, unavailable},
+    Command{"key", 0, any, unavailable},
+    Command{"drawing", 0, any, unavailable},
+    Command{"rows", 0, any, unavailable},
+    Command{"setting", 0, any, unavailable},
+    Command{"close", 0, any, unavailable},
+};
+
+}  // namespace
+
+void runCommand(ScriptSession& session, const std::vector<std::string>& words) {
+  const auto command =
+      std::find_if(commands.begin(), commands.end(), [&](const Command& c) { return c.name == words[0]; });
+  if (command == commands.end()) throw ScriptError("unknown command " + inQuotes(words[0]));
+  const std::size_t count = words.size() - 1;
+  if (count < command->leastWords) throw ScriptError("too few words behind " + inQuotes(words[0]));
+  if (count > command->mostWords)
+    throw ScriptError("too many words behind " + inQuotes(words[0]) + ": " + inQuotes(words.back()));
+  command->run(session, words);
+}
+
+}  // namespace noldarz

@@ -1,0 +1,44 @@
+// Runs a script: reads its lines, carries each one out on the System by the names of its fields, and prints one JSON
+// object a line in the order in which things happen. The commands themselves stand in commands.cpp.
+#pragma once
+
+#include <iosfwd>
+#include <string>
+
+#include "cli/scripted_desktop.h"
+#include "system/system.h"
+
+namespace noldarz {
+
+/// The program as a script drives it: a System on a scripted desktop, its main view open on its initial values.
+class ScriptSession {
+ public:
+  explicit ScriptSession(ScriptedDesktop::Record record);
+
+  /// Carries out one line. Throws ScriptError for a line that can't be understood or carried out.
+  void runLine(std::string_view line);
+
+  System& system() { return system_; }
+  ScriptedDesktop& desktop() { return desktop_; }
+  void print(const Json& object) const { record_(object); }
+
+ private:
+  ScriptedDesktop::Record record_;
+  ScriptedDesktop desktop_;
+  System system_;
+};
+
+/// Exit status of the command line.
+enum class ExitStatus : int { done = 0, failed = 1, refused = 2 };
+
+/// Runs the lines of a script in the session. The first line that fails is reported to the session's record and to
+/// `errors` as "NAME:LINE: text"; nothing after it runs.
+ExitStatus runScript(ScriptSession& session, std::istream& lines, const std::string& name, std::ostream& errors);
+
+/// Opens FILE, "-" for standard input, and runs it. A file that can't be read is reported to `errors`.
+ExitStatus runScriptFile(ScriptSession& session, const std::string& file, std::ostream& errors);
+
+/// One JSON object as one line; a byte that is no UTF-8 is replaced.
+std::string jsonLine(const Json& object);
+
+}  // namespace noldarz

@@ -1,0 +1,67 @@
+// A desktop without a screen: boxes and dialogs take their replies from a queue and go on the record, the focus moves
+// with the events of a real screen, timers run on a clock of their own. The script front and the tests use it.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+
+#include "platform/desktop.h"
+#include "platform/view.h"
+
+namespace noldarz {
+
+using Json = nlohmann::ordered_json;
+
+class ScriptedDesktop : public Desktop {
+ public:
+  /// Takes each entry of the record as it happens.
+  using Record = std::function<void(const Json&)>;
+
+  explicit ScriptedDesktop(Record record) : record_(std::move(record)) {}
+
+  /// Queues the reply to the next box ("yes", "no", "ok") or dialog ("ok", "cancel", a path).
+  void queueReply(std::string reply) { replies_.push_back(std::move(reply)); }
+
+  /// A box with no queued reply takes its default. Throws ScriptError for a reply that the box doesn't offer.
+  Reply messageBox(const MessageBox& box) override;
+  /// A dialog with no queued reply is cancelled.
+  std::filesystem::path fileDialog(const FileDialog& dialog) override;
+  void printerDialog() override;
+
+  void setFocus(Field& field) override;
+  void openDropDown(Field& field) override;
+  void refresh(Field&) override {}
+  void setPointer(Pointer pointer) override { pointer_ = pointer; }
+  void clearClipboard() override;
+  bool activateWindow(const std::string& title) override;
+  void runProgram(const std::filesystem::path& program) override;
+
+  Pointer pointer() const { return pointer_; }
+
+  /// Moves the focus as a user does; null: to nowhere. The field that had it runs its lostFocus rule first, which may
+  /// keep the focus: then it does not move. Tells whether it arrived.
+  bool moveFocus(Field* field);
+  Field* focused() const { return focused_; }
+
+  /// Fires the enabled timers of loaded views in the order in which they fall due, their interval being the value of
+  /// the field (ms), until none is due or for so many milliseconds. No real time passes. Throws ScriptError for
+  /// timers that never come to rest.
+  void runTimers(Views& views, std::optional<double> milliseconds);
+
+ private:
+  std::optional<std::string> nextReply();
+  Field* nextTimer(Views& views);
+
+  Record record_;
+  std::deque<std::string> replies_;
+  Pointer pointer_ = Pointer::standard;
+  Field* focused_ = nullptr;
+  double now_ = 0;                 // ms
+  std::map<Field*, double> dues_;  // enabled timers
+};
+
+}  // namespace noldarz

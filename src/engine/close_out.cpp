@@ -1,0 +1,108 @@
+#include "engine/close_out.h"
+
+#include "platform/text.h"
+
+namespace noldarz {
+
+CloseOut::CloseOut(View& mainView, const ModelState& model, const SweepState& sweep, const LevelState& passes,
+                   WindShareState& wind, const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
+                   const CommandFields& command, Isopleth& isopleth, Progress& progress, Desktop& desktop,
+                   Effects* effects)
+    : mainView_(mainView),
+      model_(model),
+      sweep_(sweep),
+      passes_(passes),
+      wind_(wind),
+      in_(in),
+      level_(level),
+      result_(result),
+      command_(command),
+      isopleth_(isopleth),
+      progress_(progress),
+      desktop_(desktop),
+      effects_(effects) {}
+
+void CloseOut::closeRun(const Trap& press) {
+  const bool levelsPassed = passes_.firstPass == 0;
+  const Trap regime = levelsPassed ? Trap::ignoring() : press;
+  if (levelsPassed) {
+    press.step([&] { isopleth_.calcFlammableMass(); });
+    regime.step([&] { showStabilizationTime(); });
+  }
+  regime.steps([&] { showFlammableMass(); },  //
+               [&] { judgeOpenLevels(); },    //
+               [&] { reportNegativeLength(); },
+               [&] {
+                 if (effects_) effects_->searchLimits();
+               });
+  if (regime.holds([&] { return level_.isoplngt[2].number() > 0; })) storeResults(regime);
+  desktop_.setPointer(Pointer::standard);
+  mainView_.show();
+  progress_.close();
+  if (command_.prntprv.enabled()) regime.step([&] { openOutputs(); });
+}
+
+void CloseOut::showStabilizationTime() {
+  constexpr double minute = 60;  // s
+  constexpr double hour = 3600;  // s
+  double time = 0;
+  silently([&] { time = checked(level_.endpt[levelCount - 1].number() / divisor(model_.windAtHeight)); });
+  const double unit = time > hour ? hour : time > minute ? minute : 1;
+  result_.tmestbltxt.setCaption(Format(time / unit, "0.00"));
+}
+
+void CloseOut::showFlammableMass() {
+  const ParsedNumber mass = parseNumber(result_.expmass.text());
+  const bool positive = mass.outcome == ParsedNumber::Outcome::number && mass.value > 0;
+  if (!positive) result_.expmass.setText("Mass = 0");
+  if (effects_) effects_->storeFlammableMass(positive ? mass.value : 0);
+}
+
+void CloseOut::judgeOpenLevels() {
+  const std::string beyond = mark::beyond(sweep_.endDist);
+  const auto isOpen = [&](const Field& point) {
+    return point.text() == mark::notApplicable || point.text() == beyond || point.text() == mark::nothing;
+  };
+  for (int i = 0; i < levelCount; ++i)
+    command_.prntprv.setEnabled(!isOpen(level_.bgnpt[i]) && !isOpen(level_.endpt[i]));
+}
+
+void CloseOut::reportNegativeLength() {
+  const std::string beyond = mark::beyond(sweep_.endDist);
+  for (int i = 0; i < levelCount; ++i) {
+    const std::string& length = level_.isoplngt[i].text();
+    if (length < mark::nothing && length != beyond) {
+      desktop_.messageBox(critical("Reset concentration " + level_.conclbl[i].caption() +
+                                   "\nNote:Enter concentration < " + level_.constn[i].text()));
+      progress_.close();
+      level_.constn[i].setBackColour(attentionColour);
+      command_.prntprv.disable();
+      level_.constn[i].enable();
+      return;
+    }
+    level_.constn[i].setBackColour(SystemColour::windowBackground);
+  }
+}
+
+void CloseOut::storeResults(const Trap& regime) {
+  regime.steps(
+      [&] {
+        if (effects_) effects_->storeRun();
+      },
+      [&] { command_.comput.setCaption("Results at given concentration"); },
+      [&] {
+        double total = 0;
+        for (int i = 0; i < in_.Givnwnd.size(); ++i) total += in_.Givnwnd[i].number();
+        wind_.windTotal = checked(total);
+      },
+      [&] { wind_.calmPct = 100 - wind_.windTotal; },
+      [&] { result_.calmlbl[0].setCaption(Format(wind_.calmPct, "0.00")); });
+}
+
+void CloseOut::openOutputs() {
+  desktop_.setFocus(command_.prntprv);
+  desktop_.openDropDown(command_.prntprv);
+  command_.comput.setCaption("Concentration distances computed.");
+}
+
+}  // namespace noldarz

@@ -1,0 +1,52 @@
+// The tail of every press of Compute: derived results, the check of the levels against what the passes found, the
+// steps of the rooms above, and the opening of the outputs. Called by Compute.
+#pragma once
+
+#include "engine/effects.h"
+#include "engine/fields.h"
+#include "engine/isopleth.h"
+#include "engine/progress.h"
+#include "engine/state.h"
+#include "platform/desktop.h"
+#include "platform/failure.h"
+#include "platform/view.h"
+
+namespace noldarz {
+
+class CloseOut {
+ public:
+  /// `effects` may be null: the steps of the rooms above are then left out.
+  CloseOut(View& mainView, const ModelState& model, const SweepState& sweep, const LevelState& passes,
+           WindShareState& wind, const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
+           const CommandFields& command, Isopleth& isopleth, Progress& progress, Desktop& desktop, Effects* effects);
+
+  /// Runs under the trap of the press; from the time of stabilization on, in a press that went through the level
+  /// passes, failures are ignored.
+  void closeRun(const Trap& press);
+
+ private:
+  void showStabilizationTime();
+  void showFlammableMass();
+  /// A level is open when its begin or end point holds a mark; the last level decides whether outputs are enabled.
+  void judgeOpenLevels();
+  /// A negative length: the level must be entered lower. The first one is reported, and its field opened.
+  void reportNegativeLength();
+  void storeResults(const Trap& regime);
+  void openOutputs();
+
+  View& mainView_;
+  const ModelState& model_;
+  const SweepState& sweep_;
+  const LevelState& passes_;
+  WindShareState& wind_;
+  const ScenarioInputs& in_;
+  const LevelFields& level_;
+  const ResultFields& result_;
+  const CommandFields& command_;
+  Isopleth& isopleth_;
+  Progress& progress_;
+  Desktop& desktop_;
+  Effects* effects_;
+};
+
+}  // namespace noldarz

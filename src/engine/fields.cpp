@@ -1,0 +1,115 @@
+#include "engine/fields.h"
+
+#include "engine/air.h"
+#include "platform/failure.h"
+#include "platform/text.h"
+
+namespace noldarz {
+
+namespace {
+
+/// A field that carries a value of the study for the code; the user does not see it.
+Field& carried(View& view, std::string name, std::string initial = {}) {
+  Field& field = view.text(std::move(name), std::move(initial));
+  field.setVisible(false);
+  return field;
+}
+
+template <std::size_t N>
+Field& chosen(View& view, std::string name, std::string initial, const std::array<std::string_view, N>& entries) {
+  Field& field = view.add(FieldKind::combo, std::move(name), std::move(initial));
+  field.setEntries({entries.begin(), entries.end()});
+  return field;
+}
+
+Field& check(View& view, std::string name, std::string caption, int value) {
+  Field& field = view.add(FieldKind::check, std::move(name), std::move(caption));
+  field.setValue(value);
+  return field;
+}
+
+/// One of the four probit constants: closed to the user while the software's own are in force.
+Field& constant(View& view, std::string name) {
+  Field& field = view.text(std::move(name));
+  field.disable();
+  return field;
+}
+
+constexpr std::array<std::string_view, levelCount> levelCaptions{
+    "UEL:", "LEL:", "TEEL3/IDLH:", "TEEL2:", "TEEL1:", "TEEL0:"};
+
+}  // namespace
+
+std::string mark::beyond(double endDist) { return ">" + plainText(endDist); }
+
+ScenarioInputs::ScenarioInputs(View& view)
+    : scnrotypetxt(carried(view, "scnrotypetxt")),
+      QntyRelstxt(carried(view, "QntyRelstxt")),
+      molwttxt(carried(view, "molwttxt")),
+      vapordnstytxt(carried(view, "vapordnstytxt")),
+      tempStore(carried(view, "tempStore", "30")),
+      htreltxt(view.text("htreltxt", "1")),
+      htsmul(view.text("htsmul", "1.5")),
+      enddisttxt(view.text("enddisttxt", "10000")),
+      roghwndoptcbo(chosen(view, "roghwndoptcbo", "Level", terrainEntries)),
+      stblclscbo(chosen(view, "stblclscbo", "D", stabilityClassEntries)),
+      wndveltxt(view.text("wndveltxt")),
+      prbtoptn(check(view, "prbtoptn", "Use software default", 1)),
+      avalftl(constant(view, "avalftl")),
+      nvalftl(constant(view, "nvalftl")),
+      avalinj(constant(view, "avalinj")),
+      nvalinj(constant(view, "nvalinj")),
+      hudityTxt(view.text("hudityTxt", "10")),
+      MaxFtlyDstOptn(
+          check(view, "MaxFtlyDstOptn", "Computes Fatality and Injury dist. limit using Probit Equation.", 1)),
+      Givnwnd(view.array<8>(FieldKind::text, "Givnwnd", "0")) {}
+
+LevelFields::LevelFields(View& view)
+    : constn(view.array<levelCount>(FieldKind::text, "constn", "5")),
+      conclbl(view.array<levelCount>(FieldKind::check, "conclbl")),
+      bgnpt(view.array<levelCount>(FieldKind::text, "bgnpt", "0")),
+      endpt(view.array<levelCount>(FieldKind::text, "endpt", "0")),
+      isoplngt(view.array<levelCount>(FieldKind::text, "isoplngt", "0")),
+      isopwdth(view.array<levelCount>(FieldKind::text, "isopwdth", "0")),
+      isopang(view.array<levelCount>(FieldKind::text, "isopang", "0")),
+      distmaxisop(view.array<levelCount>(FieldKind::text, "distmaxisop", "0")),
+      isoparea(view.array<levelCount>(FieldKind::text, "isoparea", "0")) {
+  for (int i = 0; i < levelCount; ++i) conclbl[i].setCaption(levelCaptions.at(static_cast<std::size_t>(i)));
+}
+
+void LevelFields::setResults(int level, std::string_view text) const {
+  for (const auto* results : {&bgnpt, &endpt, &isoplngt, &isopwdth, &isopang, &distmaxisop, &isoparea})
+    (*results)[level].setText(text);
+}
+
+ResultFields::ResultFields(View& view)
+    : mgctxt(view.text("mgctxt", "0")),
+      distconctxt(view.text("distconctxt", "0")),
+      constn1(view.text("constn1", "0")),
+      maxdistconctxt(view.text("maxdistconctxt", "0")),
+      wndvel(view.label("wndvel")),
+      nodfdwndlbl(view.label("nodfdwndlbl")),
+      tmestbllbl(view.label("tmestbllbl")),
+      tmestbltxt(view.label("tmestbltxt", "0")),
+      expmass(view.text("expmass", "0")),
+      calmlbl(view.array<2>(FieldKind::label, "calmlbl")) {
+  calmlbl[1].setCaption("Calm");
+}
+
+CommandFields::CommandFields(View& view)
+    : comput(view.add(FieldKind::button, "comput", "&Compute maximum concentration")),
+      getconclvl(view.add(FieldKind::button, "getconclvl", "Get Concentration (ppm):")),
+      prntprv(view.add(FieldKind::combo, "prntprv")) {
+  prntprv.disable();
+}
+
+WaitFields::WaitFields(View& view)
+    : plumepic1(view.add(FieldKind::shape, "plumepic1")), waitlbl1(view.label("waitlbl1")) {}
+
+double axisDistance(const Field& field) {
+  const double distance = field.number();
+  if (!(distance >= 0 && distance <= farthestDistance)) fail(FailureNumber::invalidArgument);
+  return distance;
+}
+
+}  // namespace noldarz

@@ -1,0 +1,54 @@
+// Geometry of the isopleths: greatest width and its distance, angle, area, and the flammable mass for a vapour cloud
+// explosion. Called by the level passes and the close-out.
+#pragma once
+
+#include <initializer_list>
+#include <string_view>
+
+#include "engine/fields.h"
+#include "engine/plume_model.h"
+#include "engine/progress.h"
+#include "engine/state.h"
+#include "platform/failure.h"
+
+namespace noldarz {
+
+class Isopleth {
+ public:
+  Isopleth(ModelState& model, LevelState& passes, const SweepState& sweep, PlumeModel& plume, const ScenarioInputs& in,
+           const LevelFields& level, const ResultFields& result, Progress& progress);
+
+  /// Marches away from the source by sweepStep, from distAt on, while the half width of level widthLevel grows:
+  ///
+  ///   half width = sqrt(2 * ln(concAt / levelConcAt)) * sigmaYAt        where concAt is above levelConcAt
+  ///
+  /// and writes `isopwdth` and `distmaxisop` of that level. distAt and halfWidthPrev run on to the next, lower level.
+  /// Does nothing when widthIdx is above 5. A failure ends the march with the fields as they were.
+  void findMaxWidth();
+
+  /// Angle and area of a level from its width W, length L and distance of the width D, in two statements under the
+  /// regime of the caller; a mark in an input leaves the field as it was.
+  ///
+  ///   isopang = atan(W / 2 / D) * 57.29 (degrees)       isoparea = (W / 2) * 3.14159 * (L / 2) * 0.0001 (Ha)
+  void calcLevelShape(int level, const Trap& regime);
+
+  /// Flammable mass (lbm) into `expmass`, from the isopleths of the levels whose captions name the LEL and the UEL;
+  /// "0" when none does. Fails when an input of its own case holds no number; the field then keeps its text.
+  void calcFlammableMass();
+
+ private:
+  double levelVolume(int level) const;
+  double levelDensity(int level) const;
+  bool captionIn(int level, std::initializer_list<std::string_view> texts) const;
+
+  ModelState& model_;
+  LevelState& passes_;
+  const SweepState& sweep_;
+  PlumeModel& plume_;
+  const ScenarioInputs& in_;
+  const LevelFields& level_;
+  const ResultFields& result_;
+  Progress& progress_;
+};
+
+}  // namespace noldarz

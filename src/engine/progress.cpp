@@ -1,0 +1,54 @@
+#include "engine/progress.h"
+
+#include "platform/colour.h"
+#include "platform/failure.h"
+#include "platform/text.h"
+
+namespace noldarz {
+
+namespace {
+constexpr double fullWidth = 5050;  // units of the shape
+constexpr double startWidth = 210;
+constexpr int colourCount = 15;  // the first entries of the basic palette
+constexpr std::string_view firstLine = "Computing Maximum Ground Concentration (MGC)";
+}  // namespace
+
+Progress::Progress(Views& views, const ModelState& model, SweepState& sweep, LevelState& passes,
+                   const LevelFields& level, Desktop& desktop)
+    : view_(views, "aniwait1", ""),
+      wait_(view_),
+      model_(model),
+      sweep_(sweep),
+      passes_(passes),
+      level_(level),
+      desktop_(desktop) {
+  view_.onLoad([this, &passes] {
+    wait_.plumepic1.setWidth(startWidth);
+    wait_.waitlbl1.setCaption(firstLine);
+    desktop_.setPointer(Pointer::hourglass);
+    passes.waitShown = 1;
+  });
+  view_.onClose([&passes] { passes.waitShown = 0; });
+}
+
+void Progress::showProgress() {
+  ++stepCount_;
+  if (wait_.plumepic1.width() <= fullWidth) {
+    wait_.plumepic1.setWidth(wait_.plumepic1.width() + 1);
+    return;
+  }
+  wait_.waitlbl1.setCaption(textLine());
+  desktop_.refresh(wait_.waitlbl1);
+  wait_.plumepic1.setWidth(startWidth);
+  wait_.plumepic1.setFillColour(basicPalette.at(random_() % colourCount));
+}
+
+std::string Progress::textLine() {
+  const std::string percent = Format(checked(model_.distX * 100 / divisor(sweep_.sweepTo)), "0");
+  if (sweep_.mgcDone == 0) return std::string{firstLine} + percent + " % complete";
+  sweep_.shownLevel = passes_.widthLevel;
+  return "Computing distance for concentration : " + level_.conclbl[sweep_.shownLevel].caption() + " - " +
+         level_.constn[sweep_.shownLevel].text() + " [ " + percent + " % complete ]";
+}
+
+}  // namespace noldarz

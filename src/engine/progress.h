@@ -1,0 +1,44 @@
+// The wait view `aniwait1` while a press runs: its life, its growing shape and its text line. Nothing of it takes
+// part in the computation. Called by the sweeps and the width pass.
+#pragma once
+
+#include <cstdint>
+#include <random>
+
+#include "engine/fields.h"
+#include "engine/state.h"
+#include "platform/desktop.h"
+
+namespace noldarz {
+
+class Progress {
+ public:
+  /// Loading the view sets the hourglass and waitShown, closing it clears waitShown.
+  Progress(Views& views, const ModelState& model, SweepState& sweep, LevelState& passes, const LevelFields& level,
+           Desktop& desktop);
+
+  void show() { view_.show(); }
+  void close() { view_.close(); }
+
+  /// One step of the animation: the shape grows by one unit; past its full width the text line is renewed and the
+  /// shape starts again in another colour. Fails with divisionByZero for a sweep that ends at 0.
+  void showProgress();
+
+  /// Steps of all searches since the program began: each calls showProgress() once. For benchmarks.
+  std::uint64_t stepCount() const { return stepCount_; }
+
+ private:
+  std::string textLine();
+
+  View view_;
+  WaitFields wait_;
+  const ModelState& model_;
+  SweepState& sweep_;
+  const LevelState& passes_;
+  const LevelFields& level_;
+  Desktop& desktop_;
+  std::minstd_rand random_;  // for the colour of the shape alone; the same at each start of the program
+  std::uint64_t stepCount_ = 0;
+};
+
+}  // namespace noldarz

@@ -1,0 +1,48 @@
+// The distance search: steps along the plume axis, evaluates the model at each step and looks for the peak of the
+// centre-line concentration, the begin and end points of levels and the maximum ground concentration. Compute and
+// the level passes set its bounds and switches.
+#pragma once
+
+#include "engine/fields.h"
+#include "engine/plume_model.h"
+#include "engine/progress.h"
+#include "engine/state.h"
+#include "platform/desktop.h"
+#include "platform/failure.h"
+
+namespace noldarz {
+
+class Sweep {
+ public:
+  Sweep(SweepState& sweep, ModelState& model, PlumeModel& plume, const LevelFields& level, const ResultFields& result,
+        Progress& progress, Desktop& desktop);
+
+  /// Steps from sweepFrom to sweepTo by sweepStep; distSweep is a running sum. A search ends the sweep by setting
+  /// distSweep to sweepTo. A failing routine of a step shows a box, and the sweep goes on behind it.
+  ///
+  /// Searches and their switches: the peak while maxConcDone is 0, begin points while bgnIdx is below 6, end points
+  /// while endIdx is below 6, the maximum ground concentration while mgcDone is 0.
+  void runSweep();
+
+ private:
+  void findPeak();
+  void testBeginPoint();
+  void testEndPoint();
+  /// Takes the candidate at the first step at which sigmaZ has reached sigmaZAtMax.
+  void takeGroundMaximum();
+  void reportUnreachedGroundMaximum();
+  /// maxIsopConc and maxConcDist in their fields; the shown concentration stands 5 percent below.
+  void showPeak();
+  void endSweep() { sweep_.distSweep = sweep_.sweepTo; }
+
+  SweepState& sweep_;
+  ModelState& model_;
+  PlumeModel& plume_;
+  const LevelFields& level_;
+  const ResultFields& result_;
+  Progress& progress_;
+  Desktop& desktop_;
+  Trap beginPointTrap_;
+};
+
+}  // namespace noldarz

@@ -1,0 +1,72 @@
+#include "platform/field.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/view.h"
+
+namespace noldarz {
+
+Field::Field(View& view, FieldKind kind, std::string name, std::string text)
+    : view_(view),
+      kind_(kind),
+      name_(std::move(name)),
+      text_(std::move(text)),
+      backColour_(defaultBackColour(kind)),
+      foreColour_(defaultForeColour(kind)) {}
+
+template <class T, class U>
+void Field::change(T& property, const U& value, Property which) {
+  if (property == value) return;
+  property = value;
+  view_.notify(*this, which);
+}
+
+void Field::setText(std::string_view text) {
+  plainNumber_.reset();
+  if (text_ == text) return;
+  text_ = text;
+  parsed_.reset();
+  view_.textChanged();
+  view_.notify(*this, Property::text);
+}
+
+void Field::showPlainNumber(double value) {
+  setText(plainText(value));
+  plainNumber_ = value;
+}
+
+int Field::wordIndex(std::span<const std::string_view> vocabulary) const {
+  const auto found = std::find(vocabulary.begin(), vocabulary.end(), text_);
+  return found == vocabulary.end() ? -1 : static_cast<int>(found - vocabulary.begin());
+}
+
+void Field::setValue(int value) { change(value_, value, Property::value); }
+void Field::setEnabled(bool enabled) { change(enabled_, enabled, Property::enabled); }
+void Field::setVisible(bool visible) { change(visible_, visible, Property::visible); }
+void Field::setToolTip(std::string_view toolTip) { change(toolTip_, toolTip, Property::toolTip); }
+void Field::setTag(std::string_view tag) { change(tag_, tag, Property::tag); }
+void Field::setBackColour(Colour colour) { change(backColour_, colour, Property::backColour); }
+void Field::setForeColour(Colour colour) { change(foreColour_, colour, Property::foreColour); }
+void Field::setFillColour(Colour colour) { change(fillColour_, colour, Property::fillColour); }
+void Field::setEntries(const std::vector<std::string>& entries) { change(entries_, entries, Property::entries); }
+void Field::setLeft(double left) { change(left_, left, Property::left); }
+void Field::setTop(double top) { change(top_, top, Property::top); }
+void Field::setWidth(double width) { change(width_, width, Property::width); }
+void Field::setHeight(double height) { change(height_, height, Property::height); }
+
+bool Field::usable() const { return enabled_ && visible_ && view_.acceptsInput(); }
+
+void Field::fire(Event event) { view_.fire(*this, event); }
+
+Colour defaultBackColour(FieldKind kind) {
+  const bool isInput = kind == FieldKind::text || kind == FieldKind::list || kind == FieldKind::combo;
+  return isInput ? SystemColour::windowBackground : SystemColour::buttonFace;
+}
+
+Colour defaultForeColour(FieldKind kind) {
+  const bool isInput = kind == FieldKind::text || kind == FieldKind::list || kind == FieldKind::combo;
+  return isInput ? SystemColour::windowText : SystemColour::buttonText;
+}
+
+}  // namespace noldarz

@@ -1,0 +1,174 @@
+// A field is one named control without a toolkit: what it shows, what it holds, whether it can be used. The logic
+// reads and writes fields; a front (window, script, test) shows them and fires their events. Owned by a View.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/colour.h"
+#include "platform/text.h"
+
+namespace noldarz {
+
+class View;
+
+enum class FieldKind : std::uint8_t {
+  text,
+  label,
+  button,
+  check,
+  option,
+  list,
+  combo,
+  slider,
+  menu,
+  picture,
+  shape,
+  timer
+};
+
+enum class Event : std::uint8_t { click, dblClick, gotFocus, lostFocus, change, timer };
+
+enum class Property : std::uint8_t {
+  text,
+  caption,
+  value,
+  enabled,
+  visible,
+  checked,
+  toolTip,
+  tag,
+  backColour,
+  foreColour,
+  fillColour,
+  entries,
+  left,
+  top,
+  width,
+  height
+};
+
+class Field {
+ public:
+  Field(View& view, FieldKind kind, std::string name, std::string text);
+  Field(const Field&) = delete;
+  Field& operator=(const Field&) = delete;
+
+  View& view() const { return view_; }
+  FieldKind kind() const { return kind_; }
+  const std::string& name() const { return name_; }
+
+  /// What the field shows: the text of an input, the caption of a label, button, check field or menu entry.
+  const std::string& text() const { return text_; }
+  const std::string& caption() const { return text_; }
+  void setText(std::string_view text);
+  void setCaption(std::string_view caption) { setText(caption); }
+  /// Shows the value as plain number text. Costs a comparison when the field shows that value already.
+  void setPlainNumber(double value) {
+    if (plainNumber_ != value) showPlainNumber(value);
+  }
+
+  /// The number in the field, by strict conversion of its text. The parsed value is kept until the text changes.
+  /// Fails with typeMismatch for a text that is no number, with overflow beyond the range of a double.
+  double number() const { return parsed().number(); }
+  bool isNumeric() const { return parsed().outcome == ParsedNumber::Outcome::number; }
+  /// What the text reads as.
+  const ParsedNumber& parsed() const {
+    if (!parsed_) parsed_ = parseNumber(text_);
+    return *parsed_;
+  }
+
+  /// Index of the text in a vocabulary, compared exactly; -1 for any other text.
+  int wordIndex(std::span<const std::string_view> vocabulary) const;
+
+  /// 1 or 0 of a check or option field, 1 for a checked menu entry, position of a slider.
+  int value() const { return value_; }
+  void setValue(int value);
+
+  bool enabled() const { return enabled_; }
+  void setEnabled(bool enabled);
+  void enable() { setEnabled(true); }
+  void disable() { setEnabled(false); }
+  bool visible() const { return visible_; }
+  void setVisible(bool visible);
+
+  const std::string& toolTip() const { return toolTip_; }
+  void setToolTip(std::string_view toolTip);
+  const std::string& tag() const { return tag_; }
+  void setTag(std::string_view tag);
+
+  Colour backColour() const { return backColour_; }
+  void setBackColour(Colour colour);
+  Colour foreColour() const { return foreColour_; }
+  void setForeColour(Colour colour);
+  Colour fillColour() const { return fillColour_; }
+  void setFillColour(Colour colour);
+
+  /// Entries of a list or combo field, in the order shown.
+  const std::vector<std::string>& entries() const { return entries_; }
+  void setEntries(const std::vector<std::string>& entries);
+
+  /// Place and size in the unit of the view that shows the field.
+  double left() const { return left_; }
+  double top() const { return top_; }
+  double width() const { return width_; }
+  double height() const { return height_; }
+  void setLeft(double left);
+  void setTop(double top);
+  void setWidth(double width);
+  void setHeight(double height);
+
+  /// Whether a user can act on the field now: it and its view are visible, it is enabled, no modal view
+  /// lies above.
+  bool usable() const;
+  void fire(Event event);
+
+ private:
+  void showPlainNumber(double value);
+  template <class T, class U>
+  void change(T& property, const U& value, Property which);
+
+  View& view_;
+  FieldKind kind_;
+  std::string name_;
+  std::string text_;
+  mutable std::optional<ParsedNumber> parsed_;
+  std::optional<double> plainNumber_;  // set while the text is the plain number text of this value
+  int value_ = 0;
+  bool enabled_ = true;
+  bool visible_ = true;
+  std::string toolTip_;
+  std::string tag_;
+  Colour backColour_;
+  Colour foreColour_;
+  Colour fillColour_;
+  std::vector<std::string> entries_;
+  double left_ = 0;
+  double top_ = 0;
+  double width_ = 0;
+  double height_ = 0;
+};
+
+/// Back and fore colour that fields of the kind have in the user's theme.
+Colour defaultBackColour(FieldKind kind);
+Colour defaultForeColour(FieldKind kind);
+
+/// The elements of an array of fields, `constn(0)` to `constn(5)`.
+template <std::size_t N>
+class FieldArray {
+ public:
+  explicit FieldArray(std::array<Field*, N> fields) : fields_(fields) {}
+  Field& operator[](int index) const { return *fields_.at(static_cast<std::size_t>(index)); }
+  static constexpr int size() { return static_cast<int>(N); }
+
+ private:
+  std::array<Field*, N> fields_;
+};
+
+}  // namespace noldarz

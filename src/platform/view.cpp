@@ -1,0 +1,71 @@
+#include "platform/view.h"
+
+#include <algorithm>
+
+namespace noldarz {
+
+View::View(Views& views, std::string name, std::string title)
+    : views_(views), name_(std::move(name)), title_(std::move(title)) {
+  views.all_.push_back(this);
+}
+
+Field& View::add(FieldKind kind, std::string name, std::string text) {
+  return fields_.emplace_back(*this, kind, std::move(name), std::move(text));
+}
+
+Field* View::find(std::string_view name) {
+  const auto found = std::find_if(fields_.begin(), fields_.end(), [&](const Field& f) { return f.name() == name; });
+  return found == fields_.end() ? nullptr : &*found;
+}
+
+void View::on(Field& field, Event event, Rule rule) { subscriptions_.push_back({&field, event, std::move(rule)}); }
+
+void View::fire(Field& field, Event event) {
+  for (std::size_t i = 0; i < subscriptions_.size(); ++i)  // by index: a rule may subscribe another
+    if (subscriptions_[i].field == &field && subscriptions_[i].event == event) subscriptions_[i].rule();
+}
+
+void View::show(bool modal) {
+  const bool loads = !loaded_;
+  loaded_ = visible_ = true;
+  modal_ = modal;
+  views_.raise(*this);
+  if (loads)
+    for (const auto& rule : loadRules_) rule();
+}
+
+void View::hide() { visible_ = modal_ = false; }
+
+void View::close() {
+  if (!loaded_) return;
+  loaded_ = false;
+  hide();
+  views_.remove(*this);
+  for (const auto& rule : closeRules_) rule();
+}
+
+bool View::acceptsInput() const {
+  if (!visible_) return false;
+  const auto& stack = views_.stack_;
+  const auto above = std::find(stack.begin(), stack.end(), this);
+  return std::none_of(above, stack.end(), [&](const View* other) { return other != this && other->modal(); });
+}
+
+View* Views::find(std::string_view name) const {
+  const auto found = std::find_if(all_.begin(), all_.end(), [&](const View* v) { return v->name() == name; });
+  return found == all_.end() ? nullptr : *found;
+}
+
+View* Views::front() const {
+  const auto found = std::find_if(stack_.rbegin(), stack_.rend(), [](const View* v) { return v->visible(); });
+  return found == stack_.rend() ? nullptr : *found;
+}
+
+void Views::raise(View& view) {
+  remove(view);
+  stack_.push_back(&view);
+}
+
+void Views::remove(const View& view) { std::erase(stack_, &view); }
+
+}  // namespace noldarz

@@ -1,0 +1,122 @@
+// A view owns its fields and knows them by name; rules subscribe to events of its fields, fronts observe changes of
+// properties. Views is the set of all views of the program with their stacking order. Neither knows a toolkit.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/field.h"
+
+namespace noldarz {
+
+class Views;
+
+class View {
+ public:
+  using Rule = std::function<void()>;
+  using Observer = std::function<void(Field&, Property)>;
+
+  View(Views& views, std::string name, std::string title);
+  View(const View&) = delete;
+  View& operator=(const View&) = delete;
+
+  const std::string& name() const { return name_; }
+  const std::string& title() const { return title_; }
+  void setTitle(std::string_view title) { title_ = title; }
+
+  Field& add(FieldKind kind, std::string name, std::string text = {});
+  Field& text(std::string name, std::string initial = {}) {
+    return add(FieldKind::text, std::move(name), std::move(initial));
+  }
+  Field& label(std::string name, std::string caption = {}) {
+    return add(FieldKind::label, std::move(name), std::move(caption));
+  }
+
+  /// `name(0)` to `name(N - 1)`.
+  template <std::size_t N>
+  FieldArray<N> array(FieldKind kind, const std::string& name, const std::string& text = {}) {
+    std::array<Field*, N> fields{};
+    for (std::size_t i = 0; i < N; ++i) fields[i] = &add(kind, name + "(" + std::to_string(i) + ")", text);
+    return FieldArray<N>{fields};
+  }
+
+  std::deque<Field>& fields() { return fields_; }
+  /// The field of that name; null when the view has none.
+  Field* find(std::string_view name);
+
+  /// Subscribes a rule to an event of a field; rules of one event run in the order of subscription.
+  void on(Field& field, Event event, Rule rule);
+  /// Runs the rules of the event. Desktop widgets, scripts and tests all come in here.
+  void fire(Field& field, Event event);
+  /// Each change of a property is told to the observers, for a front that shows the view.
+  void observe(Observer observer) { observers_.push_back(std::move(observer)); }
+  void notify(Field& field, Property property) {
+    for (const auto& observer : observers_) observer(field, property);
+  }
+
+  /// Counts up with every change of a text, so that what was read from several fields is known to be still good.
+  std::uint64_t textRevision() const { return textRevision_; }
+  void textChanged() { ++textRevision_; }
+
+  void onLoad(Rule rule) { loadRules_.push_back(std::move(rule)); }
+  void onClose(Rule rule) { closeRules_.push_back(std::move(rule)); }
+
+  /// Loads the view if it is not loaded, makes it visible and brings it to the front.
+  void show(bool modal = false);
+  void hide();
+  /// Ends the life of the view; does nothing when it is not loaded.
+  void close();
+  bool loaded() const { return loaded_; }
+  bool visible() const { return visible_; }
+  bool modal() const { return modal_; }
+  /// Whether the user can act on the view: it is visible and no modal view lies above it.
+  bool acceptsInput() const;
+
+ private:
+  struct Subscription {
+    Field* field;
+    Event event;
+    Rule rule;
+  };
+
+  Views& views_;
+  std::string name_;
+  std::string title_;
+  std::deque<Field> fields_;  // a deque: references to fields stay valid
+  std::deque<Subscription> subscriptions_;
+  std::vector<Observer> observers_;
+  std::vector<Rule> loadRules_;
+  std::vector<Rule> closeRules_;
+  std::uint64_t textRevision_ = 1;
+  bool loaded_ = false;
+  bool visible_ = false;
+  bool modal_ = false;
+};
+
+class Views {
+ public:
+  /// All views, in the order in which they were made.
+  const std::vector<View*>& all() const { return all_; }
+  /// The view of that name; null when there is none.
+  View* find(std::string_view name) const;
+  /// Loaded views, the one in front last.
+  const std::vector<View*>& open() const { return stack_; }
+  /// The visible view in front; null when there is none.
+  View* front() const;
+
+ private:
+  friend class View;
+  void raise(View& view);
+  void remove(const View& view);
+
+  std::vector<View*> all_;
+  std::vector<View*> stack_;
+};
+
+}  // namespace noldarz

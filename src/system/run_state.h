@@ -1,0 +1,22 @@
+// RunState: the variables of all rooms, joined. Only this floor and the fronts see it whole.
+#pragma once
+
+#include "engine/state.h"
+#include "toxic/state.h"
+
+namespace noldarz {
+
+struct RunState : ModelState, PointQueryState, SweepState, LevelState, LimitState, WindShareState, ToxicState {};
+
+/// Calls each(name, value) for every variable that is a number.
+template <class Each>
+void visitAll(const RunState& s, Each&& each) {
+  visit(static_cast<const ModelState&>(s), each);
+  visit(static_cast<const PointQueryState&>(s), each);
+  visit(static_cast<const SweepState&>(s), each);
+  visit(static_cast<const LevelState&>(s), each);
+  visit(static_cast<const LimitState&>(s), each);
+  visit(static_cast<const WindShareState&>(s), each);
+}
+
+}  // namespace noldarz

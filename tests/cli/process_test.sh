@@ -1,0 +1,44 @@
+#!/usr/bin/env bash
+# The command line as a process: exit status, standard output and standard error.
+set -u
+cli=$1
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+cd "$folder" || exit 1
+failures=0
+
+# expect STATUS OUT ERR ARGUMENT...: standard input is the file `in`.
+expect() {
+  local status=$1 out=$2 err=$3
+  shift 3
+  "$cli" "$@" <in >out 2>err
+  local got=$?
+  [ "$got" = "$status" ] || { echo "noldarz-cli $*: status $got, not $status"; failures=$((failures + 1)); }
+  [ "$out" = "*" ] || [ "$(cat out)" = "$out" ] || { echo "noldarz-cli $*: printed $(cat out)"; failures=$((failures + 1)); }
+  [ "$err" = "*" ] || [ "$(cat err)" = "$err" ] || { echo "noldarz-cli $*: reported $(cat err)"; failures=$((failures + 1)); }
+}
+
+echo 'echo hello' >in
+printf 'echo a\nshow nothing\necho b\n' >bad.script
+
+expect 0 '{"echo":"hello"}' '' script -
+expect 0 '{"echo":"hello"}' '' script --start . -
+expect 2 $'{"echo":"a"}\n{"error":{"line":2,"text":"no field \\"nothing\\" in view dspmnfrm"}}' \
+  'bad.script:2: no field "nothing" in view dspmnfrm' script bad.script
+expect 2 '' 'none.script: the file can'"'"'t be read' script none.script
+expect 2 '' 'nowhere: no such folder' script --start nowhere -
+expect 2 '' 'bad.script:2: no field "nothing" in view dspmnfrm' run bad.script
+expect 2 '' '*' bend
+expect 2 '' '*' script
+expect 2 '' '*'
+expect 0 '*' '' --help
+expect 0 '*' '' --version
+LC_ALL=de_DE.UTF-8 expect 0 '{"echo":"hello"}' '' script -
+
+# A full disk is a failure, not a short answer.
+if [ -w /dev/full ]; then
+  "$cli" script - <in >/dev/full 2>err
+  [ $? = 1 ] || { echo "a full disk was not reported"; failures=$((failures + 1)); }
+fi
+
+[ "$failures" = 0 ]

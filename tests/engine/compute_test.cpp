@@ -1,0 +1,125 @@
+// The frame of a press: what it disables and shows, its wait view, its trap. Figures stand in reference_runs_test.cpp.
+
+#include "engine/compute.h"
+
+#include <gtest/gtest.h>
+
+#include "support/test_system.h"
+
+namespace noldarz::test {
+namespace {
+
+TEST(Compute, firstPressClosesTheInputsAndLeavesTheLevelsOpen) {
+  TestSystem system;
+  system.setRelease();
+  system.field("comput").setBackColour({1, 2, 3});
+  system.press();
+  for (const char* name : {"htreltxt", "stblclscbo", "htsmul", "roghwndoptcbo", "wndveltxt", "prntprv"})
+    EXPECT_FALSE(system.field(name).enabled()) << name;
+  for (const char* name : {"constn(0)", "getconclvl", "enddisttxt", "hudityTxt", "prbtoptn"})
+    EXPECT_TRUE(system.field(name).enabled()) << name;
+  EXPECT_EQ(system.text("comput"), "&Compute at given concentration");
+  EXPECT_EQ(colourText(system.field("comput").backColour()), "#80ffff");
+  EXPECT_EQ(system.text("nodfdwndlbl"), "Modified wind velocity - 4.00 m/s");
+  EXPECT_EQ(system.state().firstPass, 1);
+  EXPECT_EQ(system.state().mgcPass, 0);
+}
+
+TEST(Compute, secondPressClosesTheLevelsForGood) {
+  TestSystem system;
+  system.setRelease();
+  system.press();
+  system.setLevels({"1000", "500", "200", "100", "50", "20"});
+  system.press();
+  for (const char* name : {"constn(0)", "constn(5)", "getconclvl", "prbtoptn", "avalftl", "nvalinj", "hudityTxt"})
+    EXPECT_FALSE(system.field(name).enabled()) << name;
+  EXPECT_TRUE(system.field("prntprv").enabled());
+  EXPECT_EQ(system.text("comput"), "Concentration distances computed.");
+  // The list of outputs takes the focus and opens, in this order.
+  std::vector<std::string> order;
+  for (const Json& entry : system.record)
+    order.push_back(entry.begin().key() + " " + entry.begin().value().get<std::string>());
+  EXPECT_EQ(order, (std::vector<std::string>{"focus dspmnfrm.prntprv", "dropDown dspmnfrm.prntprv"}));
+}
+
+TEST(Compute, waitViewLivesAsLongAsThePress) {
+  TestSystem system;
+  system.setRelease();
+  View& wait = *system.session.system().views().find("aniwait1");
+  int loads = 0;
+  wait.onLoad([&] {
+    ++loads;
+    EXPECT_EQ(system.session.desktop().pointer(), Pointer::hourglass);
+    EXPECT_EQ(system.state().waitShown, 1);
+  });
+  system.press();
+  EXPECT_EQ(loads, 1);
+  EXPECT_FALSE(wait.loaded());
+  EXPECT_EQ(system.state().waitShown, 0);
+  EXPECT_EQ(system.session.desktop().pointer(), Pointer::standard);
+}
+
+TEST(Compute, trapClosesTheWaitViewAndGoesOn) {
+  TestSystem system;
+  system.setRelease();
+  system.press();
+  system.setLevels({"1000", "500", "200", "100", "50", "0"});  // level 5 does not apply: its fields hold "N.A."
+  View& wait = *system.session.system().views().find("aniwait1");
+  wait.onClose([&] { EXPECT_EQ(system.text("isopwdth(0)"), "0"); });  // closed before the widths, on the first failure
+  system.press();
+  EXPECT_TRUE(system.takeBoxes().empty());
+  for (const char* name : {"bgnpt(5)", "endpt(5)", "isoplngt(5)", "isopwdth(5)", "isopang(5)", "isoparea(5)"})
+    EXPECT_EQ(system.text(name), "N.A.") << name;
+  EXPECT_TRUE(system.field("isopwdth(4)").isNumeric());
+  EXPECT_EQ(system.text("tmestbltxt"), "0.00");  // no end point to work it out from
+}
+
+TEST(Compute, inputThatIsNoNumberKeepsItsVariable) {
+  TestSystem system;
+  system.setRelease();
+  system.set({{"htsmul", "high"}, {"htreltxt", "2"}});
+  system.press();
+  EXPECT_EQ(system.state().htRelease, 2);
+  EXPECT_EQ(system.state().htSimul, 0);
+  EXPECT_EQ(system.state().mgcDone, 1);
+}
+
+TEST(Compute, clearsTheLimitsOfTheRunBefore) {
+  TestSystem system;
+  system.setRelease();
+  system.press();
+  EXPECT_EQ(system.state().ftlLimit, 0);
+  EXPECT_EQ(system.state().injLimit, 0);
+}
+
+TEST(Compute, goesToTheCloseOutWhenOneResultIsMissing) {
+  TestSystem system;
+  system.setRelease();
+  system.set({{"htreltxt", "40"}, {"enddisttxt", "600"}, {"stblclscbo", "E"}, {"htsmul", "40"}});
+  system.press();  // the peak is near the source, the ground maximum farther than 600 m
+  ASSERT_EQ(system.state().maxConcDone, 1);
+  ASSERT_EQ(system.state().mgcDone, 0);
+  const auto steps = system.session.system().progress().stepCount();
+  system.takeBoxes();
+  system.press();
+  EXPECT_EQ(system.session.system().progress().stepCount(), steps);
+  EXPECT_EQ(system.text("expmass"), "Mass = 0");
+  EXPECT_TRUE(system.takeBoxes().empty());
+}
+
+TEST(Compute, pressesOfTheSameInputsGiveTheSameTexts) {
+  std::string dumps[2];
+  for (auto& dump : dumps) {
+    TestSystem system;
+    system.setRelease();
+    system.press();
+    system.setLevels({"1000", "500", "200", "100", "50", "20"});
+    system.press();
+    system.session.runLine("dump");
+    dump = system.record.back().dump();
+  }
+  EXPECT_EQ(dumps[0], dumps[1]);
+}
+
+}  // namespace
+}  // namespace noldarz::test

@@ -1,0 +1,107 @@
+// Refused levels, the question about a level that reaches past the distance, and the press inside the press. Figures
+// stand in reference_runs_test.cpp.
+
+#include "engine/level_passes.h"
+
+#include <gtest/gtest.h>
+
+#include "support/test_system.h"
+
+namespace noldarz::test {
+namespace {
+
+class LevelPassesTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    system.setRelease();
+    system.press();
+    system.takeBoxes();
+  }
+  TestSystem system;
+};
+
+TEST_F(LevelPassesTest, refuseLevelsThatAreOutOfOrder) {
+  const std::string top = system.text("constn1");
+  const struct {
+    std::vector<std::string> levels;
+    int marked;
+  } cases[] = {
+      {{"100", "50", "60", "20", "10", "5"}, 2},  {{"100", "50", "0", "0", "0", "0"}, 3},
+      {{top, "50", "40", "30", "20", "10"}, 1},   {{"-1", "-2", "-3", "-4", "-5", "-6"}, 1},
+      {{"100", "50", "40", "30", "20", "25"}, 5}, {{"99999999", "50", "40", "30", "20", "10"}, 1},
+  };
+  for (const auto& [levels, marked] : cases) {
+    system.setLevels(levels);
+    system.press();
+    const auto boxes = system.record;
+    ASSERT_EQ(boxes.size(), 2U);
+    EXPECT_EQ(boxes[0]["box"]["text"],
+              "1. Concentration should be >0 and in descending order.\n"
+              "2. Concentrations (ppm) should be < Maximum Isop concentration (ppm) ");
+    EXPECT_EQ(boxes[0]["box"]["icon"], "critical");
+    EXPECT_EQ(boxes[0]["box"]["title"], "QUENDARIS");
+    const std::string index = "(" + std::to_string(marked) + ")";
+    EXPECT_EQ(boxes[1]["focus"], "dspmnfrm.constn" + index);
+    for (const char* name : {"bgnpt", "endpt", "isoplngt", "isopwdth", "isopang", "distmaxisop", "isoparea"})
+      EXPECT_EQ(system.text(name + index), "Input Err.");
+    for (int i = 0; i < levelCount; ++i) EXPECT_TRUE(system.main().level.constn[i].enabled());
+    EXPECT_FALSE(system.session.system().views().find("aniwait1")->loaded());
+    system.takeBoxes();
+  }
+  // The flags stay: with good levels the next press is a second press.
+  system.setLevels({"100", "100", "50", "50", "10", "5"});  // equal neighbours pass
+  system.press();
+  EXPECT_TRUE(system.takeBoxes().empty());
+  EXPECT_TRUE(system.field("isoparea(3)").isNumeric());
+}
+
+TEST_F(LevelPassesTest, askAboutALevelThatReachesPastTheDistance) {
+  system.setLevels({"100", "50", "20", "10", "5", "0.05"});
+  system.press();
+  std::vector<Json> questions;
+  for (const Json& entry : system.record)
+    if (entry.contains("box") && entry["box"]["buttons"] == "yesno") questions.push_back(entry["box"]);
+  ASSERT_EQ(questions.size(), 1U);
+  EXPECT_EQ(questions[0]["text"],
+            "Concentration in ppm  > 10000 m \nWish to simulate beyond 10000 m \n"
+            " NOTE : You can Reset concentration TEEL0:\nEnter concentration > 0.05");
+  EXPECT_EQ(questions[0]["default"], "no");
+  EXPECT_EQ(questions[0]["icon"], "information");
+  EXPECT_EQ(system.text("isoparea(5)"), ">10000");
+  EXPECT_FALSE(system.field("comput").enabled());
+  EXPECT_TRUE(system.field("constn(5)").enabled());
+  EXPECT_FALSE(system.field("prntprv").enabled());
+  EXPECT_EQ(system.state().levelIdx, 5);
+}
+
+TEST_F(LevelPassesTest, pressAgainWithALargerDistanceAfterYes) {
+  system.setLevels({"100", "50", "20", "10", "5", "3"});
+  system.reply("yes");
+  system.press();
+  EXPECT_EQ(system.text("enddisttxt"), "20000");
+  EXPECT_EQ(system.state().endDist, 20000);
+  EXPECT_TRUE(system.field("endpt(5)").isNumeric()) << system.text("endpt(5)");
+  EXPECT_GT(system.field("endpt(5)").number(), 10000);
+  EXPECT_FALSE(system.field("comput").text().empty());
+}
+
+TEST_F(LevelPassesTest, replyThatTheQuestionDoesNotOfferIsAnError) {
+  system.setLevels({"100", "50", "20", "10", "5", "3"});
+  system.reply("ok");
+  EXPECT_THROW(system.press(), std::runtime_error);
+}
+
+TEST_F(LevelPassesTest, anyTextInALevelEnds) {
+  for (const char* text : {"", "N.A.", "abc", "1,5", "1e999", "0.0", "-0", "0.001"}) {
+    TestSystem other;
+    other.setRelease();
+    other.press();
+    other.setLevels({"100", "50", "20", "10", "5", text});
+    other.press();
+    EXPECT_EQ(other.state().firstPass, 0) << text;
+    EXPECT_FALSE(other.session.system().views().find("aniwait1")->loaded()) << text;
+  }
+}
+
+}  // namespace
+}  // namespace noldarz::test

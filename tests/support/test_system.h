@@ -1,0 +1,58 @@
+// A System on a scripted desktop whose record a test reads: the program as a script drives it, with field access.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "cli/script.h"
+
+namespace noldarz::test {
+
+class TestSystem {
+ public:
+  TestSystem() : session([this](const Json& entry) { record.push_back(entry); }) {}
+
+  Field& field(const std::string& name) {
+    Field* found = session.system().mainView().view.find(name);
+    if (!found) throw std::logic_error("no field " + name);
+    return *found;
+  }
+  std::string text(const std::string& name) { return field(name).text(); }
+  void set(const std::map<std::string, std::string>& texts) {
+    for (const auto& [name, value] : texts) field(name).setText(value);
+  }
+  /// A chlorine-like release near the ground in class "D"; tests change what they are about.
+  void setRelease() {
+    set({{"scnrotypetxt", "PLUME"},
+         {"QntyRelstxt", "5"},
+         {"molwttxt", "29"},
+         {"vapordnstytxt", "1"},
+         {"tempStore", "27"},
+         {"htreltxt", "1"},
+         {"htsmul", "1"},
+         {"wndveltxt", "6"}});
+  }
+  void setLevels(const std::vector<std::string>& levels) {
+    for (int i = 0; i < levelCount; ++i) main().level.constn[i].setText(levels.at(static_cast<std::size_t>(i)));
+  }
+  void press() { field("comput").fire(Event::click); }
+  void reply(const std::string& text) { session.desktop().queueReply(text); }
+
+  MainView& main() { return session.system().mainView(); }
+  const RunState& state() { return session.system().state(); }
+
+  /// Texts of the boxes since the last call.
+  std::vector<std::string> takeBoxes() {
+    std::vector<std::string> texts;
+    for (const Json& entry : record)
+      if (entry.contains("box")) texts.push_back(entry["box"]["text"]);
+    record.clear();
+    return texts;
+  }
+
+  std::vector<Json> record;
+  ScriptSession session;
+};
+
+}  // namespace noldarz::test

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <limits>
 #include <string_view>
 
@@ -41,11 +42,11 @@ Property propertyNamed(const std::string& word) {
 
 int integer(const std::string& word) {
   const ParsedNumber parsed = parseNumber(word);
-  const auto whole = static_cast<long long>(parsed.value);
-  if (parsed.outcome != ParsedNumber::Outcome::number || static_cast<double>(whole) != parsed.value || whole < 0 ||
-      whole > std::numeric_limits<int>::max())
+  const double value = parsed.value;
+  if (parsed.outcome != ParsedNumber::Outcome::number || value < 0 || value > std::numeric_limits<int>::max() ||
+      value != std::trunc(value))
     throw ScriptError(inQuotes(word) + " is no whole number from 0 up");
-  return static_cast<int>(whole);
+  return static_cast<int>(value);
 }
 
 /// A field on which a user can act now, as a screen would let him.
@@ -168,11 +169,17 @@ void click(ScriptSession& session, const Words& words) {
   Field& field = usableField(session, words[1]);
   if (field.kind() == FieldKind::check) return setChecked(session, {"check", words[1]}, field.value() == 1 ? 0 : 1);
   if (field.kind() == FieldKind::option) return setChecked(session, {"check", words[1]}, 1);
-  clickOn(session, field, Event::click);
+  clickOn(session,
+          usableField(session, words[1],
+                      {FieldKind::button, FieldKind::menu, FieldKind::list, FieldKind::label, FieldKind::picture},
+                      "clicked"),
+          Event::click);
 }
 
 void dblclick(ScriptSession& session, const Words& words) {
-  clickOn(session, usableField(session, words[1]), Event::dblClick);
+  Field& field = usableField(session, words[1]);
+  clickOn(session, field, Event::click);  // the first of the two
+  clickOn(session, field, Event::dblClick);
 }
 
 void answer(ScriptSession& session, const Words& words) { session.desktop().queueReply(words[1]); }
@@ -180,7 +187,7 @@ void answer(ScriptSession& session, const Words& words) { session.desktop().queu
 void wait(ScriptSession& session, const Words& words) {
   std::optional<double> milliseconds;
   if (words.size() == 2) milliseconds = integer(words[1]);
-  session.desktop().runTimers(session.system().views(), milliseconds);
+  session.desktop().runTimers(milliseconds);
 }
 
 void show(ScriptSession& session, const Words& words) {

@@ -14,16 +14,17 @@ namespace {
 using noldarz::ExitStatus;
 
 ExitStatus script(const std::string& startFolder, const std::string& file) {
-  if (!startFolder.empty()) {
-    std::error_code error;
-    std::filesystem::current_path(startFolder, error);
-    if (error) {
-      std::cerr << startFolder << ": no such folder\n";
-      return ExitStatus::refused;
-    }
+  // FILE is a path of the caller's folder, wherever the program starts.
+  const std::string path = file == "-" ? file : std::filesystem::absolute(file).string();
+  std::error_code error;
+  if (!startFolder.empty()) std::filesystem::current_path(startFolder, error);
+  if (error) {
+    std::cerr << startFolder << ": no such folder\n";
+    return ExitStatus::refused;
   }
-  noldarz::ScriptSession session{[](const noldarz::Json& object) { std::cout << noldarz::jsonLine(object); }};
-  return noldarz::runScriptFile(session, file, std::cerr);
+  noldarz::ScriptSession session{
+      [](const noldarz::Json& object) { std::cout << noldarz::jsonLine(object) << std::flush; }};
+  return noldarz::runScriptFile(session, path, file, std::cerr);
 }
 
 }  // namespace

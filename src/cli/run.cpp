@@ -6,6 +6,7 @@
 #include <iterator>
 #include <ostream>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "engine/plume_model.h"
@@ -90,26 +91,34 @@ std::string messageItem(const Json& box) {
   return "  - " + text;
 }
 
-/// The boxes in their order; one that came several times in a row is said once and counted.
-void messages(std::string& page, const std::vector<Json>& boxes) {
-  if (boxes.empty()) return;
-  page += "\nMessages\n";
-  for (std::size_t i = 0, next = 0; i < boxes.size(); i = next) {
-    while (next < boxes.size() && boxes[next] == boxes[i]) ++next;
-    page += messageItem(boxes[i]);
-    if (next - i > 1) page += fmt::format(" ({} times)", next - i);
-    page += '\n';
+/// The boxes of a run, each said once and counted: a failing statement can show one at every step of a sweep.
+class Messages {
+ public:
+  void add(const Json& box) {
+    const auto known = std::find_if(counted_.begin(), counted_.end(), [&](const auto& c) { return c.first == box; });
+    if (known == counted_.end())
+      counted_.emplace_back(box, 1);
+    else
+      ++known->second;
   }
-}
+  void print(std::string& page) const {
+    if (!counted_.empty()) page += "\nMessages\n";
+    for (const auto& [box, count] : counted_)
+      page += messageItem(box) + (count > 1 ? fmt::format(" ({} times)\n", count) : "\n");
+  }
+
+ private:
+  std::vector<std::pair<Json, int>> counted_;  // in the order of their first appearance
+};
 
 }  // namespace
 
 ExitStatus runAndReport(const std::string& file, const std::string& version, std::ostream& out, std::ostream& errors) {
-  std::vector<Json> shown;
+  Messages messages;
   ScriptSession session{[&](const Json& entry) {
-    if (entry.contains("box")) shown.push_back(entry["box"]);
+    if (entry.contains("box")) messages.add(entry["box"]);
   }};
-  const ExitStatus status = runScriptFile(session, file, errors);
+  const ExitStatus status = runScriptFile(session, file, file, errors);
   if (status != ExitStatus::done) return status;
   const MainView& main = session.system().mainView();
   const bool puff = main.in.scnrotypetxt.wordIndex(releaseTypes) == static_cast<int>(Release::puff);
@@ -117,7 +126,7 @@ ExitStatus runAndReport(const std::string& file, const std::string& version, std
   inputs(page, main.in, puff);
   results(page, main.result);
   isopleths(page, main.level);
-  messages(page, shown);
+  messages.print(page);
   out << page;
   return ExitStatus::done;
 }

@@ -10,8 +10,22 @@
 
 namespace noldarz {
 
+namespace {
+
+constexpr std::string_view unreadable = "the file can't be read";
+
+ExitStatus refuse(ScriptSession& session, const std::string& name, int line, std::string_view text,
+                  std::ostream& errors) {
+  session.print({{"error", {{"line", line}, {"text", text}}}});
+  errors << name << ':' << line << ": " << text << '\n';
+  return ExitStatus::refused;
+}
+
+}  // namespace
+
 ScriptSession::ScriptSession(ScriptedDesktop::Record record)
     : record_(std::move(record)), desktop_(record_), system_(desktop_) {
+  desktop_.watchTimers(system_.views());
   system_.mainView().view.show();
 }
 
@@ -24,24 +38,18 @@ ExitStatus runScript(ScriptSession& session, std::istream& lines, const std::str
   for (int number = 1; std::getline(lines, line); ++number) try {
       session.runLine(line);
     } catch (const ScriptError& error) {
-      session.print({{"error", {{"line", number}, {"text", error.what()}}}});
-      errors << name << ':' << number << ": " << error.what() << '\n';
-      return ExitStatus::refused;
+      return refuse(session, name, number, error.what(), errors);
     }
-  if (!lines.bad()) return ExitStatus::done;
-  errors << name << ": the file can't be read\n";
-  return ExitStatus::refused;
+  return lines.bad() ? refuse(session, name, 0, unreadable, errors) : ExitStatus::done;
 }
 
-ExitStatus runScriptFile(ScriptSession& session, const std::string& file, std::ostream& errors) {
-  if (file == "-") return runScript(session, std::cin, file, errors);
+ExitStatus runScriptFile(ScriptSession& session, const std::string& file, const std::string& name,
+                         std::ostream& errors) {
+  if (file == "-") return runScript(session, std::cin, name, errors);
   std::error_code error;
   std::ifstream lines;
-  if (std::filesystem::is_directory(file, error) || (lines.open(file), !lines)) {
-    errors << file << ": the file can't be read\n";
-    return ExitStatus::refused;
-  }
-  return runScript(session, lines, file, errors);
+  if (!std::filesystem::is_directory(file, error)) lines.open(file);
+  return lines.is_open() ? runScript(session, lines, name, errors) : refuse(session, name, 0, unreadable, errors);
 }
 
 std::string jsonLine(const Json& object) { return object.dump(-1, ' ', false, Json::error_handler_t::replace) + '\n'; }

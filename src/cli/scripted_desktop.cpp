@@ -29,10 +29,12 @@ std::string_view iconName(Icon icon) {
   }
 }
 
-Reply offeredReply(const MessageBox& box, const std::string& text) {
+bool offers(const MessageBox& box, Reply reply) { return (reply == Reply::ok) == (box.buttons == Buttons::ok); }
+
+std::optional<Reply> namedReply(const std::string& text) {
   for (const Reply reply : {Reply::ok, Reply::yes, Reply::no})
-    if (text == replyName(reply) && (reply == Reply::ok) == (box.buttons == Buttons::ok)) return reply;
-  throw ScriptError("the box \"" + box.text + "\" does not offer the reply \"" + text + "\"");
+    if (text == replyName(reply)) return reply;
+  return {};
 }
 
 std::string fullName(const Field& field) { return field.view().name() + "." + field.name(); }
@@ -47,16 +49,18 @@ std::optional<std::string> ScriptedDesktop::nextReply() {
 }
 
 Reply ScriptedDesktop::messageBox(const MessageBox& box) {
-  const auto queued = nextReply();
-  const Reply reply = queued ? offeredReply(box, *queued) : box.defaultReply;
+  const std::string text = nextReply().value_or(std::string{replyName(box.defaultReply)});
   record_({{"box",
             {{"title", box.title},
              {"text", box.text},
              {"icon", iconName(box.icon)},
              {"buttons", box.buttons == Buttons::ok ? "ok" : "yesno"},
              {"default", replyName(box.defaultReply)},
-             {"reply", replyName(reply)}}}});
-  return reply;
+             {"reply", text}}}});
+  const auto reply = namedReply(text);
+  if (!reply || !offers(box, *reply))
+    throw ScriptError("the box \"" + box.text + "\" does not offer the reply \"" + text + "\"");
+  return *reply;
 }
 
 std::filesystem::path ScriptedDesktop::fileDialog(const FileDialog& dialog) {
@@ -108,29 +112,37 @@ bool ScriptedDesktop::activateWindow(const std::string& title) {
 
 void ScriptedDesktop::runProgram(const std::filesystem::path& program) { record_({{"program", program.string()}}); }
 
-Field* ScriptedDesktop::nextTimer(Views& views) {
-  std::map<Field*, double> enabled;
-  Field* next = nullptr;
-  for (View* view : views.open())
-    for (Field& field : view->fields()) {
-      if (field.kind() != FieldKind::timer || !field.enabled()) continue;
-      const auto known = dues_.find(&field);
-      const double due = known == dues_.end() ? now_ + field.value() : known->second;
-      enabled[&field] = due;
-      if (!next || due < enabled[next]) next = &field;
-    }
-  dues_ = std::move(enabled);
-  return next;
+void ScriptedDesktop::watchTimers(Views& views) {
+  const auto follow = [this](const Field& timer) {
+    if (timer.enabled())
+      dues_[&timer] = now_ + timer.value();
+    else
+      dues_.erase(&timer);
+  };
+  for (View* view : views.all()) {
+    for (const Field& field : view->fields())
+      if (field.kind() == FieldKind::timer) follow(field);
+    view->observe([follow](const Field& field, Property property) {
+      if (field.kind() == FieldKind::timer && property == Property::enabled) follow(field);
+    });
+  }
 }
 
-void ScriptedDesktop::runTimers(Views& views, std::optional<double> milliseconds) {
+void ScriptedDesktop::runTimers(std::optional<double> milliseconds) {
   const double until = milliseconds ? now_ + *milliseconds : std::numeric_limits<double>::infinity();
-  for (int fired = 0; Field* timer = nextTimer(views); ++fired) {
-    if (dues_[timer] > until) break;
-    if (fired == timerLimit) throw ScriptError("the timer " + fullName(*timer) + " does not come to rest");
-    now_ = std::max(now_, dues_[timer]);
-    dues_.erase(timer);
-    timer->fire(Event::timer);
+  const auto isNext = [](const auto& a, const auto& b) {
+    // A timer of a view that is not loaded rests.
+    if (a.first->view().loaded() != b.first->view().loaded()) return a.first->view().loaded();
+    return a.second < b.second;
+  };
+  for (int fired = 0;; ++fired) {
+    const auto next = std::min_element(dues_.begin(), dues_.end(), isNext);
+    if (next == dues_.end() || !next->first->view().loaded() || next->second > until) break;
+    const Field& timer = *next->first;
+    if (fired == timerLimit) throw ScriptError("the timer " + fullName(timer) + " does not come to rest");
+    now_ = std::max(now_, next->second);
+    next->second = now_ + timer.value();  // it repeats until it is disabled
+    timer.view().find(timer.name())->fire(Event::timer);
   }
   if (milliseconds) now_ = until;
 }

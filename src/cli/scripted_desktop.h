@@ -47,21 +47,22 @@ class ScriptedDesktop : public Desktop {
   bool moveFocus(Field* field);
   Field* focused() const { return focused_; }
 
-  /// Fires the enabled timers of loaded views in the order in which they fall due, their interval being the value of
-  /// the field (ms), until none is due or for so many milliseconds. No real time passes. Throws ScriptError for
-  /// timers that never come to rest.
-  void runTimers(Views& views, std::optional<double> milliseconds);
+  /// Follows the timers of the views: an enabled one falls due after its interval, which is the value of the field
+  /// (ms), and again after that until it is disabled; enabling it again starts its interval anew.
+  void watchTimers(Views& views);
+  /// Fires the watched timers of loaded views in the order in which they fall due, until none is due or for so many
+  /// milliseconds. No real time passes. Throws ScriptError for timers that never come to rest.
+  void runTimers(std::optional<double> milliseconds);
 
  private:
   std::optional<std::string> nextReply();
-  Field* nextTimer(Views& views);
 
   Record record_;
   std::deque<std::string> replies_;
   Pointer pointer_ = Pointer::standard;
   Field* focused_ = nullptr;
-  double now_ = 0;                 // ms
-  std::map<Field*, double> dues_;  // enabled timers
+  double now_ = 0;                       // ms
+  std::map<const Field*, double> dues_;  // enabled timers, and when they fall due
 };
 
 }  // namespace noldarz

@@ -29,8 +29,8 @@ void CloseOut::closeRun(const Trap& press) {
     press.step([&] { isopleth_.calcFlammableMass(); });
     regime.step([&] { showStabilizationTime(); });
   }
-  regime.steps([&] { showFlammableMass(); },  //
-               [&] { judgeOpenLevels(); },    //
+  regime.steps([&] { takeFlammableMass(regime); },  //
+               [&] { judgeOpenLevels(); },          //
                [&] { reportNegativeLength(); },
                [&] {
                  if (effects_) effects_->searchLimits();
@@ -39,7 +39,7 @@ void CloseOut::closeRun(const Trap& press) {
   desktop_.setPointer(Pointer::standard);
   mainView_.show();
   progress_.close();
-  if (command_.prntprv.enabled()) regime.step([&] { openOutputs(); });
+  if (command_.prntprv.enabled()) openOutputs(regime);
 }
 
 void CloseOut::showStabilizationTime() {
@@ -51,11 +51,11 @@ void CloseOut::showStabilizationTime() {
   result_.tmestbltxt.setCaption(Format(time / unit, "0.00"));
 }
 
-void CloseOut::showFlammableMass() {
+void CloseOut::takeFlammableMass(const Trap& regime) {
   const ParsedNumber mass = parseNumber(result_.expmass.text());
   const bool positive = mass.outcome == ParsedNumber::Outcome::number && mass.value > 0;
   if (!positive) result_.expmass.setText("Mass = 0");
-  if (effects_) effects_->storeFlammableMass(positive ? mass.value : 0);
+  if (effects_) regime.step([&] { effects_->storeFlammableMass(positive ? mass.value : 0); });
 }
 
 void CloseOut::judgeOpenLevels() {
@@ -99,10 +99,10 @@ void CloseOut::storeResults(const Trap& regime) {
       [&] { result_.calmlbl[0].setCaption(Format(wind_.calmPct, "0.00")); });
 }
 
-void CloseOut::openOutputs() {
-  desktop_.setFocus(command_.prntprv);
-  desktop_.openDropDown(command_.prntprv);
-  command_.comput.setCaption("Concentration distances computed.");
+void CloseOut::openOutputs(const Trap& regime) {
+  regime.steps([&] { desktop_.setFocus(command_.prntprv); },      //
+               [&] { desktop_.openDropDown(command_.prntprv); },  //
+               [&] { command_.comput.setCaption("Concentration distances computed."); });
 }
 
 }  // namespace noldarz

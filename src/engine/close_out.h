@@ -26,13 +26,14 @@ class CloseOut {
 
  private:
   void showStabilizationTime();
-  void showFlammableMass();
+  /// Shows "Mass = 0" for a mass that is no positive number, and has the mass stored.
+  void takeFlammableMass(const Trap& regime);
   /// A level is open when its begin or end point holds a mark; the last level decides whether outputs are enabled.
   void judgeOpenLevels();
   /// A negative length: the level must be entered lower. The first one is reported, and its field opened.
   void reportNegativeLength();
   void storeResults(const Trap& regime);
-  void openOutputs();
+  void openOutputs(const Trap& regime);
 
   View& mainView_;
   const ModelState& model_;

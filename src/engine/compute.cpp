@@ -43,8 +43,8 @@ Trap Compute::pressTrap() {
 void Compute::comput_Click() {
   const Trap press = pressTrap();
   limits_ = {};
-  press.steps([&] { sweep_.endDist = axisDistance(in_.enddisttxt); },  //
-              [&] { model_.htRelease = in_.htreltxt.number(); },       //
+  press.steps([&] { sweep_.endDist = reachOf(in_.enddisttxt); },  //
+              [&] { model_.htRelease = in_.htreltxt.number(); },  //
               [&] { model_.htSimul = in_.htsmul.number(); });
   passes_.sweepLevel = 0;
   passes_.widthLevel = 0;

@@ -1,5 +1,7 @@
 #include "engine/fields.h"
 
+#include <algorithm>
+
 #include "engine/air.h"
 #include "platform/failure.h"
 #include "platform/text.h"
@@ -106,9 +108,11 @@ CommandFields::CommandFields(View& view)
 WaitFields::WaitFields(View& view)
     : plumepic1(view.add(FieldKind::shape, "plumepic1")), waitlbl1(view.label("waitlbl1")) {}
 
+double reachOf(const Field& field) { return std::min(field.number(), farthestDistance); }
+
 double axisDistance(const Field& field) {
-  const double distance = field.number();
-  if (!(distance >= 0 && distance <= farthestDistance)) fail(FailureNumber::invalidArgument);
+  const double distance = reachOf(field);
+  if (distance < 0) fail(FailureNumber::invalidArgument);
   return distance;
 }
 

@@ -97,12 +97,15 @@ struct WaitFields {
   Field& waitlbl1;   // text line
 };
 
-/// Reach of the simulation along the plume axis (m). The user's limit is 50000 m and grows by 10000 m an extension;
-/// a distance a thousand kilometres off is beyond any use of the curves, and beyond what a sweep can walk.
+/// The farthest that a search goes along the plume axis (m). The user's limit is 50000 m and grows by 10000 m an
+/// extension; a distance of a thousand kilometres is beyond any use of the curves, and their logarithmic forms turn
+/// over there, so that a search might never end.
 inline constexpr double farthestDistance = 1e6;
 
-/// The number in a field as a distance along the plume axis. Fails with invalidArgument outside 0 to
-/// farthestDistance, and as Field::number() does.
+/// The number in a field as a distance that a search goes to: at most farthestDistance. Fails as Field::number() does.
+double reachOf(const Field& field);
+
+/// The same as a distance that a search starts from: fails with invalidArgument below 0, too.
 double axisDistance(const Field& field);
 
 }  // namespace noldarz

@@ -31,19 +31,23 @@ Isopleth::Isopleth(ModelState& model, LevelState& passes, const SweepState& swee
       result_(result),
       progress_(progress) {}
 
-void Isopleth::findMaxWidth() {
+void Isopleth::calcHalfWidth() {
+  plume_.plumeConc(model_.sigmaYAt, model_.sigmaZAt, isoplethTemperature, model_.concAt);
+  if (model_.concAt <= model_.levelConcAt) return;
+  const double ratio = checked(model_.concAt / divisor(model_.levelConcAt));
+  passes_.halfWidthCur = checked(squareRoot(2 * naturalLog(ratio)) * model_.sigmaYAt);
+}
+
+void Isopleth::findMaxWidth(const Trap& regime) {
   if (passes_.widthIdx >= levelCount) return;
+  const auto atMaximumDistance = [&] { return in_.enddisttxt.number() == model_.distAt; };
   do {
-    progress_.showProgress();
-    plume_.calcSigmaYAt();
-    plume_.calcSigmaZBaseAt();
-    plume_.calcSigmaZAt();
+    regime.steps([&] { progress_.showProgress(); },   //
+                 [&] { plume_.calcSigmaYAt(); },      //
+                 [&] { plume_.calcSigmaZBaseAt(); },  //
+                 [&] { plume_.calcSigmaZAt(); });
     passes_.halfWidthLast = passes_.halfWidthPrev;
-    plume_.plumeConc(model_.sigmaYAt, model_.sigmaZAt, isoplethTemperature, model_.concAt);
-    if (model_.concAt > model_.levelConcAt) {
-      const double ratio = checked(model_.concAt / divisor(model_.levelConcAt));
-      passes_.halfWidthCur = checked(squareRoot(2 * naturalLog(ratio)) * model_.sigmaYAt);
-    }
+    calcHalfWidth();
     if (passes_.halfWidthLast >= passes_.halfWidthCur) {  // the widest point is passed
       model_.halfWidthMax = passes_.halfWidthCur;
       passes_.maxWidthDist = model_.distAt;
@@ -51,7 +55,7 @@ void Isopleth::findMaxWidth() {
     }
     passes_.halfWidthPrev = passes_.halfWidthCur;
     model_.distAt += sweep_.sweepStep;
-  } while (in_.enddisttxt.number() != model_.distAt);
+  } while (!regime.holds(atMaximumDistance) && model_.distAt < farthestDistance);
   level_.distmaxisop[passes_.widthLevel].setText(Format(passes_.maxWidthDist, "0.00"));
   level_.isopwdth[passes_.widthLevel].setText(Format(model_.halfWidthMax + model_.halfWidthMax, "0.00"));
 }

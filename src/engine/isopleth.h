@@ -23,8 +23,12 @@ class Isopleth {
   ///   half width = sqrt(2 * ln(concAt / levelConcAt)) * sigmaYAt        where concAt is above levelConcAt
   ///
   /// and writes `isopwdth` and `distmaxisop` of that level. distAt and halfWidthPrev run on to the next, lower level.
-  /// Does nothing when widthIdx is above 5. A failure ends the march with the fields as they were.
-  void findMaxWidth();
+  /// At the maximum distance, and at the latest at farthestDistance, the march ends with the greatest width found
+  /// before. Does nothing when widthIdx is above 5.
+  ///
+  /// Statements fail under the regime of the caller, but for the concentration and the half width: their failure
+  /// would repeat at every distance, so it ends the march with the fields as they were.
+  void findMaxWidth(const Trap& regime);
 
   /// Angle and area of a level from its width W, length L and distance of the width D, in two statements under the
   /// regime of the caller; a mark in an input leaves the field as it was.
@@ -37,6 +41,8 @@ class Isopleth {
   void calcFlammableMass();
 
  private:
+  /// Half width at distAt into halfWidthCur, kept where the concentration is not above the level.
+  void calcHalfWidth();
   double levelVolume(int level) const;
   double levelDensity(int level) const;
   bool captionIn(int level, std::initializer_list<std::string_view> texts) const;

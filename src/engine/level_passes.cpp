@@ -88,7 +88,7 @@ void LevelPasses::findBeginPoints(const Trap& press) {
   const bool far = press.holds([&] { return result_.maxdistconctxt.number() > nearPeak; });
   sweep_.sweepStep = far ? beginStep : fineStep;
   sweep_.sweepFrom = firstDistance;
-  press.step([&] { sweep_.sweepTo = axisDistance(result_.maxdistconctxt); });
+  press.step([&] { sweep_.sweepTo = reachOf(result_.maxdistconctxt); });
   const PlumeModel::Tracing tracing{plume_};  // the sweep starts again for each level
   search_.runSweep();
 }
@@ -120,7 +120,7 @@ void LevelPasses::refineEndPoints(const Trap& press) {
       press.step([&] { sweep_.sweepFrom = axisDistance(level_.bgnpt[passes_.sweepLevel]); });
     else
       press.step([&] { sweep_.sweepFrom = axisDistance(endpt) - refinedSpan; });
-    press.step([&] { sweep_.sweepTo = axisDistance(endpt) + refinedSpan; });
+    press.step([&] { sweep_.sweepTo = reachOf(endpt) + refinedSpan; });
     search_.runSweep();
   }
 }
@@ -135,7 +135,7 @@ void LevelPasses::findWidths(const Trap& press) {
     sweep_.sweepStep = widthStep;
     press.step([&] { model_.levelConcAt = rounded(level_.constn[passes_.widthLevel].number(), 2); });
     if (hasPoints(passes_.widthLevel))
-      press.step([&] { isopleth_.findMaxWidth(); });
+      press.step([&] { isopleth_.findMaxWidth(press); });
     else
       command_.prntprv.disable();
   }

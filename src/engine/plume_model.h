@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 
 #include "engine/axis_trace.h"
 #include "engine/fields.h"
@@ -128,7 +129,7 @@ class PlumeModel {
   double wind_ = 0;
   GroundKey groundKey_{};
   GroundTerms groundTerms_{};
-  double ppmTemperature_ = 0;
+  double ppmTemperature_ = std::numeric_limits<double>::quiet_NaN();  // equal to no temperature
   double ppmWeight_ = 0;
   double ppmFactor_ = 0;
 };

@@ -24,6 +24,8 @@ Progress::Progress(Views& views, const ModelState& model, SweepState& sweep, Lev
       desktop_(desktop) {
   view_.onLoad([this, &passes] {
     wait_.plumepic1.setWidth(startWidth);
+    wait_.plumepic1.setFillColour({});
+    wait_.plumepic1.setVisible(true);
     wait_.waitlbl1.setCaption(firstLine);
     desktop_.setPointer(Pointer::hourglass);
     passes.waitShown = 1;
@@ -44,9 +46,9 @@ void Progress::showProgress() {
 }
 
 std::string Progress::textLine() {
+  if (sweep_.mgcDone != 0) sweep_.shownLevel = passes_.widthLevel;
   const std::string percent = Format(checked(model_.distX * 100 / divisor(sweep_.sweepTo)), "0");
   if (sweep_.mgcDone == 0) return std::string{firstLine} + percent + " % complete";
-  sweep_.shownLevel = passes_.widthLevel;
   return "Computing distance for concentration : " + level_.conclbl[sweep_.shownLevel].caption() + " - " +
          level_.constn[sweep_.shownLevel].text() + " [ " + percent + " % complete ]";
 }

@@ -55,9 +55,10 @@ void Sweep::runSweep() {
 
 void Sweep::findPeak() {
   if (sweep_.maxConcDone != 0) return;
-  plume_.plumeConc(model_.sigmaY, model_.sigmaZ, plume_.releaseTemperature(), model_.concAxis);
-  if (const Release release = plume_.release(); release != Release::none)
+  if (const Release release = plume_.release(); release != Release::none) {
+    plume_.plumeConc(model_.sigmaY, model_.sigmaZ, plume_.releaseTemperature(), model_.concAxis);
     result_.tmestbllbl.setCaption(release == Release::puff ? puffTimeCaption : plumeTimeCaption);
+  }
   if (model_.concAxis > purePpm) {
     model_.concAxis = purePpm;
     sweep_.maxIsopConc = purePpm;

@@ -22,12 +22,20 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-/// A number that std::from_chars calls out of range is too small when its exponent is negative, or when it has no
-/// exponent and nothing but zeros before the decimal sign.
+/// Whether a number that std::from_chars calls out of range is too small, by the power of ten of its first digit.
 bool isTooSmall(std::string_view number) {
-  const auto exponent = number.find_first_of("eE");
-  if (exponent != std::string_view::npos) return number.substr(exponent + 1).starts_with('-');
-  return number.substr(0, number.find('.')).find_first_of("123456789") == std::string_view::npos;
+  const auto mark = std::min(number.find_first_of("eE"), number.size());
+  const auto mantissa = number.substr(0, mark);
+  const auto point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
+  const auto first = static_cast<std::int64_t>(mantissa.find_first_of("123456789"));
+  const std::int64_t power = first < point ? point - first - 1 : point - first;
+  if (mark == number.size()) return power < 0;
+  auto digits = number.substr(mark + 1);
+  const bool negative = digits.front() == '-';
+  if (negative || digits.front() == '+') digits.remove_prefix(1);
+  std::int64_t exponent = 0;
+  if (std::from_chars(digits.data(), digits.data() + digits.size(), exponent).ec != std::errc{}) return negative;
+  return power + (negative ? -exponent : exponent) < 0;
 }
 
 /// Decimal form of a finite value: 0.d1d2...d15 times ten to the power of `point`.

@@ -25,7 +25,10 @@ expect 0 '{"echo":"hello"}' '' script -
 expect 0 '{"echo":"hello"}' '' script --start . -
 expect 2 $'{"echo":"a"}\n{"error":{"line":2,"text":"no field \\"nothing\\" in view dspmnfrm"}}' \
   'bad.script:2: no field "nothing" in view dspmnfrm' script bad.script
-expect 2 '' 'none.script: the file can'"'"'t be read' script none.script
+expect 2 '{"error":{"line":0,"text":"the file can'"'"'t be read"}}' 'none.script:0: the file can'"'"'t be read' script none.script
+mkdir sub
+echo 'echo hello' >in.script
+expect 0 '{"echo":"hello"}' '' script --start sub in.script
 expect 2 '' 'nowhere: no such folder' script --start nowhere -
 expect 2 '' 'bad.script:2: no field "nothing" in view dspmnfrm' run bad.script
 expect 2 '' '*' bend

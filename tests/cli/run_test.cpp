@@ -18,7 +18,7 @@ TEST(Run, printsTheTextsOfTheFields) {
     EXPECT_EQ(out.str().find("Messages"), std::string::npos) << out.str();
 
     ScriptSession session{[](const Json&) {}};
-    ASSERT_EQ(runScriptFile(session, file, errors), ExitStatus::done);
+    ASSERT_EQ(runScriptFile(session, file, file, errors), ExitStatus::done);
     for (const Field& field : session.system().mainView().view.fields())
       for (const char* prefix : {"constn", "bgnpt", "endpt", "isop", "distmaxisop", "mgctxt", "distconctxt"})
         if (field.name().starts_with(prefix)) {
@@ -46,10 +46,10 @@ TEST(Run, reportsALineAtFaultAndPrintsNothing) {
   std::ostringstream out;
   std::ostringstream errors;
   EXPECT_EQ(runAndReport("/nowhere/a.script", "1", out, errors), ExitStatus::refused);
-  EXPECT_EQ(errors.str(), "/nowhere/a.script: the file can't be read\n");
+  EXPECT_EQ(errors.str(), "/nowhere/a.script:0: the file can't be read\n");
   errors.str("");
   EXPECT_EQ(runAndReport("/", "1", out, errors), ExitStatus::refused);
-  EXPECT_EQ(errors.str(), "/: the file can't be read\n");
+  EXPECT_EQ(errors.str(), "/:0: the file can't be read\n");
   EXPECT_EQ(out.str(), "");
 }
 

@@ -88,6 +88,8 @@ TEST(Script, endsAtTheFirstLineAtFault) {
       {"choose stblclscbo G", "no entry \"G\" in dspmnfrm.stblclscbo"},
       {"choose stblclscbo #11", "no entry \"#11\" in dspmnfrm.stblclscbo"},
       {"check htreltxt", "the field dspmnfrm.htreltxt can't be checked"},
+      {"click htreltxt", "the field dspmnfrm.htreltxt can't be clicked"},
+      {"wait 1e300", "\"1e300\" is no whole number from 0 up"},
       {"slide htreltxt 3", "the field dspmnfrm.htreltxt can't be slid"},
       {"focus wndvel", "the field dspmnfrm.wndvel takes no focus"},
       {"wait soon", "\"soon\" is no whole number from 0 up"},
@@ -134,6 +136,10 @@ click comput
       R"j("default":"ok","reply":"ok"}})j"
       "\n"
       R"j({"focus":"dspmnfrm.constn(1)"})j"
+      "\n"
+      R"j({"box":{"title":"QUENDARIS","text":"1. Concentration should be >0 and in descending order.\n)j"
+      R"j(2. Concentrations (ppm) should be < Maximum Isop concentration (ppm) ","icon":"critical","buttons":"ok",)j"
+      R"j("default":"ok","reply":"yes"}})j"
       "\n"
       R"j({"error":{"line":16,"text":"the box \"1. Concentration should be >0 and in descending order.\n)j"
       R"j(2. Concentrations (ppm) should be < Maximum Isop concentration (ppm) \" does not offer the reply \"yes\""}})j"

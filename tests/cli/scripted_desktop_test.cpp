@@ -67,6 +67,7 @@ TEST(ScriptedDesktop, repliesComeFromTheQueueOrAreTheDefault) {
                                 R"("default":"no","reply":"yes"}})");
   d.desktop.queueReply("ok");
   EXPECT_THROW(d.desktop.messageBox(question), ScriptError);
+  EXPECT_EQ(d.record[2]["box"]["reply"], "ok");  // on the record all the same
   d.desktop.queueReply("yes");
   EXPECT_THROW(d.desktop.messageBox(critical("stop")), ScriptError);
 }
@@ -103,22 +104,29 @@ TEST(ScriptedDesktop, timersFireInOrderOfTheirDueTime) {
     d.events += "soon ";
     if (++ticks == 2) soon.disable();
   });
-  d.desktop.runTimers(d.views, 199);
+  d.desktop.watchTimers(d.views);
+  d.desktop.runTimers(199);
   EXPECT_EQ(d.events, "");
-  d.desktop.runTimers(d.views, 1);
+  d.desktop.runTimers(1);
   EXPECT_EQ(d.events, "soon ");
-  d.desktop.runTimers(d.views, {});
+  d.desktop.runTimers({});
   EXPECT_EQ(d.events, "soon soon late ");
   soon.enable();
-  d.view.close();  // timers end with their view
-  d.desktop.runTimers(d.views, {});
+  d.desktop.runTimers(150);
+  soon.disable();
+  soon.enable();  // its interval begins anew
+  d.desktop.runTimers(150);
+  EXPECT_EQ(d.events, "soon soon late ");
+  d.view.close();  // timers rest with their view
+  d.desktop.runTimers({});
   EXPECT_EQ(d.events, "soon soon late ");
 }
 
 TEST(ScriptedDesktop, timersThatNeverRestAreAnError) {
   Desk d;
   d.view.add(FieldKind::timer, "t");
-  EXPECT_THROW(d.desktop.runTimers(d.views, {}), ScriptError);
+  d.desktop.watchTimers(d.views);
+  EXPECT_THROW(d.desktop.runTimers({}), ScriptError);
 }
 
 }  // namespace

@@ -108,13 +108,13 @@ TEST(MaxWidth, stopsAtTheMaximumDistanceWithTheWidthBefore) {
   g.state.windAtHeight = 4, g.state.htRelease = g.state.htSimul = 1;
   g.state.distAt = 100, g.state.sweepStep = 1, g.state.levelConcAt = 1;
   g.state.halfWidthMax = 3, g.state.maxWidthDist = 50;
-  g.isopleth.findMaxWidth();
+  g.isopleth.findMaxWidth(Trap::ignoring());
   EXPECT_EQ(g.state.distAt, 110);
   EXPECT_EQ(g.main.level.isopwdth[0].text(), "6.00");
   EXPECT_EQ(g.main.level.distmaxisop[0].text(), "50.00");
   g.state.widthIdx = 6;
   g.main.level.isopwdth[0].setText("kept");
-  g.isopleth.findMaxWidth();
+  g.isopleth.findMaxWidth(Trap::ignoring());
   EXPECT_EQ(g.main.level.isopwdth[0].text(), "kept");
 }
 

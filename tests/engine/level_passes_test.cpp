@@ -91,6 +91,40 @@ TEST_F(LevelPassesTest, replyThatTheQuestionDoesNotOfferIsAnError) {
   EXPECT_THROW(system.press(), std::runtime_error);
 }
 
+TEST_F(LevelPassesTest, endForACloudWhoseWidthNeverCloses) {
+  // Levels 2 to 5 do not end before 10000 m, so each is given an end point by the next; their half widths grow beyond
+  // all distances, since the logarithmic forms turn over.
+  TestSystem other;
+  other.set({{"scnrotypetxt", "PLUME"},
+             {"QntyRelstxt", "50"},
+             {"molwttxt", "48.1"},
+             {"vapordnstytxt", "1.66"},
+             {"tempStore", "6"},
+             {"htreltxt", "3"},
+             {"htsmul", "1.5"},
+             {"stblclscbo", "F"},
+             {"wndveltxt", "2"}});
+  other.press();
+  other.setLevels({"200000", "39000", "23", "0.05", "0.02", "0.01"});
+  other.press();
+  EXPECT_LT(other.state().distAt, farthestDistance + 1);
+  EXPECT_FALSE(other.session.system().views().find("aniwait1")->loaded());
+}
+
+TEST_F(LevelPassesTest, findWidthsWithoutANumberInTheMaximumDistance) {
+  const std::vector<std::string> levels{"1000", "500", "200", "100", "50", "20"};
+  system.setLevels(levels);
+  system.set({{"enddisttxt", "abc"}});  // the distance of the first press stays in force
+  system.press();
+  TestSystem other;
+  other.setRelease();
+  other.press();
+  other.setLevels(levels);
+  other.press();
+  for (const char* name : {"isopwdth(0)", "distmaxisop(5)", "isoparea(5)", "expmass"})
+    EXPECT_EQ(system.text(name), other.text(name)) << name;
+}
+
 TEST_F(LevelPassesTest, anyTextInALevelEnds) {
   for (const char* text : {"", "N.A.", "abc", "1,5", "1e999", "0.0", "-0", "0.001"}) {
     TestSystem other;

@@ -107,15 +107,37 @@ TEST(Sweep, showsABoxForEachFailingRoutineAndGoesOn) {
 }
 
 TEST(Sweep, isBoundedForAbsurdDistances) {
-  for (const char* distance : {"1e15", "-5", "1e999", ""}) {
+  const struct {
+    const char* distance;
+    std::uint64_t steps;
+    double endDist;
+  } cases[] = {{"1e15", 1999997, 1e6}, {"1000000", 1999997, 1e6}, {"-5", 0, -5}, {"1e999", 0, 0}, {"", 0, 0}};
+  for (const auto& [distance, steps, endDist] : cases) {
     TestSystem system;
     system.setRelease();
     system.set({{"enddisttxt", distance}, {"QntyRelstxt", "0"}});  // a peak is never passed
     system.press();
-    EXPECT_EQ(system.session.system().progress().stepCount(), 0U) << distance;
-    EXPECT_EQ(system.takeBoxes(),
-              std::vector<std::string>{"Can not compute MGC (Maximum Ground Concentration in ppm) beyond 0 m"});
+    EXPECT_EQ(system.session.system().progress().stepCount(), steps) << distance;
+    EXPECT_EQ(system.state().endDist, endDist);
+    EXPECT_EQ(system.takeBoxes().size(), 1U);
   }
+}
+
+TEST(Sweep, leavesEverythingForAnotherReleaseType) {
+  TestSystem system;
+  system.setRelease();
+  system.set({{"scnrotypetxt", "FIRE"}, {"tempStore", "abc"}, {"enddisttxt", "20"}});
+  system.press();
+  EXPECT_EQ(system.takeBoxes().size(), 0U);  // a candidate of 0 ppm is taken, and no formula fails
+  EXPECT_EQ(system.text("mgctxt"), "0.00");
+}
+
+TEST(Sweep, failsAtEachStepForAWeightOfZero) {
+  TestSystem system;
+  system.setRelease();
+  system.set({{"molwttxt", "0"}, {"tempStore", "-273"}, {"enddisttxt", "3"}});
+  system.press();
+  EXPECT_EQ(system.takeBoxes().size(), 7U);
 }
 
 TEST(Sweep, repeatedWithoutAResetFindsItsPeakAgainstTheOldOne) {

@@ -44,6 +44,11 @@ TEST(ParseNumber, takesNumbersOnly) {
       EXPECT_EQ(failure.number(), 13) << text;
     }
   }
+  const std::string zeros(400, '0');
+  EXPECT_EQ(strictNumber("0." + zeros + "1e5"), 0);
+  EXPECT_EQ(strictNumber("0." + zeros + "25e402"), 25);
+  EXPECT_FALSE(isNumeric("1" + zeros + "e-5"));
+  EXPECT_EQ(strictNumber("1e-99999999999999999999"), 0);
   for (const char* text : {"1e999", "-1e999", "1e400", "1234567e304"}) {
     EXPECT_FALSE(isNumeric(text)) << text;
     try {

@@ -174,6 +174,8 @@ CONSTNS = ["constn(%d)" % i for i in range(6)]
 SWITCHED = ["comput", "prntprv", "getconclvl"] + CONSTNS + ["htreltxt", "wndveltxt"]
 LEL_SET = ("LEL", "LEL:", "LEL.", "Lel", "Lel:", "Lel.")
 
+FARTHEST = 1e6  # m, where a march ends that would never end
+
 SWEEP_TRAP = "Please Run this application as an administrator."
 BEGIN_TRAP = "2. Please Run this program as an administrator/Anti-virus trust.\nMsg. No.%d"
 BAD_LEVELS = ("1. Concentration should be >0 and in descending order.\n"
@@ -254,12 +256,22 @@ class Engine:
     def calcSigmaY(self):
         self.sigmaY = sigma_y(self.f["stblclscbo"], self.distX, self.sigmaY)
 
-    def calcSigmasAt(self):
-        cls = self.f["stblclscbo"]
-        self.sigmaYAt = sigma_y(cls, self.distAt, self.sigmaYAt)
-        self.sigmaZBaseAt = sigma_z_base(cls, self.distAt, self.sigmaZBaseAt)
+    def calcSigmaYAt(self):
+        self.sigmaYAt = sigma_y(self.f["stblclscbo"], self.distAt, self.sigmaYAt)
+
+    def calcSigmaZBaseAt(self):
+        self.sigmaZBaseAt = sigma_z_base(self.f["stblclscbo"], self.distAt, self.sigmaZBaseAt)
         self.windInput = self.num("wndveltxt")
-        self.sigmaZAt = sigma_z(cls, self.distAt, self.num("vapordnstytxt"), self.sigmaZBaseAt, self.sigmaZAt)
+
+    def calcSigmaZAt(self):
+        self.sigmaZAt = sigma_z(self.f["stblclscbo"], self.distAt, self.num("vapordnstytxt"), self.sigmaZBaseAt,
+                                self.sigmaZAt)
+
+    def at_maximum_distance(self):
+        try:
+            return self.num("enddisttxt") == self.distAt
+        except FAILED:
+            return False
 
     def calcWindAtHeight(self):
         if self.mgcPass == 1:
@@ -467,8 +479,10 @@ class Engine:
         if self.widthIdx > 5:
             return
         while True:
-            self.calcSigmasAt()
+            for step in (self.calcSigmaYAt, self.calcSigmaZBaseAt, self.calcSigmaZAt):
+                attempt(step)
             self.halfWidthLast = self.halfWidthPrev
+            # A failure here would repeat for ever: it ends the march.
             self.concAt = self.conc(self.sigmaYAt, self.sigmaZAt, self.at_300, self.concAt)
             if self.concAt > self.levelConcAt:
                 self.halfWidthCur = sqrt(2 * log(self.concAt / self.levelConcAt)) * self.sigmaYAt
@@ -477,7 +491,7 @@ class Engine:
                 break
             self.halfWidthPrev = self.halfWidthCur
             self.distAt = self.distAt + self.sweepStep
-            if self.num("enddisttxt") == self.distAt:
+            if self.at_maximum_distance() or self.distAt >= FARTHEST:
                 break
         self.distmaxisop[self.widthLevel] = fmt(self.maxWidthDist)
         self.isopwdth[self.widthLevel] = fmt(self.halfWidthMax + self.halfWidthMax)

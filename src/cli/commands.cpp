@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "cli/script.h"
-#include "cli/words.h"
+#include "cli/script_error.h"
 #include "platform/property.h"
 
 namespace noldarz {
@@ -33,8 +33,6 @@ Field& fieldNamed(ScriptSession& session, const std::string& word) {
   throw ScriptError("no field " + inQuotes(name) + " in view " + view.name());
 }
 
-std::string fullName(const Field& field) { return field.view().name() + "." + field.name(); }
-
 Property propertyNamed(const std::string& word) {
   if (const auto property = findProperty(word)) return *property;
   throw ScriptError("no property " + inQuotes(word));
@@ -53,43 +51,28 @@ int integer(const std::string& word) {
 Field& usableField(ScriptSession& session, const std::string& word) {
   Field& field = fieldNamed(session, word);
   if (!field.view().visible()) throw ScriptError("the view " + field.view().name() + " is not open");
-  if (!field.visible()) throw ScriptError("the field " + fullName(field) + " is hidden");
-  if (!field.enabled()) throw ScriptError("the field " + fullName(field) + " is disabled");
-  if (!field.usable()) throw ScriptError("a modal view lies above " + fullName(field));
+  if (!field.visible()) throw ScriptError("the field " + field.fullName() + " is hidden");
+  if (!field.enabled()) throw ScriptError("the field " + field.fullName() + " is disabled");
+  if (!field.usable()) throw ScriptError("a modal view lies above " + field.fullName());
   return field;
 }
 
-Field& usableField(ScriptSession& session, const std::string& word, std::initializer_list<FieldKind> kinds,
+Field& usableField(ScriptSession& session,
+                   const std::string& word,
+                   std::initializer_list<FieldKind> kinds,
                    std::string_view action) {
   Field& field = usableField(session, word);
   if (std::find(kinds.begin(), kinds.end(), field.kind()) == kinds.end())
-    throw ScriptError("the field " + fullName(field) + " can't be " + std::string{action});
+    throw ScriptError("the field " + field.fullName() + " can't be " + std::string{action});
   return field;
-}
-
-bool takesFocus(const Field& field) {
-  switch (field.kind()) {
-    case FieldKind::label:
-    case FieldKind::menu:
-    case FieldKind::picture:
-    case FieldKind::shape:
-    case FieldKind::timer: return false;
-    default: return true;
-  }
 }
 
 /// The focus comes to the field, unless the rule of the field that has it keeps it.
 void takeFocus(ScriptSession& session, Field& field) {
-  if (!takesFocus(field)) throw ScriptError("the field " + fullName(field) + " takes no focus");
+  if (!field.takesFocus()) throw ScriptError("the field " + field.fullName() + " takes no focus");
   if (session.desktop().moveFocus(&field)) return;
   const Field* holder = session.desktop().focused();
-  throw ScriptError("the focus stays " + (holder ? "in " + fullName(*holder) : std::string{"nowhere"}));
-}
-
-/// A user's click, which brings the focus to a field that takes it.
-void clickOn(ScriptSession& session, Field& field, Event event) {
-  if (takesFocus(field)) takeFocus(session, field);
-  if (field.usable()) field.fire(event);  // a rule may have closed the field meanwhile
+  throw ScriptError("the focus stays " + (holder ? "in " + holder->fullName() : std::string{"nowhere"}));
 }
 
 Json propertyJson(const Field& field, Property property) {
@@ -110,7 +93,7 @@ void set(ScriptSession& session, const Words& words) {
   Field& field = fieldNamed(session, words[1]);
   const Property property = words.size() == 3 ? mainProperty(field) : propertyNamed(words[2]);
   if (!setProperty(field, property, words.back()))
-    throw ScriptError("the property " + std::string{propertyName(property)} + " of " + fullName(field) +
+    throw ScriptError("the property " + std::string{propertyName(property)} + " of " + field.fullName() +
                       " does not take " + inQuotes(words.back()));
 }
 
@@ -139,22 +122,28 @@ void choose(ScriptSession& session, const Words& words) {
     const int position = integer(words[2].substr(1));
     if (position < static_cast<int>(entries.size())) entry = entries.begin() + position;
   }
-  if (entry == entries.end()) throw ScriptError("no entry " + inQuotes(words[2]) + " in " + fullName(field));
+  if (entry == entries.end()) throw ScriptError("no entry " + inQuotes(words[2]) + " in " + field.fullName());
   takeFocus(session, field);
   field.setText(*entry);
   field.fire(Event::click);
 }
 
-void setChecked(ScriptSession& session, const Words& words, int value) {
-  Field& field = usableField(session, words[1], {FieldKind::check, FieldKind::option}, words[0] + "ed");
+void setChecked(ScriptSession& session, Field& field, int value) {
   if (field.value() == value) return;
   takeFocus(session, field);
   field.setValue(value);
   field.fire(Event::click);
 }
 
-void check(ScriptSession& session, const Words& words) { setChecked(session, words, 1); }
-void uncheck(ScriptSession& session, const Words& words) { setChecked(session, words, 0); }
+constexpr std::initializer_list<FieldKind> checkable{FieldKind::check, FieldKind::option};
+
+void check(ScriptSession& session, const Words& words) {
+  setChecked(session, usableField(session, words[1], checkable, "checked"), 1);
+}
+
+void uncheck(ScriptSession& session, const Words& words) {
+  setChecked(session, usableField(session, words[1], checkable, "unchecked"), 0);
+}
 
 void slide(ScriptSession& session, const Words& words) {
   Field& field = usableField(session, words[1], {FieldKind::slider}, "slid");
@@ -165,21 +154,31 @@ void slide(ScriptSession& session, const Words& words) {
   field.fire(Event::change);
 }
 
-void click(ScriptSession& session, const Words& words) {
-  Field& field = usableField(session, words[1]);
-  if (field.kind() == FieldKind::check) return setChecked(session, {"check", words[1]}, field.value() == 1 ? 0 : 1);
-  if (field.kind() == FieldKind::option) return setChecked(session, {"check", words[1]}, 1);
-  clickOn(session,
-          usableField(session, words[1],
-                      {FieldKind::button, FieldKind::menu, FieldKind::list, FieldKind::label, FieldKind::picture},
-                      "clicked"),
-          Event::click);
+/// A user's click, which brings the focus to a field that takes it and turns a check field over.
+void clickOn(ScriptSession& session, Field& field) {
+  if (field.kind() == FieldKind::check) return setChecked(session, field, field.value() == 1 ? 0 : 1);
+  if (field.kind() == FieldKind::option) return setChecked(session, field, 1);
+  if (field.takesFocus()) takeFocus(session, field);
+  if (field.usable()) field.fire(Event::click);  // a rule may have closed the field meanwhile
 }
 
+constexpr std::initializer_list<FieldKind> clickable{FieldKind::button,
+                                                     FieldKind::menu,
+                                                     FieldKind::check,
+                                                     FieldKind::option,
+                                                     FieldKind::list,
+                                                     FieldKind::label,
+                                                     FieldKind::picture};
+
+void click(ScriptSession& session, const Words& words) {
+  clickOn(session, usableField(session, words[1], clickable, "clicked"));
+}
+
+/// A double click is a click first.
 void dblclick(ScriptSession& session, const Words& words) {
-  Field& field = usableField(session, words[1]);
-  clickOn(session, field, Event::click);  // the first of the two
-  clickOn(session, field, Event::dblClick);
+  Field& field = usableField(session, words[1], clickable, "clicked");
+  clickOn(session, field);
+  if (field.usable()) field.fire(Event::dblClick);
 }
 
 void answer(ScriptSession& session, const Words& words) { session.desktop().queueReply(words[1]); }
@@ -195,7 +194,7 @@ void show(ScriptSession& session, const Words& words) {
   std::vector<Property> properties;
   for (std::size_t i = 2; i < words.size(); ++i) properties.push_back(propertyNamed(words[i]));
   if (properties.empty()) properties.push_back(mainProperty(field));
-  Json line{{"field", fullName(field)}};
+  Json line{{"field", field.fullName()}};
   for (const Property property : properties) line[std::string{propertyName(property)}] = shown(field, property);
   session.print(line);
 }

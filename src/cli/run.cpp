@@ -3,56 +3,54 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <iterator>
 #include <ostream>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "engine/close_out.h"
 #include "engine/plume_model.h"
 
 namespace noldarz {
 
 namespace {
 
-using Line = std::back_insert_iterator<std::string>;
-
-/// "  name ........ text unit"
-void item(Line out, std::string_view name, const Field& field, std::string_view unit = "") {
-  fmt::format_to(out, "  {:<34}{:>12} {}", name, field.text(), unit);
-}
-
-void line(std::string& page, std::string_view name, const Field& field, std::string_view unit = "") {
-  item(std::back_inserter(page), name, field, unit);
-  page.erase(page.find_last_not_of(' ') + 1);
-  page += '\n';
+/// "  name            text unit"
+void line(std::string& page, std::string_view name, std::string_view text, std::string_view unit = "") {
+  page += fmt::format("  {:<34}{:>12}{}{}\n", name, text, unit.empty() ? "" : " ", unit);
 }
 
 void inputs(std::string& page, const ScenarioInputs& in, bool puff) {
   page += "Inputs\n";
-  line(page, "Release type", in.scnrotypetxt);
-  line(page, puff ? "Quantity released" : "Rate of release", in.QntyRelstxt, puff ? "kg" : "kg/s");
-  line(page, "Molecular weight", in.molwttxt, "g/mol");
-  line(page, "Vapour density, air = 1", in.vapordnstytxt);
-  line(page, "Temperature of release", in.tempStore, "deg C");
-  line(page, "Height of release", in.htreltxt, "m");
-  line(page, "Height of simulation, Z axis", in.htsmul, "m");
-  line(page, "Max. distance for simulation", in.enddisttxt, "m");
-  line(page, "Stability class", in.stblclscbo);
-  line(page, "Terrain", in.roghwndoptcbo);
-  line(page, "Wind velocity", in.wndveltxt, "m/s");
+  line(page, "Release type", in.scnrotypetxt.text());
+  line(page, puff ? "Quantity released" : "Rate of release", in.QntyRelstxt.text(), puff ? "kg" : "kg/s");
+  line(page, "Molecular weight", in.molwttxt.text(), "g/mol");
+  line(page, "Vapour density, air = 1", in.vapordnstytxt.text());
+  line(page, "Temperature of release", in.tempStore.text(), "deg C");
+  line(page, "Height of release", in.htreltxt.text(), "m");
+  line(page, "Height of simulation, Z axis", in.htsmul.text(), "m");
+  line(page, "Max. distance for simulation", in.enddisttxt.text(), "m");
+  line(page, "Stability class", in.stblclscbo.text());
+  line(page, "Terrain", in.roghwndoptcbo.text());
+  line(page, "Wind velocity", in.wndveltxt.text(), "m/s");
 }
 
-void results(std::string& page, const ResultFields& result) {
+/// The unit in which the time of stabilization stands in its field; empty when there was no end point to work it out.
+std::string_view stabilizationUnit(const MainView& main, const RunState& state) {
+  const Field& end = main.level.endpt[levelCount - 1];
+  if (!end.isNumeric() || !(state.windAtHeight > 0) || state.firstPass != 0) return "";
+  return scaledTime(end.number() / state.windAtHeight).unit;
+}
+
+void results(std::string& page, const ResultFields& result, bool puff, std::string_view timeUnit) {
   page += "\nResults\n";
-  line(page, "Modified wind velocity", result.wndvel, "m/s");
-  line(page, "Maximum ground concentration (MGC)", result.mgctxt, "ppm");
-  line(page, "MGC distance", result.distconctxt, "m");
-  line(page, "Maximum isopleth concentration", result.constn1, "ppm");
-  line(page, "Distance of the peak", result.maxdistconctxt, "m");
-  line(page, "Flammable mass for VCE", result.expmass, "lbm");
-  if (!result.tmestbllbl.caption().empty())
-    page += fmt::format("  {}: {}\n", result.tmestbllbl.caption(), result.tmestbltxt.caption());
+  line(page, "Modified wind velocity", result.wndvel.text(), "m/s");
+  line(page, "Maximum ground concentration (MGC)", result.mgctxt.text(), "ppm");
+  line(page, "MGC distance", result.distconctxt.text(), "m");
+  line(page, "Maximum isopleth concentration", result.constn1.text(), "ppm");
+  line(page, "Distance of the peak", result.maxdistconctxt.text(), "m");
+  line(page, "Flammable mass for VCE", result.expmass.text(), result.expmass.isNumeric() ? "lbm" : "");
+  line(page, puff ? "Time for puff dispersion to end" : "Time of stabilization", result.tmestbltxt.text(), timeUnit);
 }
 
 struct Column {
@@ -62,10 +60,15 @@ struct Column {
 };
 
 void isopleths(std::string& page, const LevelFields& level) {
-  const std::vector<Column> columns{
-      {"Level", "", level.conclbl},   {"Conc.", "ppm", level.constn},  {"Begin", "m", level.bgnpt},
-      {"End", "m", level.endpt},      {"Length", "m", level.isoplngt}, {"Width", "m", level.isopwdth},
-      {"at", "m", level.distmaxisop}, {"Angle", "deg", level.isopang}, {"Area", "Ha", level.isoparea}};
+  const std::vector<Column> columns{{"Level", "", level.conclbl},
+                                    {"Conc.", "ppm", level.constn},
+                                    {"Begin", "m", level.bgnpt},
+                                    {"End", "m", level.endpt},
+                                    {"Length", "m", level.isoplngt},
+                                    {"Width", "m", level.isopwdth},
+                                    {"at", "m", level.distmaxisop},
+                                    {"Angle", "deg", level.isopang},
+                                    {"Area", "Ha", level.isoparea}};
   std::vector<std::string> rows(levelCount + 2);
   for (const Column& column : columns) {
     std::vector<std::string_view> cells{column.head, column.unit};
@@ -111,6 +114,16 @@ class Messages {
   std::vector<std::pair<Json, int>> counted_;  // in the order of their first appearance
 };
 
+/// Why the run is none; empty for a run.
+std::string_view faultOf(System& system) {
+  if (system.state().mgcDone != 1 || system.state().maxConcDone != 1)
+    return "no maximum ground concentration or no peak was found";
+  const LevelFields& level = system.mainView().level;
+  for (int i = 0; i < levelCount; ++i)
+    if (level.bgnpt[i].text() == mark::inputError) return "the levels were refused";
+  return "";
+}
+
 }  // namespace
 
 ExitStatus runAndReport(const std::string& file, const std::string& version, std::ostream& out, std::ostream& errors) {
@@ -124,11 +137,14 @@ ExitStatus runAndReport(const std::string& file, const std::string& version, std
   const bool puff = main.in.scnrotypetxt.wordIndex(releaseTypes) == static_cast<int>(Release::puff);
   std::string page = fmt::format("NOLDA-RZ {}, model revision {}: {}\n\n", version, modelRevision, file);
   inputs(page, main.in, puff);
-  results(page, main.result);
+  results(page, main.result, puff, stabilizationUnit(main, session.system().state()));
   isopleths(page, main.level);
   messages.print(page);
   out << page;
-  return ExitStatus::done;
+  const std::string_view fault = faultOf(session.system());
+  if (fault.empty()) return ExitStatus::done;
+  errors << file << ": " << fault << '\n';
+  return ExitStatus::failed;
 }
 
 }  // namespace noldarz

@@ -35,8 +35,11 @@ enum class ExitStatus : int { done = 0, failed = 1, refused = 2 };
 /// `errors` as "NAME:LINE: text"; nothing after it runs.
 ExitStatus runScript(ScriptSession& session, std::istream& lines, const std::string& name, std::ostream& errors);
 
-/// Opens a file, "-" for standard input, and runs it under the name that its errors carry. A file that can't be read is reported like a fault in line 0.
-ExitStatus runScriptFile(ScriptSession& session, const std::string& file, const std::string& name,
+/// Opens a file, "-" for standard input, and runs it under the name that its errors carry. A file that can't be read is
+/// reported like a fault in line 0.
+ExitStatus runScriptFile(ScriptSession& session,
+                         const std::string& file,
+                         const std::string& name,
                          std::ostream& errors);
 
 /// One JSON object as one line; a byte that is no UTF-8 is replaced.

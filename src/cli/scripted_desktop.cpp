@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <limits>
 #include <utility>
+#include <vector>
 
-#include "cli/words.h"
+#include "cli/script_error.h"
 #include "platform/failure.h"
 
 namespace noldarz {
@@ -36,8 +37,6 @@ std::optional<Reply> namedReply(const std::string& text) {
     if (text == replyName(reply)) return reply;
   return {};
 }
-
-std::string fullName(const Field& field) { return field.view().name() + "." + field.name(); }
 
 }  // namespace
 
@@ -85,8 +84,8 @@ void ScriptedDesktop::printerDialog() {
 }
 
 void ScriptedDesktop::setFocus(Field& field) {
-  if (!field.usable()) fail(FailureNumber::invalidArgument);
-  record_({{"focus", fullName(field)}});
+  if (!field.usable() || !field.takesFocus()) fail(FailureNumber::invalidArgument);
+  record_({{"focus", field.fullName()}});
   moveFocus(&field);
 }
 
@@ -101,7 +100,7 @@ bool ScriptedDesktop::moveFocus(Field* field) {
   return focused_ == field;
 }
 
-void ScriptedDesktop::openDropDown(Field& field) { record_({{"dropDown", fullName(field)}}); }
+void ScriptedDesktop::openDropDown(Field& field) { record_({{"dropDown", field.fullName()}}); }
 
 void ScriptedDesktop::clearClipboard() { record_({{"clipboard", ""}}); }
 
@@ -113,36 +112,40 @@ bool ScriptedDesktop::activateWindow(const std::string& title) {
 void ScriptedDesktop::runProgram(const std::filesystem::path& program) { record_({{"program", program.string()}}); }
 
 void ScriptedDesktop::watchTimers(Views& views) {
-  const auto follow = [this](const Field& timer) {
+  const auto begin = [this](Field& timer) {
     if (timer.enabled())
       dues_[&timer] = now_ + timer.value();
     else
       dues_.erase(&timer);
   };
   for (View* view : views.all()) {
-    for (const Field& field : view->fields())
-      if (field.kind() == FieldKind::timer) follow(field);
-    view->observe([follow](const Field& field, Property property) {
-      if (field.kind() == FieldKind::timer && property == Property::enabled) follow(field);
+    std::vector<Field*> timers;
+    for (Field& field : view->fields())
+      if (field.kind() == FieldKind::timer) timers.push_back(&field);
+    if (timers.empty()) continue;
+    const auto beginAll = [begin, timers] {
+      std::for_each(timers.begin(), timers.end(), [&](Field* t) { begin(*t); });
+    };
+    if (view->loaded()) beginAll();
+    view->onLoad(beginAll);
+    view->observe([begin](Field& field, Property property) {
+      if (field.kind() == FieldKind::timer && property == Property::enabled && field.view().loaded()) begin(field);
     });
   }
 }
 
 void ScriptedDesktop::runTimers(std::optional<double> milliseconds) {
   const double until = milliseconds ? now_ + *milliseconds : std::numeric_limits<double>::infinity();
-  const auto isNext = [](const auto& a, const auto& b) {
-    // A timer of a view that is not loaded rests.
-    if (a.first->view().loaded() != b.first->view().loaded()) return a.first->view().loaded();
-    return a.second < b.second;
-  };
   for (int fired = 0;; ++fired) {
-    const auto next = std::min_element(dues_.begin(), dues_.end(), isNext);
-    if (next == dues_.end() || !next->first->view().loaded() || next->second > until) break;
-    const Field& timer = *next->first;
-    if (fired == timerLimit) throw ScriptError("the timer " + fullName(timer) + " does not come to rest");
-    now_ = std::max(now_, next->second);
-    next->second = now_ + timer.value();  // it repeats until it is disabled
-    timer.view().find(timer.name())->fire(Event::timer);
+    std::erase_if(dues_, [](const auto& due) { return !due.first->view().loaded(); });
+    const auto next =
+        std::min_element(dues_.begin(), dues_.end(), [](const auto& a, const auto& b) { return a.second < b.second; });
+    if (next == dues_.end() || next->second > until) break;
+    auto& [timer, due] = *next;
+    if (fired == timerLimit) throw ScriptError("the timer " + timer->fullName() + " does not come to rest");
+    now_ = std::max(now_, due);
+    due = now_ + timer->value();  // it repeats until it is disabled
+    timer->fire(Event::timer);
   }
   if (milliseconds) now_ = until;
 }

@@ -47,10 +47,11 @@ class ScriptedDesktop : public Desktop {
   bool moveFocus(Field* field);
   Field* focused() const { return focused_; }
 
-  /// Follows the timers of the views: an enabled one falls due after its interval, which is the value of the field
-  /// (ms), and again after that until it is disabled; enabling it again starts its interval anew.
+  /// Follows the timers that the views have now: an enabled one of a loaded view falls due after its interval, and
+  /// again after that until it is disabled or its view closes. Its interval begins when the view loads and whenever the
+  /// timer is enabled.
   void watchTimers(Views& views);
-  /// Fires the watched timers of loaded views in the order in which they fall due, until none is due or for so many
+  /// Fires them in the order in which they fall due, until none is due or for so many
   /// milliseconds. No real time passes. Throws ScriptError for timers that never come to rest.
   void runTimers(std::optional<double> milliseconds);
 
@@ -61,8 +62,8 @@ class ScriptedDesktop : public Desktop {
   std::deque<std::string> replies_;
   Pointer pointer_ = Pointer::standard;
   Field* focused_ = nullptr;
-  double now_ = 0;                       // ms
-  std::map<const Field*, double> dues_;  // enabled timers, and when they fall due
+  double now_ = 0;                 // ms
+  std::map<Field*, double> dues_;  // enabled timers, and when they fall due
 };
 
 }  // namespace noldarz

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "cli/script_error.h"
+
 namespace noldarz {
 
 namespace {

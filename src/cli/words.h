@@ -2,18 +2,11 @@
 // comment, but for the position in `choose FIELD #N`.
 #pragma once
 
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace noldarz {
-
-/// A line of a script that can't be understood or carried out; the text names the word at fault.
-class ScriptError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
 
 /// The words of a line. In quotes stand \" \\ \n \t for a quote, a backslash, a line break, a tab. Throws ScriptError
 /// for a quote that isn't closed, an unknown escape, or a word that goes on behind its closing quote.

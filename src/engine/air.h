@@ -9,11 +9,11 @@
 namespace noldarz {
 
 /// Stability classes, index 0 to 11: Pasquill's letters, the half classes between them, and the user's own class.
-inline constexpr std::array<std::string_view, 12> stabilityClasses{"A", "AB", "B", "BC", "C", "CD",
-                                                                   "D", "DE", "E", "EF", "F", "Custom"};
+inline constexpr std::array<std::string_view, 12> stabilityClasses{
+    "A", "AB", "B", "BC", "C", "CD", "D", "DE", "E", "EF", "F", "Custom"};
 /// Entries of the drop-down list; "Custom" can only be typed.
-inline constexpr std::array<std::string_view, 11> stabilityClassEntries{"A", "AB", "B", "BC", "C", "CD",
-                                                                        "D", "DE", "E", "EF", "F"};
+inline constexpr std::array<std::string_view, 11> stabilityClassEntries{
+    "A", "AB", "B", "BC", "C", "CD", "D", "DE", "E", "EF", "F"};
 inline constexpr int customClass = 11;
 inline constexpr int noClass = -1;  ///< any other text
 

@@ -4,9 +4,18 @@
 
 namespace noldarz {
 
-CloseOut::CloseOut(View& mainView, const ModelState& model, const SweepState& sweep, const LevelState& passes,
-                   WindShareState& wind, const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
-                   const CommandFields& command, Isopleth& isopleth, Progress& progress, Desktop& desktop,
+CloseOut::CloseOut(View& mainView,
+                   const ModelState& model,
+                   const SweepState& sweep,
+                   const LevelState& passes,
+                   WindShareState& wind,
+                   const ScenarioInputs& in,
+                   const LevelFields& level,
+                   const ResultFields& result,
+                   const CommandFields& command,
+                   Isopleth& isopleth,
+                   Progress& progress,
+                   Desktop& desktop,
                    Effects* effects)
     : mainView_(mainView),
       model_(model),
@@ -29,8 +38,8 @@ void CloseOut::closeRun(const Trap& press) {
     press.step([&] { isopleth_.calcFlammableMass(); });
     regime.step([&] { showStabilizationTime(); });
   }
-  regime.steps([&] { takeFlammableMass(regime); },  //
-               [&] { judgeOpenLevels(); },          //
+  regime.steps([&] { takeFlammableMass(regime); },
+               [&] { judgeLastLevel(); },
                [&] { reportNegativeLength(); },
                [&] {
                  if (effects_) effects_->searchLimits();
@@ -42,13 +51,19 @@ void CloseOut::closeRun(const Trap& press) {
   if (command_.prntprv.enabled()) openOutputs(regime);
 }
 
+ScaledTime scaledTime(double seconds) {
+  constexpr double minute = 60;
+  constexpr double hour = 3600;
+  if (seconds > hour) return {seconds / hour, "h"};
+  if (seconds > minute) return {seconds / minute, "min"};
+  return {seconds, "s"};
+}
+
 void CloseOut::showStabilizationTime() {
-  constexpr double minute = 60;  // s
-  constexpr double hour = 3600;  // s
   double time = 0;
   silently([&] { time = checked(level_.endpt[levelCount - 1].number() / divisor(model_.windAtHeight)); });
-  const double unit = time > hour ? hour : time > minute ? minute : 1;
-  result_.tmestbltxt.setCaption(Format(time / unit, "0.00"));
+  // The field carries no unit, and its caption says seconds on every scale.
+  result_.tmestbltxt.setCaption(Format(scaledTime(time).value, "0.00"));
 }
 
 void CloseOut::takeFlammableMass(const Trap& regime) {
@@ -58,20 +73,15 @@ void CloseOut::takeFlammableMass(const Trap& regime) {
   if (effects_) regime.step([&] { effects_->storeFlammableMass(positive ? mass.value : 0); });
 }
 
-void CloseOut::judgeOpenLevels() {
-  const std::string beyond = mark::beyond(sweep_.endDist);
-  const auto isOpen = [&](const Field& point) {
-    return point.text() == mark::notApplicable || point.text() == beyond || point.text() == mark::nothing;
-  };
-  for (int i = 0; i < levelCount; ++i)
-    command_.prntprv.setEnabled(!isOpen(level_.bgnpt[i]) && !isOpen(level_.endpt[i]));
+void CloseOut::judgeLastLevel() {
+  const auto isOpen = [&](const Field& point) { return mark::isOpen(point.text(), sweep_.endDist); };
+  command_.prntprv.setEnabled(!isOpen(level_.bgnpt[levelCount - 1]) && !isOpen(level_.endpt[levelCount - 1]));
 }
 
 void CloseOut::reportNegativeLength() {
-  const std::string beyond = mark::beyond(sweep_.endDist);
   for (int i = 0; i < levelCount; ++i) {
-    const std::string& length = level_.isoplngt[i].text();
-    if (length < mark::nothing && length != beyond) {
+    // Texts are compared, so that a mark is no negative length: all of them sort after "0".
+    if (level_.isoplngt[i].text() < mark::nothing) {
       desktop_.messageBox(critical("Reset concentration " + level_.conclbl[i].caption() +
                                    "\nNote:Enter concentration < " + level_.constn[i].text()));
       progress_.close();
@@ -100,8 +110,8 @@ void CloseOut::storeResults(const Trap& regime) {
 }
 
 void CloseOut::openOutputs(const Trap& regime) {
-  regime.steps([&] { desktop_.setFocus(command_.prntprv); },      //
-               [&] { desktop_.openDropDown(command_.prntprv); },  //
+  regime.steps([&] { desktop_.setFocus(command_.prntprv); },
+               [&] { desktop_.openDropDown(command_.prntprv); },
                [&] { command_.comput.setCaption("Concentration distances computed."); });
 }
 

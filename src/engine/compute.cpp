@@ -7,16 +7,26 @@ namespace noldarz {
 
 namespace {
 
-constexpr double firstDistance = 2;   // m
 constexpr double firstStep = 0.5;     // m
 constexpr double rootOfTwo = 1.4142;  // these digits
 constexpr Colour secondPressColour = Colour::fromScreen(0xFFFF80);
 
 }  // namespace
 
-Compute::Compute(View& mainView, ModelState& model, SweepState& sweep, LevelState& passes, LimitState& limits,
-                 const ScenarioInputs& in, const ResultFields& result, const CommandFields& command, Sweep& search,
-                 LevelPasses& levelPasses, CloseOut& closeOut, Progress& progress, Desktop& desktop, Effects* effects)
+Compute::Compute(View& mainView,
+                 ModelState& model,
+                 SweepState& sweep,
+                 LevelState& passes,
+                 LimitState& limits,
+                 const ScenarioInputs& in,
+                 const ResultFields& result,
+                 const CommandFields& command,
+                 Sweep& search,
+                 LevelPasses& levelPasses,
+                 CloseOut& closeOut,
+                 Progress& progress,
+                 Desktop& desktop,
+                 Effects* effects)
     : mainView_(mainView),
       model_(model),
       sweep_(sweep),
@@ -43,8 +53,8 @@ Trap Compute::pressTrap() {
 void Compute::comput_Click() {
   const Trap press = pressTrap();
   limits_ = {};
-  press.steps([&] { sweep_.endDist = reachOf(in_.enddisttxt); },  //
-              [&] { model_.htRelease = in_.htreltxt.number(); },  //
+  press.steps([&] { sweep_.endDist = reachOf(in_.enddisttxt); },
+              [&] { model_.htRelease = in_.htreltxt.number(); },
               [&] { model_.htSimul = in_.htsmul.number(); });
   passes_.sweepLevel = 0;
   passes_.widthLevel = 0;

@@ -44,6 +44,10 @@ constexpr std::array<std::string_view, levelCount> levelCaptions{
 
 std::string mark::beyond(double endDist) { return ">" + plainText(endDist); }
 
+bool mark::isOpen(std::string_view text, double endDist) {
+  return text == notApplicable || text == nothing || text == beyond(endDist);
+}
+
 ScenarioInputs::ScenarioInputs(View& view)
     : scnrotypetxt(carried(view, "scnrotypetxt")),
       QntyRelstxt(carried(view, "QntyRelstxt")),

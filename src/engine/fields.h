@@ -21,6 +21,8 @@ inline constexpr std::string_view notApplicable = "N.A.";
 inline constexpr std::string_view inputError = "Input Err.";
 /// ">" followed by the maximum distance (m): the level reaches past it.
 std::string beyond(double endDist);
+/// Whether the text is a mark of a level that was not found or not left: "N.A.", ">" with the distance, or "0".
+bool isOpen(std::string_view text, double endDist);
 }  // namespace mark
 
 /// Back colour of a level that must be entered anew.
@@ -96,6 +98,9 @@ struct WaitFields {
   Field& plumepic1;  // shape that grows while a press runs
   Field& waitlbl1;   // text line
 };
+
+/// Where a search from the source begins (m).
+inline constexpr double firstDistance = 2;
 
 /// The farthest that a search goes along the plume axis (m). The user's limit is 50000 m and grows by 10000 m an
 /// extension; a distance of a thousand kilometres is beyond any use of the curves, and their logarithmic forms turn

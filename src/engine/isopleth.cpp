@@ -20,8 +20,14 @@ constexpr double poundsPerGram = 0.002204634;
 
 }  // namespace
 
-Isopleth::Isopleth(ModelState& model, LevelState& passes, const SweepState& sweep, PlumeModel& plume,
-                   const ScenarioInputs& in, const LevelFields& level, const ResultFields& result, Progress& progress)
+Isopleth::Isopleth(ModelState& model,
+                   LevelState& passes,
+                   const SweepState& sweep,
+                   PlumeModel& plume,
+                   const ScenarioInputs& in,
+                   const LevelFields& level,
+                   const ResultFields& result,
+                   Progress& progress)
     : model_(model),
       passes_(passes),
       sweep_(sweep),
@@ -42,9 +48,9 @@ void Isopleth::findMaxWidth(const Trap& regime) {
   if (passes_.widthIdx >= levelCount) return;
   const auto atMaximumDistance = [&] { return in_.enddisttxt.number() == model_.distAt; };
   do {
-    regime.steps([&] { progress_.showProgress(); },   //
-                 [&] { plume_.calcSigmaYAt(); },      //
-                 [&] { plume_.calcSigmaZBaseAt(); },  //
+    regime.steps([&] { progress_.showProgress(); },
+                 [&] { plume_.calcSigmaYAt(); },
+                 [&] { plume_.calcSigmaZBaseAt(); },
                  [&] { plume_.calcSigmaZAt(); });
     passes_.halfWidthLast = passes_.halfWidthPrev;
     calcHalfWidth();
@@ -106,7 +112,7 @@ void Isopleth::calcFlammableMass() {
              captionIn(2, {"Teel/Idlh", "Teel/Idlh:", "Teel/Idlh."})) {
     const double V = f * T(0) + T(1);
     show(V * D(1) + V * D(0));
-  } else if (captionIn(1, {"LEL", "LEL:", "LEL.", "Lel."}) || captionIn(0, {"Lel", "Lel:"})) {
+  } else if (captionIn(1, {"LEL", "LEL:", "LEL.", "Lel."})) {
     const double V = f * T(1) - T(0);
     show(V * D(1) - f * T(0) * D(0));
   } else {

@@ -8,7 +8,6 @@ namespace noldarz {
 
 namespace {
 
-constexpr double firstDistance = 2;  // m, where a sweep from the source begins
 constexpr double nearPeak = 30;      // m; a peak up to here is approached by the fine step
 constexpr double beginStep = 0.5;    // m
 constexpr double fineStep = 0.01;    // m
@@ -19,10 +18,19 @@ constexpr double extension = 10000;  // m that a Yes adds to the maximum distanc
 
 }  // namespace
 
-LevelPasses::LevelPasses(ModelState& model, SweepState& sweep, LevelState& passes, PlumeModel& plume,
-                         const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
-                         const CommandFields& command, Sweep& search, Isopleth& isopleth, Progress& progress,
-                         Desktop& desktop, std::function<void()> press)
+LevelPasses::LevelPasses(ModelState& model,
+                         SweepState& sweep,
+                         LevelState& passes,
+                         PlumeModel& plume,
+                         const ScenarioInputs& in,
+                         const LevelFields& level,
+                         const ResultFields& result,
+                         const CommandFields& command,
+                         Sweep& search,
+                         Isopleth& isopleth,
+                         Progress& progress,
+                         Desktop& desktop,
+                         std::function<void()> press)
     : model_(model),
       sweep_(sweep),
       passes_(passes),
@@ -104,9 +112,7 @@ void LevelPasses::findEndPoints(const Trap& press) {
 }
 
 bool LevelPasses::hasPoints(int level) const {
-  const std::string& begin = level_.bgnpt[level].text();
-  return begin != mark::notApplicable && begin != mark::beyond(sweep_.endDist) && begin != mark::nothing &&
-         level_.endpt[level].text() != mark::nothing;
+  return !mark::isOpen(level_.bgnpt[level].text(), sweep_.endDist) && level_.endpt[level].text() != mark::nothing;
 }
 
 void LevelPasses::refineEndPoints(const Trap& press) {
@@ -152,7 +158,7 @@ void LevelPasses::workOutResults(const Trap& press) {
       continue;
     }
     level_.setResults(level, mark::beyond(sweep_.endDist));
-    result_.expmass.setText("0");
+    result_.expmass.setText(mark::nothing);
     if (!wantsFurther(level)) {
       openLevel(level, press);
       return;
@@ -174,7 +180,7 @@ bool LevelPasses::wantsFurther(int level) {
 void LevelPasses::extendDistance(int level, const Trap& press) {
   in_.enddisttxt.setText(plainText(sweep_.endDist + extension));
   level_.setResults(level, mark::nothing);
-  result_.expmass.setText("0");
+  result_.expmass.setText(mark::nothing);
   press.step([&] { press_(); });
   command_.prntprv.disable();
 }

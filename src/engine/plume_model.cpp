@@ -34,8 +34,11 @@ double decay(double t) { return t < 1e-8 ? 1 - t : std::exp(-t); }
 
 }  // namespace
 
-PlumeModel::PlumeModel(ModelState& model, const PointQueryState& query, const ScenarioInputs& in,
-                       const LevelFields& level, const ResultFields& result)
+PlumeModel::PlumeModel(ModelState& model,
+                       const PointQueryState& query,
+                       const ScenarioInputs& in,
+                       const LevelFields& level,
+                       const ResultFields& result)
     : model_(model), query_(query), inputs_(in), level_(level), result_(result) {}
 
 void PlumeModel::setClassWind() {
@@ -56,15 +59,16 @@ void PlumeModel::calcWindAtHeight() {
 double PlumeModel::windNow() {
   const ModelInputs& in = inputs_();
   const bool usersWind = in.stabilityClass == customClass && model_.htRelease > windReferenceHeight;
-  return windAtReleaseHeight(usersWind ? in.wind.number() : model_.windInput, model_.htRelease, in.stabilityClass,
-                             in.terrain);
+  return windAtReleaseHeight(
+      usersWind ? in.wind.number() : model_.windInput, model_.htRelease, in.stabilityClass, in.terrain);
 }
 
 void PlumeModel::updateSigmaZBase(double distance, AxisTrace* trace, double& base) {
   const ModelInputs& in = inputs_();
   if (in.stabilityClass != noClass)
-    base = kept(trace, distance, &AxisTrace::Point::sigmaZBase,
-                [&] { return checked(sigmaZFromClass(in.stabilityClass, distance)); });
+    base = kept(trace, distance, &AxisTrace::Point::sigmaZBase, [&] {
+      return checked(sigmaZFromClass(in.stabilityClass, distance));
+    });
   model_.windInput = in.wind.number();
 }
 
@@ -81,8 +85,8 @@ void PlumeModel::updateSigmaZ(double distance, double base, double& sigma) {
 void PlumeModel::updateSigmaY(double distance, AxisTrace* trace, double& sigma) {
   const int stabilityClass = inputs_().stabilityClass;
   if (stabilityClass != noClass)
-    sigma = kept(trace, distance, &AxisTrace::Point::sigmaY,
-                 [&] { return checked(sigmaYFromClass(stabilityClass, distance)); });
+    sigma = kept(
+        trace, distance, &AxisTrace::Point::sigmaY, [&] { return checked(sigmaYFromClass(stabilityClass, distance)); });
 }
 
 void PlumeModel::calcSigmaZBase() { updateSigmaZBase(model_.distX, trace_, model_.sigmaZBase); }

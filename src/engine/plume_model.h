@@ -22,7 +22,10 @@ inline constexpr double isoplethTemperature = 300;
 
 class PlumeModel {
  public:
-  PlumeModel(ModelState& model, const PointQueryState& query, const ScenarioInputs& in, const LevelFields& level,
+  PlumeModel(ModelState& model,
+             const PointQueryState& query,
+             const ScenarioInputs& in,
+             const LevelFields& level,
              const ResultFields& result);
 
   /// classWind = the default wind of the class; unchanged for "Custom" and any other text.

@@ -68,7 +68,7 @@ struct SweepState {
   std::int16_t bgnIdx = 0;      ///< next level of the begin-point test; 6: off
   std::int16_t endIdx = 0;      ///< next level of the end-point test; 6: off
   std::int16_t bgnLevel = 0;    ///< copy of bgnIdx while the test runs
-  double endLevel = 0;          ///< copy of endIdx while the test runs
+  double endLevel = 0;          ///< copy of endIdx while the test runs; a double in the model
   std::int16_t shownLevel = 0;  ///< level on the progress line
 
   std::int16_t mgcDone = 0;      ///< 1 once the maximum ground concentration is known
@@ -102,52 +102,108 @@ struct WindShareState {
   double calmPct = 0;    ///< what is left for calm (%)
 };
 
-// Each variable by name, for fronts that print them: each(name, value) is called for every one.
+// Each variable by name, for fronts that print them: each(name, value) is called for every one. A variable that is
+// left out does not compile.
 
 template <class Each>
-void visit(const ModelState& s, Each&& each) {
-  each("htRelease", s.htRelease), each("htSimul", s.htSimul), each("classWind", s.classWind);
-  each("windInput", s.windInput), each("windAtHeight", s.windAtHeight), each("distX", s.distX);
-  each("sigmaZBase", s.sigmaZBase), each("sigmaZ", s.sigmaZ), each("sigmaY", s.sigmaY), each("distAt", s.distAt);
-  each("sigmaZBaseAt", s.sigmaZBaseAt), each("sigmaZAt", s.sigmaZAt), each("sigmaYAt", s.sigmaYAt);
-  each("sigmaZAtMax", s.sigmaZAtMax), each("concGround", s.concGround), each("concAxis", s.concAxis);
-  each("concAxisEnd", s.concAxisEnd), each("concAt", s.concAt), each("levelConcAt", s.levelConcAt);
-  each("halfWidthAt", s.halfWidthAt), each("halfWidthMax", s.halfWidthMax);
-  each("halfWidthAtRounded", s.halfWidthAtRounded), each("mgcPass", s.mgcPass);
+void visit(const ModelState& state, Each&& each) {
+  const auto& [htRelease,
+               htSimul,
+               classWind,
+               windInput,
+               windAtHeight,
+               distX,
+               sigmaZBase,
+               sigmaZ,
+               sigmaY,
+               distAt,
+               sigmaZBaseAt,
+               sigmaZAt,
+               sigmaYAt,
+               sigmaZAtMax,
+               concGround,
+               concAxis,
+               concAxisEnd,
+               concAt,
+               levelConcAt,
+               halfWidthAt,
+               halfWidthMax,
+               halfWidthAtRounded,
+               mgcPass] = state;
+  each("htRelease", htRelease), each("htSimul", htSimul), each("classWind", classWind), each("windInput", windInput),
+      each("windAtHeight", windAtHeight), each("distX", distX), each("sigmaZBase", sigmaZBase), each("sigmaZ", sigmaZ),
+      each("sigmaY", sigmaY), each("distAt", distAt), each("sigmaZBaseAt", sigmaZBaseAt), each("sigmaZAt", sigmaZAt),
+      each("sigmaYAt", sigmaYAt), each("sigmaZAtMax", sigmaZAtMax), each("concGround", concGround),
+      each("concAxis", concAxis), each("concAxisEnd", concAxisEnd), each("concAt", concAt),
+      each("levelConcAt", levelConcAt), each("halfWidthAt", halfWidthAt), each("halfWidthMax", halfWidthMax),
+      each("halfWidthAtRounded", halfWidthAtRounded), each("mgcPass", mgcPass);
 }
 
 template <class Each>
-void visit(const PointQueryState& s, Each&& each) {
-  each("plotLevel", s.plotLevel), each("drawMode", s.drawMode), each("isoElevate", s.isoElevate);
+void visit(const PointQueryState& state, Each&& each) {
+  const auto& [plotLevel, drawMode, isoElevate] = state;
+  each("plotLevel", plotLevel), each("drawMode", drawMode), each("isoElevate", isoElevate);
 }
 
 template <class Each>
-void visit(const SweepState& s, Each&& each) {
-  each("endDist", s.endDist), each("distSweep", s.distSweep), each("sweepFrom", s.sweepFrom);
-  each("sweepTo", s.sweepTo), each("sweepStep", s.sweepStep), each("mgc", s.mgc), each("mgcDist", s.mgcDist);
-  each("concPeak", s.concPeak), each("maxIsopConc", s.maxIsopConc), each("maxConcDist", s.maxConcDist);
-  each("levelConcBgn", s.levelConcBgn), each("levelConcEnd", s.levelConcEnd), each("bgnPoint", s.bgnPoint);
-  each("endPoint", s.endPoint), each("bgnIdx", s.bgnIdx), each("endIdx", s.endIdx), each("bgnLevel", s.bgnLevel);
-  each("endLevel", s.endLevel), each("shownLevel", s.shownLevel), each("mgcDone", s.mgcDone);
-  each("maxConcDone", s.maxConcDone);
+void visit(const SweepState& state, Each&& each) {
+  const auto& [endDist,
+               distSweep,
+               sweepFrom,
+               sweepTo,
+               sweepStep,
+               mgc,
+               mgcDist,
+               concPeak,
+               maxIsopConc,
+               maxConcDist,
+               levelConcBgn,
+               levelConcEnd,
+               bgnPoint,
+               endPoint,
+               bgnIdx,
+               endIdx,
+               bgnLevel,
+               endLevel,
+               shownLevel,
+               mgcDone,
+               maxConcDone] = state;
+  each("endDist", endDist), each("distSweep", distSweep), each("sweepFrom", sweepFrom), each("sweepTo", sweepTo),
+      each("sweepStep", sweepStep), each("mgc", mgc), each("mgcDist", mgcDist), each("concPeak", concPeak),
+      each("maxIsopConc", maxIsopConc), each("maxConcDist", maxConcDist), each("levelConcBgn", levelConcBgn),
+      each("levelConcEnd", levelConcEnd), each("bgnPoint", bgnPoint), each("endPoint", endPoint),
+      each("bgnIdx", bgnIdx), each("endIdx", endIdx), each("bgnLevel", bgnLevel), each("endLevel", endLevel),
+      each("shownLevel", shownLevel), each("mgcDone", mgcDone), each("maxConcDone", maxConcDone);
 }
 
 template <class Each>
-void visit(const LevelState& s, Each&& each) {
-  each("halfWidthPrev", s.halfWidthPrev), each("halfWidthLast", s.halfWidthLast);
-  each("halfWidthCur", s.halfWidthCur), each("maxWidthDist", s.maxWidthDist), each("widthIdx", s.widthIdx);
-  each("sweepLevel", s.sweepLevel), each("widthLevel", s.widthLevel), each("levelIdx", s.levelIdx);
-  each("firstPass", s.firstPass), each("waitShown", s.waitShown);
+void visit(const LevelState& state, Each&& each) {
+  const auto& [halfWidthPrev,
+               halfWidthLast,
+               halfWidthCur,
+               maxWidthDist,
+               widthIdx,
+               sweepLevel,
+               widthLevel,
+               levelIdx,
+               firstPass,
+               waitShown] = state;
+  each("halfWidthPrev", halfWidthPrev), each("halfWidthLast", halfWidthLast), each("halfWidthCur", halfWidthCur),
+      each("maxWidthDist", maxWidthDist), each("widthIdx", widthIdx), each("sweepLevel", sweepLevel),
+      each("widthLevel", widthLevel), each("levelIdx", levelIdx), each("firstPass", firstPass),
+      each("waitShown", waitShown);
 }
 
 template <class Each>
-void visit(const LimitState& s, Each&& each) {
-  each("ftlLimit", s.ftlLimit), each("injLimit", s.injLimit);
+void visit(const LimitState& state, Each&& each) {
+  const auto& [ftlLimit, injLimit] = state;
+  each("ftlLimit", ftlLimit), each("injLimit", injLimit);
 }
 
 template <class Each>
-void visit(const WindShareState& s, Each&& each) {
-  each("windTotal", s.windTotal), each("calmPct", s.calmPct);
+void visit(const WindShareState& state, Each&& each) {
+  const auto& [windTotal, calmPct] = state;
+  each("windTotal", windTotal), each("calmPct", calmPct);
 }
 
 }  // namespace noldarz

@@ -16,8 +16,13 @@ constexpr std::string_view puffTimeCaption = "Time for Puff Dispersion to end (S
 
 }  // namespace
 
-Sweep::Sweep(SweepState& sweep, ModelState& model, PlumeModel& plume, const LevelFields& level,
-             const ResultFields& result, Progress& progress, Desktop& desktop)
+Sweep::Sweep(SweepState& sweep,
+             ModelState& model,
+             PlumeModel& plume,
+             const LevelFields& level,
+             const ResultFields& result,
+             Progress& progress,
+             Desktop& desktop)
     : sweep_(sweep),
       model_(model),
       plume_(plume),
@@ -25,32 +30,30 @@ Sweep::Sweep(SweepState& sweep, ModelState& model, PlumeModel& plume, const Leve
       result_(result),
       progress_(progress),
       desktop_(desktop),
+      trap_([this](const RuntimeFailure&) {
+        desktop_.messageBox(information("Please Run this application as an administrator."));
+      }),
       beginPointTrap_([this](const RuntimeFailure& failure) {
         desktop_.messageBox(information("2. Please Run this program as an administrator/Anti-virus trust.\nMsg. No." +
                                         std::to_string(failure.number())));
       }) {}
 
 void Sweep::runSweep() {
-  const Trap trap{[this](const RuntimeFailure&) {
-    desktop_.messageBox(information("Please Run this application as an administrator."));
-  }};
   const double limit = sweep_.sweepTo;
   const double step = sweep_.sweepStep;
   for (sweep_.distSweep = sweep_.sweepFrom; sweep_.distSweep <= limit; sweep_.distSweep += step) {
     model_.distX = rounded(sweep_.distSweep, 2);
-    trap.steps([&] { plume_.calcSigmaZBase(); },    //
-               [&] { plume_.calcWindAtHeight(); },  //
-               [&] { plume_.calcSigmaZ(); },        //
-               [&] { plume_.calcSigmaY(); },        //
-               [&] { progress_.showProgress(); },   //
-               [&] { findPeak(); },                 //
-               [&] { testBeginPoint(); },           //
-               [&] { testEndPoint(); });
-    if (sweep_.mgcDone == 0)
-      trap.steps([&] { plume_.calcConcGround(); },  //
-                 [&] { takeGroundMaximum(); });
+    trap_.steps([&] { plume_.calcSigmaZBase(); },
+                [&] { plume_.calcWindAtHeight(); },
+                [&] { plume_.calcSigmaZ(); },
+                [&] { plume_.calcSigmaY(); },
+                [&] { progress_.showProgress(); },
+                [&] { findPeak(); },
+                [&] { testBeginPoint(); },
+                [&] { testEndPoint(); });
+    if (sweep_.mgcDone == 0) trap_.steps([&] { plume_.calcConcGround(); }, [&] { takeGroundMaximum(); });
   }
-  reportUnreachedGroundMaximum();
+  reportFarSweep();
 }
 
 void Sweep::findPeak() {
@@ -114,7 +117,7 @@ void Sweep::testEndPoint() {
         const double length = level_.endpt[level].number() - level_.bgnpt[level].number();
         level_.isoplngt[level].setText(Format(length, "0.00"));
       },
-      [&] { endSweep(); },  //
+      [&] { endSweep(); },
       [&] { ++sweep_.endIdx; });
 }
 
@@ -128,7 +131,7 @@ void Sweep::takeGroundMaximum() {
   if (sweep_.maxConcDone == 1) endSweep();
 }
 
-void Sweep::reportUnreachedGroundMaximum() {
+void Sweep::reportFarSweep() {
   if (model_.distX < reportedDistance && result_.mgctxt.text() != mark::nothing) return;
   if (sweep_.mgcDone == 1) {
     result_.distconctxt.setText(Format(model_.distX - 1, "0.00"));

@@ -14,11 +14,19 @@ namespace noldarz {
 
 class Sweep {
  public:
-  Sweep(SweepState& sweep, ModelState& model, PlumeModel& plume, const LevelFields& level, const ResultFields& result,
-        Progress& progress, Desktop& desktop);
+  Sweep(SweepState& sweep,
+        ModelState& model,
+        PlumeModel& plume,
+        const LevelFields& level,
+        const ResultFields& result,
+        Progress& progress,
+        Desktop& desktop);
 
   /// Steps from sweepFrom to sweepTo by sweepStep; distSweep is a running sum. A search ends the sweep by setting
   /// distSweep to sweepTo. A failing routine of a step shows a box, and the sweep goes on behind it.
+  ///
+  /// A begin point that is found runs the sweep again from inside the step, for the next level, up to six deep; what
+  /// the inner sweep leaves in distSweep ends the outer ones, and each of them makes its closing test.
   ///
   /// Searches and their switches: the peak while maxConcDone is 0, begin points while bgnIdx is below 6, end points
   /// while endIdx is below 6, the maximum ground concentration while mgcDone is 0.
@@ -30,7 +38,9 @@ class Sweep {
   void testEndPoint();
   /// Takes the candidate at the first step at which sigmaZ has reached sigmaZAtMax.
   void takeGroundMaximum();
-  void reportUnreachedGroundMaximum();
+  /// The closing test of every sweep, nested ones too: one that came to 10000 m, or that left the maximum ground
+  /// concentration unknown, says so in a box. A known one has its shown distance replaced by the end of this sweep.
+  void reportFarSweep();
   /// maxIsopConc and maxConcDist in their fields; the shown concentration stands 5 percent below.
   void showPeak();
   void endSweep() { sweep_.distSweep = sweep_.sweepTo; }
@@ -42,7 +52,8 @@ class Sweep {
   const ResultFields& result_;
   Progress& progress_;
   Desktop& desktop_;
-  Trap beginPointTrap_;
+  Trap trap_;            // of the routines of a step
+  Trap beginPointTrap_;  // of the statements of testBeginPoint
 };
 
 }  // namespace noldarz

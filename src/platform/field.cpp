@@ -55,6 +55,19 @@ void Field::setTop(double top) { change(top_, top, Property::top); }
 void Field::setWidth(double width) { change(width_, width, Property::width); }
 void Field::setHeight(double height) { change(height_, height, Property::height); }
 
+std::string Field::fullName() const { return view_.name() + "." + name_; }
+
+bool Field::takesFocus() const {
+  switch (kind_) {
+    case FieldKind::label:
+    case FieldKind::menu:
+    case FieldKind::picture:
+    case FieldKind::shape:
+    case FieldKind::timer: return false;
+    default: return true;
+  }
+}
+
 bool Field::usable() const { return enabled_ && visible_ && view_.acceptsInput(); }
 
 void Field::fire(Event event) { view_.fire(*this, event); }

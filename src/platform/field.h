@@ -87,7 +87,7 @@ class Field {
   /// Index of the text in a vocabulary, compared exactly; -1 for any other text.
   int wordIndex(std::span<const std::string_view> vocabulary) const;
 
-  /// 1 or 0 of a check or option field, 1 for a checked menu entry, position of a slider.
+  /// 1 or 0 of a check or option field, 1 for a checked menu entry, position of a slider, interval of a timer (ms).
   int value() const { return value_; }
   void setValue(int value);
 
@@ -124,6 +124,10 @@ class Field {
   void setWidth(double width);
   void setHeight(double height);
 
+  /// "view.field"
+  std::string fullName() const;
+  /// Whether the focus can come to a field of this kind.
+  bool takesFocus() const;
   /// Whether a user can act on the field now: it and its view are visible, it is enabled, no modal view
   /// lies above.
   bool usable() const;

@@ -9,9 +9,22 @@ namespace noldarz {
 namespace {
 
 // In the order of Property.
-constexpr std::array<std::string_view, 16> names{
-    "text",       "caption",    "value",      "enabled", "visible", "checked", "toolTip", "tag",
-    "backColour", "foreColour", "fillColour", "entries", "left",    "top",     "width",   "height"};
+constexpr std::array<std::string_view, 16> names{"text",
+                                                 "caption",
+                                                 "value",
+                                                 "enabled",
+                                                 "visible",
+                                                 "checked",
+                                                 "toolTip",
+                                                 "tag",
+                                                 "backColour",
+                                                 "foreColour",
+                                                 "fillColour",
+                                                 "entries",
+                                                 "left",
+                                                 "top",
+                                                 "width",
+                                                 "height"};
 
 std::optional<bool> parseTruth(std::string_view text) {
   if (text == "true" || text == "1") return true;

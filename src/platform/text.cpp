@@ -46,8 +46,11 @@ struct Decimal {
 
   explicit Decimal(double value) {
     std::array<char, 32> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
-                                   std::chars_format::scientific, significantDigits - 1)
+    const auto end = std::to_chars(buffer.data(),
+                                   buffer.data() + buffer.size(),
+                                   std::fabs(value),
+                                   std::chars_format::scientific,
+                                   significantDigits - 1)
                          .ptr;
     negative = std::signbit(value);
     digits[0] = buffer[0];
@@ -168,14 +171,26 @@ int toInteger(double value) {
 }
 
 std::string longDate(std::chrono::year_month_day date) {
-  static constexpr std::array<std::string_view, 7> days{"Sunday",   "Monday", "Tuesday", "Wednesday",
-                                                        "Thursday", "Friday", "Saturday"};
-  static constexpr std::array<std::string_view, 12> months{"January",   "February", "March",    "April",
-                                                           "May",       "June",     "July",     "August",
-                                                           "September", "October",  "November", "December"};
+  static constexpr std::array<std::string_view, 7> days{
+      "Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
+  static constexpr std::array<std::string_view, 12> months{"January",
+                                                           "February",
+                                                           "March",
+                                                           "April",
+                                                           "May",
+                                                           "June",
+                                                           "July",
+                                                           "August",
+                                                           "September",
+                                                           "October",
+                                                           "November",
+                                                           "December"};
   const std::chrono::weekday day{std::chrono::sys_days{date}};
-  return fmt::format("{}, {} {}, {}", days.at(day.c_encoding()), months.at(unsigned{date.month()} - 1),
-                     unsigned{date.day()}, int{date.year()});
+  return fmt::format("{}, {} {}, {}",
+                     days.at(day.c_encoding()),
+                     months.at(unsigned{date.month()} - 1),
+                     unsigned{date.day()},
+                     int{date.year()});
 }
 
 }  // namespace noldarz

@@ -1,6 +1,7 @@
 #include "platform/view.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace noldarz {
 
@@ -18,7 +19,10 @@ Field* View::find(std::string_view name) {
   return found == fields_.end() ? nullptr : &*found;
 }
 
-void View::on(Field& field, Event event, Rule rule) { subscriptions_.push_back({&field, event, std::move(rule)}); }
+void View::on(Field& field, Event event, Rule rule) {
+  if (&field.view() != this) throw std::logic_error("the field " + field.fullName() + " is not of view " + name_);
+  subscriptions_.push_back({&field, event, std::move(rule)});
+}
 
 void View::fire(Field& field, Event event) {
   for (std::size_t i = 0; i < subscriptions_.size(); ++i)  // by index: a rule may subscribe another

@@ -50,19 +50,17 @@ class View {
   /// The field of that name; null when the view has none.
   Field* find(std::string_view name);
 
-  /// Subscribes a rule to an event of a field; rules of one event run in the order of subscription.
+  /// Subscribes a rule to an event of a field of this view; rules of one event run in the order of subscription. A rule
+  /// may subscribe others; one for the event that is running runs at once, as the last.
   void on(Field& field, Event event, Rule rule);
   /// Runs the rules of the event. Desktop widgets, scripts and tests all come in here.
   void fire(Field& field, Event event);
-  /// Each change of a property is told to the observers, for a front that shows the view.
+  /// Each change of a property is told to the observers, for a front that shows the view: text and caption are one and
+  /// told as Property::text, value and checked as Property::value.
   void observe(Observer observer) { observers_.push_back(std::move(observer)); }
-  void notify(Field& field, Property property) {
-    for (const auto& observer : observers_) observer(field, property);
-  }
 
   /// Counts up with every change of a text, so that what was read from several fields is known to be still good.
   std::uint64_t textRevision() const { return textRevision_; }
-  void textChanged() { ++textRevision_; }
 
   void onLoad(Rule rule) { loadRules_.push_back(std::move(rule)); }
   void onClose(Rule rule) { closeRules_.push_back(std::move(rule)); }
@@ -79,6 +77,12 @@ class View {
   bool acceptsInput() const;
 
  private:
+  friend class Field;
+  void notify(Field& field, Property property) {
+    for (const auto& observer : observers_) observer(field, property);
+  }
+  void textChanged() { ++textRevision_; }
+
   struct Subscription {
     Field* field;
     Event event;
@@ -99,6 +103,7 @@ class View {
   bool modal_ = false;
 };
 
+/// Made before its views, and outlives them.
 class Views {
  public:
   /// All views, in the order in which they were made.

@@ -18,7 +18,8 @@ namespace noldarz {
 
 class System {
  public:
-  explicit System(Desktop& desktop);
+  /// `effects`: what a press asks of the rooms above the engine; without it a press leaves these steps out.
+  explicit System(Desktop& desktop, Effects* effects = nullptr);
   System(const System&) = delete;
   System& operator=(const System&) = delete;
 

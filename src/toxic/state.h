@@ -9,19 +9,18 @@
 
 namespace noldarz {
 
-/// A cell of the report table: a number, or a text such as "<0.001". A cell that was never written holds integer 0.
-using TableCell = std::variant<int, double, std::string>;
+/// A cell of the report table: a number, 0 when it was never written, or a text such as "<0.001".
+using TableCell = std::variant<double, std::string>;
 
 struct ToxicState {
   /// Report table of the limit search, six cells a row, 20 rows: distance (m), fatality (%), injury (%), area (Ha),
-  /// concentration (ppm), dose.
+  /// concentration (ppm), dose. The last cells, behind the 20 rows, are never filled.
   std::array<TableCell, 127> prbtTable{};
 };
 
 inline std::string cellText(const TableCell& cell) {
-  if (const auto* text = std::get_if<std::string>(&cell)) return *text;
-  if (const auto* number = std::get_if<double>(&cell)) return plainText(*number);
-  return std::to_string(std::get<int>(cell));
+  const auto* text = std::get_if<std::string>(&cell);
+  return text ? *text : plainText(std::get<double>(cell));
 }
 
 }  // namespace noldarz

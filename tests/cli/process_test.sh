@@ -36,7 +36,14 @@ expect 2 '' '*' script
 expect 2 '' '*'
 expect 0 '*' '' --help
 expect 0 '*' '' --version
-LC_ALL=de_DE.UTF-8 expect 0 '{"echo":"hello"}' '' script -
+
+# A locale with a decimal comma changes no number.
+localedef -i de_DE -f UTF-8 ./de_DE.UTF-8
+echo 'set htreltxt 2.5
+click comput
+state htRelease' >in
+LOCPATH=$PWD LC_ALL=de_DE.UTF-8 "$cli" script - <in >out
+tail -n 1 out | grep -qxF '{"state":"htRelease","value":2.5}' || { echo "a decimal comma came in"; failures=$((failures + 1)); }
 
 # A full disk is a failure, not a short answer.
 if [ -w /dev/full ]; then

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "cli/words.h"
+#include "cli/script_error.h"
 #include "platform/failure.h"
 
 namespace noldarz {
@@ -63,8 +63,9 @@ TEST(ScriptedDesktop, repliesComeFromTheQueueOrAreTheDefault) {
   EXPECT_EQ(d.desktop.messageBox(question), Reply::no);
   d.desktop.queueReply("yes");
   EXPECT_EQ(d.desktop.messageBox(question), Reply::yes);
-  EXPECT_EQ(d.record[1].dump(), R"({"box":{"title":"QUENDARIS","text":"go on?","icon":"information","buttons":"yesno",)"
-                                R"("default":"no","reply":"yes"}})");
+  EXPECT_EQ(d.record[1].dump(),
+            R"({"box":{"title":"QUENDARIS","text":"go on?","icon":"information","buttons":"yesno",)"
+            R"("default":"no","reply":"yes"}})");
   d.desktop.queueReply("ok");
   EXPECT_THROW(d.desktop.messageBox(question), ScriptError);
   EXPECT_EQ(d.record[2]["box"]["reply"], "ok");  // on the record all the same

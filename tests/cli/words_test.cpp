@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "cli/script_error.h"
+
 namespace noldarz {
 namespace {
 

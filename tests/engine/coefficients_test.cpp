@@ -24,7 +24,8 @@ TEST(Coefficients, agreeWithTheReferenceForEveryClassAndDensity) {
     const int stabilityClass = static_cast<int>(found - stabilityClasses.begin());
     const double density = strictNumber(row.at(1));
     const double x = strictNumber(row.at(2));
-    const double figures[] = {sigmaZFromClass(stabilityClass, x), verticalAfterDensity(stabilityClass, density, x),
+    const double figures[] = {sigmaZFromClass(stabilityClass, x),
+                              verticalAfterDensity(stabilityClass, density, x),
                               sigmaYFromClass(stabilityClass, x)};
     for (std::size_t i = 0; i < 3; ++i) {
       const double expected = strictNumber(row.at(3 + i));
@@ -51,8 +52,15 @@ TEST(Coefficients, formsMeetAtTheBreakpoint) {
   const struct {
     int stabilityClass;
     double breakpoint;
-  } cases[] = {{0, 289.614}, {1, 303.121}, {3, 424.504},  {5, 368.652}, {6, 368.653},
-               {8, 366.919}, {9, 410.429}, {10, 588.084}, {11, 289.614}};
+  } cases[] = {{0, 289.614},
+               {1, 303.121},
+               {3, 424.504},
+               {5, 368.652},
+               {6, 368.653},
+               {8, 366.919},
+               {9, 410.429},
+               {10, 588.084},
+               {11, 289.614}};
   for (const auto& [stabilityClass, breakpoint] : cases) {
     const double below = sigmaZFromClass(stabilityClass, std::nextafter(breakpoint, 0));
     const double at = sigmaZFromClass(stabilityClass, breakpoint);
@@ -64,8 +72,16 @@ TEST(Coefficients, formsMeetAtTheBreakpoint) {
 TEST(HeavyGasFactor, joinsTheClassTableAtTheLimitOfItsBand) {
   const struct {
     double density, distance, factor;
-  } cases[] = {{1, 2, 1},    {1.01, 2, 0.42}, {1.5, 2, 0.42}, {1.5, 60, 1.0},  {1.5, 60.01, 1},
-               {1.5, 61, 1}, {1.51, 2, 0.22}, {1.6, 80, 1.0}, {1.6, 80.01, 1}, {2.5, 30, 0.5}};
+  } cases[] = {{1, 2, 1},
+               {1.01, 2, 0.42},
+               {1.5, 2, 0.42},
+               {1.5, 60, 1.0},
+               {1.5, 60.01, 1},
+               {1.5, 61, 1},
+               {1.51, 2, 0.22},
+               {1.6, 80, 1.0},
+               {1.6, 80.01, 1},
+               {2.5, 30, 0.5}};
   for (const auto& [density, distance, factor] : cases)
     EXPECT_NEAR(heavyGasFactor(density, distance), factor, 1e-15) << density << " at " << distance;
 }

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/text.h"
 #include "support/test_system.h"
 
 namespace noldarz::test {
@@ -65,8 +66,13 @@ TEST(Compute, trapClosesTheWaitViewAndGoesOn) {
   system.press();
   system.setLevels({"1000", "500", "200", "100", "50", "0"});  // level 5 does not apply: its fields hold "N.A."
   View& wait = *system.session.system().views().find("aniwait1");
-  wait.onClose([&] { EXPECT_EQ(system.text("isopwdth(0)"), "0"); });  // closed before the widths, on the first failure
+  int closes = 0;
+  wait.onClose([&] {
+    ++closes;
+    EXPECT_EQ(system.text("isopwdth(0)"), "0");  // before the widths, on the first failure
+  });
   system.press();
+  EXPECT_EQ(closes, 1);
   EXPECT_TRUE(system.takeBoxes().empty());
   for (const char* name : {"bgnpt(5)", "endpt(5)", "isoplngt(5)", "isopwdth(5)", "isopang(5)", "isoparea(5)"})
     EXPECT_EQ(system.text(name), "N.A.") << name;
@@ -84,12 +90,53 @@ TEST(Compute, inputThatIsNoNumberKeepsItsVariable) {
   EXPECT_EQ(system.state().mgcDone, 1);
 }
 
-TEST(Compute, clearsTheLimitsOfTheRunBefore) {
-  TestSystem system;
-  system.setRelease();
-  system.press();
-  EXPECT_EQ(system.state().ftlLimit, 0);
-  EXPECT_EQ(system.state().injLimit, 0);
+/// Rooms above the engine that write down when they are asked, and fail if told so.
+class RecordingEffects : public Effects {
+ public:
+  void takeProbitConstants() override { note("constants"); }
+  void storeFlammableMass(double mass) override { note("mass " + Format(mass, "0.00")); }
+  void searchLimits() override { note("limits"); }
+  void storeRun() override { note("row"); }
+
+  std::vector<std::string> asked;
+  bool failing = false;
+
+ private:
+  void note(const std::string& what) {
+    asked.push_back(what);
+    if (failing) fail(FailureNumber::typeMismatch);
+  }
+};
+
+TEST(Compute, asksTheRoomsAboveInOrderAlsoWhenTheyFail) {
+  for (const bool failing : {false, true}) {
+    RecordingEffects effects;
+    effects.failing = failing;
+    ScriptedDesktop desktop{[](const Json&) {}};
+    System system{desktop, &effects};
+    MainView& main = system.mainView();
+    main.view.show();
+    const auto press = [&] {
+      effects.asked.clear();
+      main.command.comput.fire(Event::click);
+      return effects.asked;
+    };
+    for (const auto& [name, text] : std::map<std::string, std::string>{{"scnrotypetxt", "PLUME"},
+                                                                       {"QntyRelstxt", "5"},
+                                                                       {"molwttxt", "29"},
+                                                                       {"vapordnstytxt", "1"},
+                                                                       {"wndveltxt", "6"}})
+      main.view.find(name)->setText(text);
+    EXPECT_EQ(press(), (std::vector<std::string>{"constants", "mass 0.00", "limits"}));  // no level is complete
+    main.level.constn[1].setText("50");
+    EXPECT_EQ(press(), std::vector<std::string>{"constants"});  // refused: no close-out
+    const char* levels[] = {"1000", "500", "200", "100", "50", "20"};
+    for (int i = 0; i < levelCount; ++i) main.level.constn[i].setText(levels[i]);
+    const auto asked = press();
+    const std::string mass = "mass " + Format(main.result.expmass.text(), "0.00");
+    EXPECT_EQ(asked, (std::vector<std::string>{"constants", mass, "limits", "row"}));
+    EXPECT_EQ(main.command.comput.caption(), "Concentration distances computed.");
+  }
 }
 
 TEST(Compute, goesToTheCloseOutWhenOneResultIsMissing) {

@@ -47,11 +47,16 @@ TEST(FlammableMass, isChosenByTheCaptions) {
     std::array<const char*, 3> captions;
     const char* mass;
   } cases[] = {
-      {{"UEL:", "TEEL3/IDLH:", "LEL:"}, "5.640"},   {{"UEL:", "TEEL3/IDLH:", "Lel."}, "5.640"},
-      {{"LEL:", "UEL:", "TEEL2:"}, "0.609"},        {{"Lel", "LEL:", "TEEL2:"}, "0.609"},
-      {{"TEET3/IDLH:", "LEL:", "TEEL2:"}, "2.369"}, {{"UEL:", "LEL:", "Teel/Idlh"}, "2.369"},
-      {{"UEL:", "LEL:", "TEEL3/IDLH:"}, "1.658"},   {{"UEL:", "Lel.", "TEEL3/IDLH:"}, "1.658"},
-      {{"UEL:", "Lel", "TEEL3/IDLH:"}, "0"},        {{"Conc. 0", "Conc. 1", "TEEL3/IDLH:"}, "0"},
+      {{"UEL:", "TEEL3/IDLH:", "LEL:"}, "5.640"},
+      {{"UEL:", "TEEL3/IDLH:", "Lel."}, "5.640"},
+      {{"LEL:", "UEL:", "TEEL2:"}, "0.609"},
+      {{"Lel", "LEL:", "TEEL2:"}, "0.609"},
+      {{"TEET3/IDLH:", "LEL:", "TEEL2:"}, "2.369"},
+      {{"UEL:", "LEL:", "Teel/Idlh"}, "2.369"},
+      {{"UEL:", "LEL:", "TEEL3/IDLH:"}, "1.658"},
+      {{"UEL:", "Lel.", "TEEL3/IDLH:"}, "1.658"},
+      {{"UEL:", "Lel", "TEEL3/IDLH:"}, "0"},
+      {{"Conc. 0", "Conc. 1", "TEEL3/IDLH:"}, "0"},
       {{"TEEL3/IDLH:", "uel:", "TEEL2:"}, "0"},
   };
   for (const auto& [captions, mass] : cases) {

@@ -1,5 +1,5 @@
-// Whole runs of two and three presses against figures worked out outside the program: every result field, every box,
-// every enabled state.
+// Whole runs of two and three presses against figures worked out outside the program: every result field, every box, and
+// what is enabled.
 
 #include <gtest/gtest.h>
 
@@ -19,8 +19,17 @@ void checkPress(TestSystem& system, const nlohmann::json& run, const std::string
       EXPECT_EQ(system.text(name), text.get<std::string>()) << name;
       continue;
     }
-    for (const char* field : {"comput", "prntprv", "getconclvl", "constn(0)", "constn(1)", "constn(2)", "constn(3)",
-                              "constn(4)", "constn(5)", "htreltxt", "wndveltxt"})
+    for (const char* field : {"comput",
+                              "prntprv",
+                              "getconclvl",
+                              "constn(0)",
+                              "constn(1)",
+                              "constn(2)",
+                              "constn(3)",
+                              "constn(4)",
+                              "constn(5)",
+                              "htreltxt",
+                              "wndveltxt"})
       EXPECT_EQ(system.field(field).enabled(), std::find(text.begin(), text.end(), field) != text.end()) << field;
   }
   auto boxes = system.takeBoxes();

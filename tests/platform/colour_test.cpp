@@ -6,9 +6,12 @@ namespace noldarz {
 namespace {
 
 TEST(Colour, isReadAsItIsWritten) {
-  for (const Colour colour :
-       {Colour{1, 2, 255}, Colour{}, Colour{SystemColour::buttonFace}, Colour{SystemColour::windowBackground},
-        Colour{SystemColour::windowText}, Colour{SystemColour::buttonText}})
+  for (const Colour colour : {Colour{1, 2, 255},
+                              Colour{},
+                              Colour{SystemColour::buttonFace},
+                              Colour{SystemColour::windowBackground},
+                              Colour{SystemColour::windowText},
+                              Colour{SystemColour::buttonText}})
     EXPECT_EQ(parseColour(colourText(colour)), colour) << colourText(colour);
   EXPECT_EQ(colourText({224, 224, 224}), "#e0e0e0");
   EXPECT_EQ(colourText(Colour::fromScreen(0xC0E0FF)), "#ffe0c0");  // red in the lowest byte

@@ -35,8 +35,9 @@ TEST(Trap, goesOnBehindTheFailingStatement) {
   int target = 1;
   std::vector<int> seen;
   const Trap trap{[&](const RuntimeFailure& failure) { seen.push_back(failure.number()); }};
-  trap.steps([&] { target = 2; }, [&] { target = static_cast<int>(checked(infinite)); },  // leaves its target
-             [&] { ++target; },                                                           //
+  trap.steps([&] { target = 2; },
+             [&] { target = static_cast<int>(checked(infinite)); },  // leaves its target
+             [&] { ++target; },
              [&] { fail(FailureNumber::typeMismatch); });
   EXPECT_EQ(target, 3);
   EXPECT_EQ(seen, (std::vector<int>{6, 13}));

@@ -55,10 +55,14 @@ TEST(Property, standsForTheFieldByItsKind) {
   const struct {
     FieldKind kind;
     Property main;
-  } cases[] = {{FieldKind::text, Property::text},      {FieldKind::combo, Property::text},
-               {FieldKind::list, Property::text},      {FieldKind::label, Property::caption},
-               {FieldKind::button, Property::caption}, {FieldKind::menu, Property::caption},
-               {FieldKind::check, Property::value},    {FieldKind::option, Property::value},
+  } cases[] = {{FieldKind::text, Property::text},
+               {FieldKind::combo, Property::text},
+               {FieldKind::list, Property::text},
+               {FieldKind::label, Property::caption},
+               {FieldKind::button, Property::caption},
+               {FieldKind::menu, Property::caption},
+               {FieldKind::check, Property::value},
+               {FieldKind::option, Property::value},
                {FieldKind::slider, Property::value}};
   for (const auto& [kind, main] : cases) EXPECT_EQ(mainProperty(view.add(kind, "f")), main);
 }

@@ -4,6 +4,10 @@
 
 #include <clocale>
 #include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 #include <limits>
 #include <random>
 
@@ -96,16 +100,36 @@ TEST(Format, roundsHalfAwayFromZero) {
   EXPECT_THROW(Format(std::numeric_limits<double>::infinity(), "0.00"), RuntimeFailure);
 }
 
-TEST(Rounded, isWhatReadingTheFormatBackGives) {
+/// |value| with so many decimals in units of the last one: 15 significant digits by printf, rounded half up as integers.
+std::int64_t unitsOf(double value, int decimals) {
+  char text[40];
+  std::snprintf(text, sizeof text, "%.14e", std::fabs(value));
+  const std::string digits = std::string(1, text[0]) + std::string(text + 2, 14);
+  std::int64_t units = std::stoll(digits);
+  for (int shift = std::atoi(text + 17) - 14 + decimals; shift != 0; shift += shift < 0 ? 1 : -1) {
+    if (shift < -1) units /= 10;  // the digit behind the last decides alone
+    if (shift == -1) return (units + 5) / 10;
+    if (shift > 0) units *= 10;
+  }
+  return units;
+}
+
+TEST(Rounding, isThatOfTheFifteenDigitForm) {
   const char* patterns[] = {"0", "0.0", "0.00", "0.000", "0.0000", "0.00000"};
   std::mt19937 random{7};
-  for (int i = 0; i < 50000; ++i) {
+  const auto draw = [&] { return static_cast<double>(random() % 1000000007) / 1000000007; };
+  for (int i = 0; i < 60000; ++i) {
     const int decimals = i % 6;
-    double value = std::ldexp(static_cast<double>(random()), static_cast<int>(random() % 50) - 40);
-    // Ties and their neighbours, which running sums and halves of two-decimal numbers meet all the time.
-    if (i % 3 == 0) value = std::trunc(value * 1e3) / 1e3 + (random() % 2 == 0 ? 0.005 : 0.0055);
+    const double unit = std::pow(10, -decimals);
+    double value = draw() * std::pow(10, static_cast<int>(random() % 13) - 3);
+    if (i % 2 == 0) value = (std::floor(value / unit) + 0.5) * unit;  // a tie, as near as a double comes
+    if (i % 4 == 0) value = std::nextafter(value, random() % 2 == 0 ? 0 : value * 2);  // and its neighbours
+    if (i % 8 == 0) value = (std::floor(value / unit) + 0.5 + (draw() - 0.5) * 4e-3) * unit;
     if (i % 7 == 0) value = -value;
-    EXPECT_EQ(rounded(value, decimals), strictNumber(Format(value, patterns[decimals]))) << std::hexfloat << value;
+    const std::int64_t units = unitsOf(value, decimals);
+    const double expected = std::copysign(static_cast<double>(units) / std::pow(10, decimals), units == 0 ? 1 : value);
+    ASSERT_EQ(rounded(value, decimals), expected) << std::hexfloat << value << ' ' << decimals;
+    ASSERT_EQ(strictNumber(Format(value, patterns[decimals])), expected) << std::hexfloat << value << ' ' << decimals;
   }
   EXPECT_FALSE(std::signbit(rounded(-0.001, 2)));
 }
@@ -150,10 +174,18 @@ TEST(LongDate, isEnglish) {
 }
 
 TEST(Text, isTheSameInALocaleWithADecimalComma) {
+  const std::string folder = testing::TempDir() + "locales";
+  std::filesystem::create_directories(folder);
+  const std::string make = "localedef -i de_DE -f UTF-8 " + folder + "/de_DE.UTF-8";
+  ASSERT_EQ(std::system(make.c_str()), 0);  // NOLINT(cert-env33-c): the one way to have such a locale everywhere
+  setenv("LOCPATH", folder.c_str(), 1);
   const std::string before = std::setlocale(LC_ALL, nullptr);
-  for (const char* name : {"de_DE.UTF-8", "fr_FR.UTF-8", "de_DE", "C.UTF-8"}) std::setlocale(LC_ALL, name);
+  ASSERT_NE(std::setlocale(LC_ALL, "de_DE.UTF-8"), nullptr);
+  ASSERT_STREQ(std::localeconv()->decimal_point, ",");
   EXPECT_EQ(Format(1234.5, "0.00"), "1234.50");
+  EXPECT_EQ(Format(8.325, "0.00"), "8.33");
   EXPECT_EQ(plainText(0.5), "0.5");
+  EXPECT_EQ(plainText(1.5e20), "1.5E+20");
   EXPECT_EQ(strictNumber("0.5"), 0.5);
   EXPECT_FALSE(isNumeric("0,5"));
   std::setlocale(LC_ALL, before.c_str());

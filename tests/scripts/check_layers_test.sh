@@ -27,6 +27,7 @@ refuses system/a.cpp '#include "cli/script.h"'
 refuses cli/a.cpp '#include "desktop/binder.h"'
 refuses engine/a.cpp '#include <QWidget>'
 refuses cli/a.cpp '#include <QtCore/QString>'
+refuses platform/a.cpp '#include "../engine/state.h"'
 refuses attic/a.cpp '#include <vector>'
 "$check" || failures=$((failures + 1))
 [ "$failures" = 0 ]

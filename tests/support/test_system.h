@@ -22,7 +22,7 @@ class TestSystem {
   void set(const std::map<std::string, std::string>& texts) {
     for (const auto& [name, value] : texts) field(name).setText(value);
   }
-  /// A chlorine-like release near the ground in class "D"; tests change what they are about.
+  /// A gas of the density of air near the ground in class "D"; tests change what they are about.
   void setRelease() {
     set({{"scnrotypetxt", "PLUME"},
          {"QntyRelstxt", "5"},

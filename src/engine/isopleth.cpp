@@ -39,9 +39,8 @@ Isopleth::Isopleth(ModelState& model,
 
 void Isopleth::calcHalfWidth() {
   plume_.plumeConc(model_.sigmaYAt, model_.sigmaZAt, isoplethTemperature, model_.concAt);
-  if (model_.concAt <= model_.levelConcAt) return;
-  const double ratio = checked(model_.concAt / divisor(model_.levelConcAt));
-  passes_.halfWidthCur = checked(squareRoot(2 * naturalLog(ratio)) * model_.sigmaYAt);
+  if (model_.concAt > model_.levelConcAt)
+    passes_.halfWidthCur = halfWidth(model_.concAt, model_.levelConcAt, model_.sigmaYAt);
 }
 
 void Isopleth::findMaxWidth(const Trap& regime) {

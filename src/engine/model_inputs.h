@@ -8,14 +8,14 @@
 
 #include "engine/air.h"
 #include "engine/fields.h"
+#include "engine/gaussian.h"
 #include "platform/text.h"
 #include "platform/view.h"
 
 namespace noldarz {
 
-/// Texts of `scnrotypetxt`, in the order of Release; "POOL" differs from "PLUME" nowhere in the engine.
+/// Texts of `scnrotypetxt`, in the order of Release.
 inline constexpr std::array<std::string_view, 3> releaseTypes{"PLUME", "POOL", "PUFF"};
-enum class Release : std::int8_t { none = -1, plume, pool, puff };
 
 /// A text that is no number fails where its number is asked for, not when it is read.
 struct ModelInputs {

@@ -1,7 +1,5 @@
 #include "engine/plume_model.h"
 
-#include <cmath>
-
 #include "engine/coefficients.h"
 #include "platform/failure.h"
 #include "platform/text.h"
@@ -9,16 +7,6 @@
 namespace noldarz {
 
 namespace {
-
-constexpr double twoPi = 6.28318;  // these digits, not a more exact value
-const double twoPiToThreeHalves = std::pow(twoPi, 1.5);
-constexpr double offAxis = 0.00001;      // m, lateral distance of the point looked at
-constexpr double gasConstant = 0.08205;  // l atm / (mol K)
-constexpr double gramsPerKilogram = 1000;
-constexpr double ppmOfLitres = 1000;         // 1e6 ppm / 1000 l/m3: g/m3 to ppm, with gasConstant * T / M
-constexpr double groundFactor = 8.55118538;  // stands for pi * e = 8.53973 in the maximum ground concentration
-
-double square(double value) { return value * value; }
 
 /// The value that the trace holds for the distance, worked out first when it is not known yet or nothing is traced.
 template <class Work>
@@ -28,9 +16,6 @@ double kept(AxisTrace* trace, double distance, double AxisTrace::Point::*value, 
   if (known < 0) known = work();
   return known;
 }
-
-/// exp(-t) for t from 0 up; below 1e-8 the two terms of its series are exact in a double.
-double decay(double t) { return t < 1e-8 ? 1 - t : std::exp(-t); }
 
 }  // namespace
 
@@ -47,9 +32,11 @@ void PlumeModel::setClassWind() {
 
 void PlumeModel::calcWindAtHeight() {
   if (model_.mgcPass == 1) {
-    if (!windKey_.holds(inputs_.revision(), model_)) {
+    if (windTexts_ != inputs_.revision() || windInput_ != model_.windInput || windHeight_ != model_.htRelease) {
       wind_ = windNow();
-      windKey_ = {inputs_.revision(), model_.windInput, model_.htRelease};
+      windTexts_ = inputs_.revision();
+      windInput_ = model_.windInput;
+      windHeight_ = model_.htRelease;
     }
     model_.windAtHeight = wind_;
   }
@@ -97,63 +84,25 @@ void PlumeModel::calcSigmaZBaseAt() { updateSigmaZBase(model_.distAt, nullptr, m
 void PlumeModel::calcSigmaZAt() { updateSigmaZ(model_.distAt, model_.sigmaZBaseAt, model_.sigmaZAt); }
 void PlumeModel::calcSigmaYAt() { updateSigmaY(model_.distAt, nullptr, model_.sigmaYAt); }
 
-double PlumeModel::ppmFactor(double T, double M) {
-  if (ppmTemperature_ != T || ppmWeight_ != M) {
-    ppmFactor_ = (T / divisor(M)) * gasConstant * ppmOfLitres;
-    ppmTemperature_ = T;
-    ppmWeight_ = M;
-  }
-  return ppmFactor_;
+Source PlumeModel::source() {
+  const ModelInputs& in = inputs_();
+  return {in.release, in.Q.number(), in.M.number(), model_.htRelease, model_.htSimul, model_.windAtHeight};
 }
 
 void PlumeModel::plumeConc(double sy, double sz, double T, double& conc) {
-  const ModelInputs& in = inputs_();
-  if (in.release == Release::none) return;
-  const double Q = in.Q.number();
-  const double M = in.M.number();
-  const double H = model_.htRelease;
-  const double z = model_.htSimul;
-  const double R = decay(0.5 * square((z + H) / divisor(sz))) + decay(0.5 * square((H - z) / sz));
-  const double Y = decay(0.5 * square(offAxis / divisor(sy)));
-  const double K = ppmFactor(T, M);
-  const double spread =
-      in.release == Release::puff ? twoPiToThreeHalves * square(sy) * sz : twoPi * sy * sz * model_.windAtHeight;
-  conc = checked(K * R * Y * (Q * gramsPerKilogram) / divisor(spread));
+  if (release() != Release::none) conc = axisConcentration(source(), sy, sz, T);
 }
 
 void PlumeModel::isoplethConc(double& conc) {
-  if (inputs_().release == Release::none) return;
+  if (release() == Release::none) return;
   conc = kept(trace_, model_.distX, &AxisTrace::Point::conc, [&] {
-    double fresh = 0;
-    plumeConc(model_.sigmaY, model_.sigmaZ, isoplethTemperature, fresh);
-    return fresh;
+    return axisConcentration(source(), model_.sigmaY, model_.sigmaZ, isoplethTemperature);
   });
 }
 
 void PlumeModel::calcConcGround() {
-  const ModelInputs& in = inputs_();
-  if (in.release == Release::none) return;
-  if (!groundKey_.holds(inputs_.revision(), model_)) {
-    groundTerms_ = groundTerms();
-    groundKey_ = {inputs_.revision(), model_.htRelease, model_.sigmaZAtMax, model_.windAtHeight};
-  }
-  const auto [fixed, temperatureByWeight] = groundTerms_;
-  const double S = model_.sigmaZAtMax;
-  const double sy = divisor(model_.sigmaY);
-  const double grams = in.release == Release::puff
-                           ? (in.Q.number() * gramsPerKilogram) / divisor(twoPiToThreeHalves * square(sy) * S) * fixed
-                           : fixed * (S / sy);
-  model_.concGround = checked(grams * gasConstant * temperatureByWeight * ppmOfLitres);
-}
-
-PlumeModel::GroundTerms PlumeModel::groundTerms() {
-  const ModelInputs& in = inputs_();
-  const double Q = in.Q.number();
-  const double H = model_.htRelease;
-  const double fixed = in.release == Release::puff
-                           ? std::exp(-0.5 * square(H / divisor(model_.sigmaZAtMax)))
-                           : ((Q + Q) * gramsPerKilogram) / divisor(square(H) * (model_.windAtHeight * groundFactor));
-  return {fixed, releaseTemperature() / divisor(in.M.number())};
+  if (release() != Release::none)
+    model_.concGround = groundMaximum(source(), model_.sigmaY, model_.sigmaZAtMax, releaseTemperature());
 }
 
 void PlumeModel::calcHalfWidthAt() {
@@ -164,12 +113,8 @@ void PlumeModel::calcHalfWidthAt() {
   calcSigmaZAt();
   plumeConc(model_.sigmaYAt, model_.sigmaZAt, isoplethTemperature, model_.concAt);
   if (query_.drawMode == concentrationOnly) return;
-  if (model_.levelConcAt < model_.concAt) {
-    const double r = squareRoot(2 * naturalLog(model_.concAt / divisor(model_.levelConcAt)));
-    model_.halfWidthAt = checked(r * (query_.isoElevate != 0 ? model_.sigmaZAt : model_.sigmaYAt));
-  } else {
-    model_.halfWidthAt = 0;
-  }
+  const double sigma = query_.isoElevate != 0 ? model_.sigmaZAt : model_.sigmaYAt;
+  model_.halfWidthAt = model_.levelConcAt < model_.concAt ? halfWidth(model_.concAt, model_.levelConcAt, sigma) : 0;
   model_.halfWidthMax = model_.halfWidthAt;
   model_.halfWidthAtRounded = rounded(model_.halfWidthMax, 2);
 }

@@ -4,10 +4,10 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
 
 #include "engine/axis_trace.h"
 #include "engine/fields.h"
+#include "engine/gaussian.h"
 #include "engine/model_inputs.h"
 #include "engine/state.h"
 
@@ -15,10 +15,6 @@ namespace noldarz {
 
 /// Counts up with every change of a constant of the model; printed results carry it.
 inline constexpr int modelRevision = 1;
-
-/// Absolute temperature of the isopleth tests and of all point evaluations (K); only the search for the peak and the
-/// maximum ground concentration take the temperature of the release.
-inline constexpr double isoplethTemperature = 300;
 
 class PlumeModel {
  public:
@@ -46,16 +42,8 @@ class PlumeModel {
   void calcSigmaZAt();
   void calcSigmaYAt();
 
-  /// Concentration on the axis (ppm) at a distance whose lateral and vertical coefficients are sy and sz (m), for an
-  /// absolute temperature T (K), into `conc`. A release type outside the three leaves it as it was.
-  ///
-  ///   C = K * R * Y * (Q * 1000) / (6.28318 * sy * sz * u)          "PLUME", "POOL": Q in kg/s
-  ///   C = K * R * Y * (Q * 1000) / (6.28318^1.5 * sy^2 * sz)        "PUFF": Q in kg
-  ///   R = exp(-0.5 * ((z + H) / sz)^2) + exp(-0.5 * ((H - z) / sz)^2)   reflection at the ground
-  ///   Y = exp(-0.5 * (0.00001 / sy)^2)                                  0.00001 m off the axis
-  ///   K = (T / M) * 0.08205 * 1000                                      g/m3 to ppm
-  ///
-  /// Fails with divisionByZero for a coefficient, wind or molecular weight of 0, and as the fields do.
+  /// Concentration on the axis (ppm) into `conc`: axisConcentration() of the inputs and the heights and wind of the
+  /// press. A release type outside the three leaves it as it was. Fails as the formula and the fields do.
   void plumeConc(double sy, double sz, double T, double& conc);
 
   /// The concentration at distX with sigmaY and sigmaZ and the temperature of the isopleth tests (ppm).
@@ -75,11 +63,8 @@ class PlumeModel {
     AxisTrace trace_;
   };
 
-  /// Candidate of the maximum ground concentration (ppm) into concGround, with S = sigmaZAtMax and sy = sigmaY; a
-  /// release type outside the three leaves it as it was. Fails as plumeConc does.
-  ///
-  ///   ((Q + Q) * 1000) / (H^2 * (u * 8.55118538)) * (S / sy) * 0.08205 * ((Tc + 273) / M) * 1000
-  ///   (Q * 1000) / (6.28318^1.5 * sy^2 * S) * exp(-0.5 * (H / S)^2) * 0.08205 * ((Tc + 273) / M) * 1000   "PUFF"
+  /// groundMaximum() at distX into concGround, with S = sigmaZAtMax and the temperature of the release. A release type
+  /// outside the three leaves it as it was. Fails as the formula and the fields do.
   void calcConcGround();
 
   /// The point query at distAt: concAt, and unless drawMode is 4 the half width of level plotLevel there (or the half
@@ -91,33 +76,9 @@ class PlumeModel {
   double releaseTemperature() { return inputs_().Tc.number() + 273; }
 
  private:
-  // What does not change from step to step is kept, with all that it hangs on: the texts of the main view, by their
-  // revision, and the variables of the press. The variables are compared one by one: read together as a vector they
-  // would wait for the store just made by the routine before.
-  struct WindKey {
-    std::uint64_t texts;
-    double windInput, htRelease;
-    bool holds(std::uint64_t revision, const ModelState& m) const {
-      return texts == revision && windInput == m.windInput && htRelease == m.htRelease;
-    }
-  };
-  struct GroundKey {
-    std::uint64_t texts;
-    double htRelease, sigmaZAtMax, windAtHeight;
-    bool holds(std::uint64_t revision, const ModelState& m) const {
-      return texts == revision && htRelease == m.htRelease && sigmaZAtMax == m.sigmaZAtMax &&
-             windAtHeight == m.windAtHeight;
-    }
-  };
-  struct GroundTerms {
-    double fixed;                // "PUFF": exp(-0.5 * (H / S)^2), else ((Q + Q) * 1000) / (H^2 * (u * 8.55118538))
-    double temperatureByWeight;  // (Tc + 273) / M
-  };
+  /// The release as the formulas take it, from the inputs and the state of the press.
+  Source source();
   double windNow();
-  GroundTerms groundTerms();
-
-  /// K of the concentration formula, kept from call to call.
-  double ppmFactor(double T, double M);
   void updateSigmaZBase(double distance, AxisTrace* trace, double& base);
   void updateSigmaZ(double distance, double base, double& sigma);
   void updateSigmaY(double distance, AxisTrace* trace, double& sigma);
@@ -128,13 +89,12 @@ class PlumeModel {
   const LevelFields& level_;
   const ResultFields& result_;
   AxisTrace* trace_ = nullptr;
-  WindKey windKey_{};
+  // The wind that calcWindAtHeight has worked out, with all that it hangs on: the texts of the main view, by their
+  // revision, the wind entered and the height. Each step of the first sweep asks for the same.
   double wind_ = 0;
-  GroundKey groundKey_{};
-  GroundTerms groundTerms_{};
-  double ppmTemperature_ = std::numeric_limits<double>::quiet_NaN();  // equal to no temperature
-  double ppmWeight_ = 0;
-  double ppmFactor_ = 0;
+  std::uint64_t windTexts_ = 0;
+  double windInput_ = 0;
+  double windHeight_ = 0;
 };
 
 }  // namespace noldarz

@@ -6,7 +6,6 @@
 #include "platform/failure.h"
 #include "platform/text.h"
 #include "scenario/main_view.h"
-#include "support/reference.h"
 
 namespace noldarz::test {
 namespace {
@@ -32,28 +31,6 @@ struct Model {
   PointQueryState query;
   PlumeModel plume{state, query, main.in, main.level, main.result};
 };
-
-TEST(PlumeModel, concentrationsAgreeWithTheReference) {
-  Model m;
-  for (const auto& row : referenceRows("concentrations.csv")) {
-    std::vector<double> number(row.size());
-    for (std::size_t i = 1; i < row.size(); ++i) number[i] = strictNumber(row[i]);
-    m.main.in.scnrotypetxt.setText(row[0]);
-    m.main.in.QntyRelstxt.setText(row[1]);
-    m.main.in.molwttxt.setText(row[2]);
-    m.main.in.tempStore.setText(row[3]);
-    m.state.htRelease = number[4];
-    m.state.htSimul = number[5];
-    m.state.windAtHeight = number[6];
-    const double expected = number[10];
-    EXPECT_NEAR(m.conc(number[7], number[8], number[9]), expected, expected * relativeTolerance);
-
-    m.state.sigmaZAtMax = m.state.htRelease / 1.4142;
-    m.state.sigmaY = number[11];
-    m.plume.calcConcGround();
-    EXPECT_NEAR(m.state.concGround, number[12], number[12] * relativeTolerance) << row[0] << ' ' << row[1];
-  }
-}
 
 TEST(PlumeModel, leavesItsResultsForAnotherReleaseTypeOrClass) {
   Model m;

@@ -1,0 +1,49 @@
+#include "engine/gaussian.h"
+
+#include <cmath>
+
+#include "platform/failure.h"
+
+namespace noldarz {
+
+namespace {
+
+constexpr double twoPi = 6.28318;  // these digits, not a more exact value
+const double twoPiToThreeHalves = std::pow(twoPi, 1.5);
+constexpr double offAxis = 0.00001;      // m, lateral distance of the point looked at
+constexpr double gasConstant = 0.08205;  // l atm / (mol K)
+constexpr double gramsPerKilogram = 1000;
+constexpr double ppmOfLitres = 1000;         // 1e6 ppm / 1000 l/m3: g/m3 to ppm, with gasConstant * T / M
+constexpr double groundFactor = 8.55118538;  // stands for pi * e = 8.53973
+
+double square(double value) { return value * value; }
+
+/// exp(-t) for t from 0 up; below 1e-8 the two terms of its series are exact in a double.
+double decay(double t) { return t < 1e-8 ? 1 - t : std::exp(-t); }
+
+}  // namespace
+
+double axisConcentration(const Source& source, double sy, double sz, double T) {
+  const auto [release, Q, M, H, z, u] = source;
+  const double R = decay(0.5 * square((z + H) / divisor(sz))) + decay(0.5 * square((H - z) / sz));
+  const double Y = decay(0.5 * square(offAxis / divisor(sy)));
+  const double K = (T / divisor(M)) * gasConstant * ppmOfLitres;
+  const double spread = release == Release::puff ? twoPiToThreeHalves * square(sy) * sz : twoPi * sy * sz * u;
+  return checked(K * R * Y * (Q * gramsPerKilogram) / divisor(spread));
+}
+
+double groundMaximum(const Source& source, double sy, double S, double T) {
+  const auto [release, Q, M, H, z, u] = source;
+  const double grams =
+      release == Release::puff
+          ? (Q * gramsPerKilogram) / divisor(twoPiToThreeHalves * square(sy) * S) * decay(0.5 * square(H / S))
+          : ((Q + Q) * gramsPerKilogram) / divisor(square(H) * (u * groundFactor)) * (S / divisor(sy));
+  return checked(grams * gasConstant * (T / divisor(M)) * ppmOfLitres);
+}
+
+double halfWidth(double conc, double level, double sigma) {
+  const double ratio = checked(conc / divisor(level));
+  return checked(squareRoot(2 * naturalLog(ratio)) * sigma);
+}
+
+}  // namespace noldarz

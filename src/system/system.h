@@ -34,7 +34,7 @@ class System {
   MainView main_;
   PlumeModel plume_;
   Progress progress_;
-  Sweep sweep_;
+  Sweep search_;
   Isopleth isopleth_;
   LevelPasses levelPasses_;
   CloseOut closeOut_;

@@ -6,7 +6,7 @@ formulas) and of the two-press Compute command (sweeps, level passes, isopleth g
 as far as it touches the fields of the view; no database, no limit search).  It shares no code with
 the program and serves only to check it.
 
-    python3 reference_model.py        # standard library only, rewrites the files next to itself
+    python3 reference_model.py [FOLDER]    # standard library only, writes the files, by default next to itself
 
   coefficients.csv    sigma-z base, sigma-z, sigma-y by class, vapour density and distance
   wind.csv            wind at height by class, terrain, height of release and wind
@@ -23,6 +23,7 @@ root without value), NotANumber, ZeroDivisionError, OverflowError.
 import csv
 import json
 import re
+import sys
 from decimal import ROUND_HALF_UP, Decimal
 from functools import lru_cache
 from math import atan, exp, isfinite, log, pow as power, sqrt
@@ -729,8 +730,10 @@ def concentration_rows():
                 yield (kind, *map(repr, (Q, M, Tc, H, z, u, sy, sz, T, concentration(kind, Q, M, T, H, z, u, sy, sz), sy,
                                          ground_concentration(kind, Q, M, Tc, H, u, sy, H / 1.4142))))
 
+FOLDER = Path(sys.argv[1]) if len(sys.argv) > 1 else Path(__file__).parent
+
 def write_csv(name, header, rows):
-    with open(Path(__file__).parent / name, "w", newline="", encoding="ascii") as file:
+    with open(FOLDER / name, "w", newline="", encoding="ascii") as file:
         writer = csv.writer(file, lineterminator="\n")
         writer.writerow(header.split(","))
         writer.writerows(rows)
@@ -740,5 +743,5 @@ if __name__ == "__main__":
     write_csv("wind.csv", "class,terrain,height,wind,windAtHeight", wind_rows())
     write_csv("concentrations.csv", "type,Q,M,Tc,H,z,u,sy,sz,T,conc,sigmaYGround,concGround", concentration_rows())
     runs = [play(line) for line in RUNS.strip().splitlines()]
-    (Path(__file__).parent / "runs.json").write_text(
+    (FOLDER / "runs.json").write_text(
         "[\n" + ",\n".join(json.dumps(run, separators=(",", ":")) for run in runs) + "\n]\n", encoding="ascii")

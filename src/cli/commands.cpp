@@ -57,9 +57,7 @@ Field& usableField(ScriptSession& session, const std::string& word) {
   return field;
 }
 
-Field& usableField(ScriptSession& session,
-                   const std::string& word,
-                   std::initializer_list<FieldKind> kinds,
+Field& usableField(ScriptSession& session, const std::string& word, std::initializer_list<FieldKind> kinds,
                    std::string_view action) {
   Field& field = usableField(session, word);
   if (std::find(kinds.begin(), kinds.end(), field.kind()) == kinds.end())

@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::string_view unreadable = "the file can't be read";
 
-ExitStatus refuse(
-    ScriptSession& session, const std::string& name, int line, std::string_view text, std::ostream& errors) {
+ExitStatus refuse(ScriptSession& session, const std::string& name, int line, std::string_view text,
+                  std::ostream& errors) {
   session.print({{"error", {{"line", line}, {"text", text}}}});
   errors << name << ':' << line << ": " << text << '\n';
   return ExitStatus::refused;
@@ -44,9 +44,7 @@ ExitStatus runScript(ScriptSession& session, std::istream& lines, const std::str
   return lines.bad() ? refuse(session, name, 0, unreadable, errors) : ExitStatus::done;
 }
 
-ExitStatus runScriptFile(ScriptSession& session,
-                         const std::string& file,
-                         const std::string& name,
+ExitStatus runScriptFile(ScriptSession& session, const std::string& file, const std::string& name,
                          std::ostream& errors) {
   if (file == "-") return runScript(session, std::cin, name, errors);
   std::error_code error;

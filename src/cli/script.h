@@ -37,9 +37,7 @@ ExitStatus runScript(ScriptSession& session, std::istream& lines, const std::str
 
 /// Opens a file, "-" for standard input, and runs it under the name that its errors carry. A file that can't be read is
 /// reported like a fault in line 0.
-ExitStatus runScriptFile(ScriptSession& session,
-                         const std::string& file,
-                         const std::string& name,
+ExitStatus runScriptFile(ScriptSession& session, const std::string& file, const std::string& name,
                          std::ostream& errors);
 
 /// One JSON object as one line; a byte that is no UTF-8 is replaced.

@@ -4,18 +4,9 @@
 
 namespace noldarz {
 
-CloseOut::CloseOut(View& mainView,
-                   const ModelState& model,
-                   const SweepState& sweep,
-                   const LevelState& passes,
-                   WindShareState& wind,
-                   const ScenarioInputs& in,
-                   const LevelFields& level,
-                   const ResultFields& result,
-                   const CommandFields& command,
-                   Isopleth& isopleth,
-                   Progress& progress,
-                   Desktop& desktop,
+CloseOut::CloseOut(View& mainView, const ModelState& model, const SweepState& sweep, const LevelState& passes,
+                   WindShareState& wind, const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
+                   const CommandFields& command, Isopleth& isopleth, Progress& progress, Desktop& desktop,
                    Effects* effects)
     : mainView_(mainView),
       model_(model),

@@ -13,20 +13,9 @@ constexpr Colour secondPressColour = Colour::fromScreen(0xFFFF80);
 
 }  // namespace
 
-Compute::Compute(View& mainView,
-                 ModelState& model,
-                 SweepState& sweep,
-                 LevelState& passes,
-                 LimitState& limits,
-                 const ScenarioInputs& in,
-                 const ResultFields& result,
-                 const CommandFields& command,
-                 Sweep& search,
-                 LevelPasses& levelPasses,
-                 CloseOut& closeOut,
-                 Progress& progress,
-                 Desktop& desktop,
-                 Effects* effects)
+Compute::Compute(View& mainView, ModelState& model, SweepState& sweep, LevelState& passes, LimitState& limits,
+                 const ScenarioInputs& in, const ResultFields& result, const CommandFields& command, Sweep& search,
+                 LevelPasses& levelPasses, CloseOut& closeOut, Progress& progress, Desktop& desktop, Effects* effects)
     : mainView_(mainView),
       model_(model),
       sweep_(sweep),

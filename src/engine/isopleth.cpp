@@ -20,14 +20,8 @@ constexpr double poundsPerGram = 0.002204634;
 
 }  // namespace
 
-Isopleth::Isopleth(ModelState& model,
-                   LevelState& passes,
-                   const SweepState& sweep,
-                   PlumeModel& plume,
-                   const ScenarioInputs& in,
-                   const LevelFields& level,
-                   const ResultFields& result,
-                   Progress& progress)
+Isopleth::Isopleth(ModelState& model, LevelState& passes, const SweepState& sweep, PlumeModel& plume,
+                   const ScenarioInputs& in, const LevelFields& level, const ResultFields& result, Progress& progress)
     : model_(model),
       passes_(passes),
       sweep_(sweep),

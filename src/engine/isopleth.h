@@ -15,14 +15,8 @@ namespace noldarz {
 
 class Isopleth {
  public:
-  Isopleth(ModelState& model,
-           LevelState& passes,
-           const SweepState& sweep,
-           PlumeModel& plume,
-           const ScenarioInputs& in,
-           const LevelFields& level,
-           const ResultFields& result,
-           Progress& progress);
+  Isopleth(ModelState& model, LevelState& passes, const SweepState& sweep, PlumeModel& plume, const ScenarioInputs& in,
+           const LevelFields& level, const ResultFields& result, Progress& progress);
 
   /// Marches away from the source by sweepStep, from distAt on, while the half width of level widthLevel grows:
   ///

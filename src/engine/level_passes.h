@@ -18,19 +18,9 @@ namespace noldarz {
 class LevelPasses {
  public:
   /// `press` runs a press inside the press, after a Yes.
-  LevelPasses(ModelState& model,
-              SweepState& sweep,
-              LevelState& passes,
-              PlumeModel& plume,
-              const ScenarioInputs& in,
-              const LevelFields& level,
-              const ResultFields& result,
-              const CommandFields& command,
-              Sweep& search,
-              Isopleth& isopleth,
-              Progress& progress,
-              Desktop& desktop,
-              std::function<void()> press);
+  LevelPasses(ModelState& model, SweepState& sweep, LevelState& passes, PlumeModel& plume, const ScenarioInputs& in,
+              const LevelFields& level, const ResultFields& result, const CommandFields& command, Sweep& search,
+              Isopleth& isopleth, Progress& progress, Desktop& desktop, std::function<void()> press);
 
   enum class Outcome : std::uint8_t { closeOut, refused };
 

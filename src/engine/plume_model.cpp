@@ -19,11 +19,8 @@ double kept(AxisTrace* trace, double distance, double AxisTrace::Point::*value, 
 
 }  // namespace
 
-PlumeModel::PlumeModel(ModelState& model,
-                       const PointQueryState& query,
-                       const ScenarioInputs& in,
-                       const LevelFields& level,
-                       const ResultFields& result)
+PlumeModel::PlumeModel(ModelState& model, const PointQueryState& query, const ScenarioInputs& in,
+                       const LevelFields& level, const ResultFields& result)
     : model_(model), query_(query), inputs_(in), level_(level), result_(result) {}
 
 void PlumeModel::setClassWind() {

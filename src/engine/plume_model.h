@@ -18,10 +18,7 @@ inline constexpr int modelRevision = 1;
 
 class PlumeModel {
  public:
-  PlumeModel(ModelState& model,
-             const PointQueryState& query,
-             const ScenarioInputs& in,
-             const LevelFields& level,
+  PlumeModel(ModelState& model, const PointQueryState& query, const ScenarioInputs& in, const LevelFields& level,
              const ResultFields& result);
 
   /// classWind = the default wind of the class; unchanged for "Custom" and any other text.

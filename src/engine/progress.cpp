@@ -13,12 +13,8 @@ constexpr int colourCount = 15;  // the first entries of the basic palette
 constexpr std::string_view firstLine = "Computing Maximum Ground Concentration (MGC)";
 }  // namespace
 
-Progress::Progress(Views& views,
-                   const ModelState& model,
-                   SweepState& sweep,
-                   LevelState& passes,
-                   const LevelFields& level,
-                   Desktop& desktop)
+Progress::Progress(Views& views, const ModelState& model, SweepState& sweep, LevelState& passes,
+                   const LevelFields& level, Desktop& desktop)
     : view_(views, "aniwait1", ""),
       wait_(view_),
       model_(model),

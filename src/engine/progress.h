@@ -14,11 +14,7 @@ namespace noldarz {
 class Progress {
  public:
   /// Loading the view sets the hourglass and waitShown, closing it clears waitShown.
-  Progress(Views& views,
-           const ModelState& model,
-           SweepState& sweep,
-           LevelState& passes,
-           const LevelFields& level,
+  Progress(Views& views, const ModelState& model, SweepState& sweep, LevelState& passes, const LevelFields& level,
            Desktop& desktop);
 
   void show() { view_.show(); }

@@ -104,39 +104,19 @@ struct WindShareState {
 
 // Each variable by name, for fronts that print them: each(name, value) is called for every one. A variable that is
 // left out does not compile.
-
+// clang-format off
 template <class Each>
 void visit(const ModelState& state, Each&& each) {
-  const auto& [htRelease,
-               htSimul,
-               classWind,
-               windInput,
-               windAtHeight,
-               distX,
-               sigmaZBase,
-               sigmaZ,
-               sigmaY,
-               distAt,
-               sigmaZBaseAt,
-               sigmaZAt,
-               sigmaYAt,
-               sigmaZAtMax,
-               concGround,
-               concAxis,
-               concAxisEnd,
-               concAt,
-               levelConcAt,
-               halfWidthAt,
-               halfWidthMax,
-               halfWidthAtRounded,
-               mgcPass] = state;
-  each("htRelease", htRelease), each("htSimul", htSimul), each("classWind", classWind), each("windInput", windInput),
-      each("windAtHeight", windAtHeight), each("distX", distX), each("sigmaZBase", sigmaZBase), each("sigmaZ", sigmaZ),
-      each("sigmaY", sigmaY), each("distAt", distAt), each("sigmaZBaseAt", sigmaZBaseAt), each("sigmaZAt", sigmaZAt),
-      each("sigmaYAt", sigmaYAt), each("sigmaZAtMax", sigmaZAtMax), each("concGround", concGround),
-      each("concAxis", concAxis), each("concAxisEnd", concAxisEnd), each("concAt", concAt),
-      each("levelConcAt", levelConcAt), each("halfWidthAt", halfWidthAt), each("halfWidthMax", halfWidthMax),
-      each("halfWidthAtRounded", halfWidthAtRounded), each("mgcPass", mgcPass);
+  const auto& [htRelease, htSimul, classWind, windInput, windAtHeight, distX, sigmaZBase, sigmaZ, sigmaY,
+               distAt, sigmaZBaseAt, sigmaZAt, sigmaYAt, sigmaZAtMax, concGround, concAxis, concAxisEnd,
+               concAt, levelConcAt, halfWidthAt, halfWidthMax, halfWidthAtRounded, mgcPass] = state;
+  each("htRelease", htRelease), each("htSimul", htSimul), each("classWind", classWind), each("windInput",
+  windInput), each("windAtHeight", windAtHeight), each("distX", distX), each("sigmaZBase", sigmaZBase),
+  each("sigmaZ", sigmaZ), each("sigmaY", sigmaY), each("distAt", distAt), each("sigmaZBaseAt", sigmaZBaseAt),
+  each("sigmaZAt", sigmaZAt), each("sigmaYAt", sigmaYAt), each("sigmaZAtMax", sigmaZAtMax), each("concGround",
+  concGround), each("concAxis", concAxis), each("concAxisEnd", concAxisEnd), each("concAt", concAt),
+  each("levelConcAt", levelConcAt), each("halfWidthAt", halfWidthAt), each("halfWidthMax", halfWidthMax),
+  each("halfWidthAtRounded", halfWidthAtRounded), each("mgcPass", mgcPass);
 }
 
 template <class Each>
@@ -147,51 +127,24 @@ void visit(const PointQueryState& state, Each&& each) {
 
 template <class Each>
 void visit(const SweepState& state, Each&& each) {
-  const auto& [endDist,
-               distSweep,
-               sweepFrom,
-               sweepTo,
-               sweepStep,
-               mgc,
-               mgcDist,
-               concPeak,
-               maxIsopConc,
-               maxConcDist,
-               levelConcBgn,
-               levelConcEnd,
-               bgnPoint,
-               endPoint,
-               bgnIdx,
-               endIdx,
-               bgnLevel,
-               endLevel,
-               shownLevel,
-               mgcDone,
-               maxConcDone] = state;
+  const auto& [endDist, distSweep, sweepFrom, sweepTo, sweepStep, mgc, mgcDist, concPeak, maxIsopConc,
+               maxConcDist, levelConcBgn, levelConcEnd, bgnPoint, endPoint, bgnIdx, endIdx, bgnLevel,
+               endLevel, shownLevel, mgcDone, maxConcDone] = state;
   each("endDist", endDist), each("distSweep", distSweep), each("sweepFrom", sweepFrom), each("sweepTo", sweepTo),
-      each("sweepStep", sweepStep), each("mgc", mgc), each("mgcDist", mgcDist), each("concPeak", concPeak),
-      each("maxIsopConc", maxIsopConc), each("maxConcDist", maxConcDist), each("levelConcBgn", levelConcBgn),
-      each("levelConcEnd", levelConcEnd), each("bgnPoint", bgnPoint), each("endPoint", endPoint),
-      each("bgnIdx", bgnIdx), each("endIdx", endIdx), each("bgnLevel", bgnLevel), each("endLevel", endLevel),
-      each("shownLevel", shownLevel), each("mgcDone", mgcDone), each("maxConcDone", maxConcDone);
+  each("sweepStep", sweepStep), each("mgc", mgc), each("mgcDist", mgcDist), each("concPeak", concPeak),
+  each("maxIsopConc", maxIsopConc), each("maxConcDist", maxConcDist), each("levelConcBgn", levelConcBgn),
+  each("levelConcEnd", levelConcEnd), each("bgnPoint", bgnPoint), each("endPoint", endPoint), each("bgnIdx",
+  bgnIdx), each("endIdx", endIdx), each("bgnLevel", bgnLevel), each("endLevel", endLevel), each("shownLevel",
+  shownLevel), each("mgcDone", mgcDone), each("maxConcDone", maxConcDone);
 }
 
 template <class Each>
 void visit(const LevelState& state, Each&& each) {
-  const auto& [halfWidthPrev,
-               halfWidthLast,
-               halfWidthCur,
-               maxWidthDist,
-               widthIdx,
-               sweepLevel,
-               widthLevel,
-               levelIdx,
-               firstPass,
-               waitShown] = state;
+  const auto& [halfWidthPrev, halfWidthLast, halfWidthCur, maxWidthDist, widthIdx, sweepLevel, widthLevel,
+               levelIdx, firstPass, waitShown] = state;
   each("halfWidthPrev", halfWidthPrev), each("halfWidthLast", halfWidthLast), each("halfWidthCur", halfWidthCur),
-      each("maxWidthDist", maxWidthDist), each("widthIdx", widthIdx), each("sweepLevel", sweepLevel),
-      each("widthLevel", widthLevel), each("levelIdx", levelIdx), each("firstPass", firstPass),
-      each("waitShown", waitShown);
+  each("maxWidthDist", maxWidthDist), each("widthIdx", widthIdx), each("sweepLevel", sweepLevel), each("widthLevel",
+  widthLevel), each("levelIdx", levelIdx), each("firstPass", firstPass), each("waitShown", waitShown);
 }
 
 template <class Each>
@@ -205,5 +158,6 @@ void visit(const WindShareState& state, Each&& each) {
   const auto& [windTotal, calmPct] = state;
   each("windTotal", windTotal), each("calmPct", calmPct);
 }
+// clang-format on
 
 }  // namespace noldarz

@@ -16,13 +16,8 @@ constexpr std::string_view puffTimeCaption = "Time for Puff Dispersion to end (S
 
 }  // namespace
 
-Sweep::Sweep(SweepState& sweep,
-             ModelState& model,
-             PlumeModel& plume,
-             const LevelFields& level,
-             const ResultFields& result,
-             Progress& progress,
-             Desktop& desktop)
+Sweep::Sweep(SweepState& sweep, ModelState& model, PlumeModel& plume, const LevelFields& level,
+             const ResultFields& result, Progress& progress, Desktop& desktop)
     : sweep_(sweep),
       model_(model),
       plume_(plume),

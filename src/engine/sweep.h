@@ -14,13 +14,8 @@ namespace noldarz {
 
 class Sweep {
  public:
-  Sweep(SweepState& sweep,
-        ModelState& model,
-        PlumeModel& plume,
-        const LevelFields& level,
-        const ResultFields& result,
-        Progress& progress,
-        Desktop& desktop);
+  Sweep(SweepState& sweep, ModelState& model, PlumeModel& plume, const LevelFields& level, const ResultFields& result,
+        Progress& progress, Desktop& desktop);
 
   /// Steps from sweepFrom to sweepTo by sweepStep; distSweep is a running sum. A search ends the sweep by setting
   /// distSweep to sweepTo. A failing routine of a step shows a box, and the sweep goes on behind it.

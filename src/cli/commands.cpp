@@ -9,6 +9,7 @@
 #include "cli/script.h"
 #include "cli/script_error.h"
 #include "platform/property.h"
+#include "platform/store/recordset.h"
 
 namespace noldarz {
 
@@ -122,7 +123,10 @@ void choose(ScriptSession& session, const Words& words) {
   }
   if (entry == entries.end()) throw ScriptError("no entry " + inQuotes(words[2]) + " in " + field.fullName());
   takeFocus(session, field);
-  field.setText(*entry);
+  if (field.kind() == FieldKind::list)
+    field.select(static_cast<int>(entry - entries.begin()));
+  else
+    field.setText(*entry);
   field.fire(Event::click);
 }
 
@@ -233,6 +237,46 @@ void table(ScriptSession& session, const Words&) {
   session.print({{"table", cells}});
 }
 
+void start(ScriptSession& session, const Words&) { session.start(); }
+
+void close(ScriptSession& session, const Words& words) {
+  View& view = words.size() == 2 ? viewNamed(session, words[1]) : session.system().mainView().view;
+  if (words.size() == 1 && !view.loaded() && !session.ended()) {
+    while (!session.ended()) session.system().views().open().back()->close();  // the view of the missing files
+    return;
+  }
+  if (!view.loaded()) throw ScriptError("the view " + view.name() + " is not open");
+  view.close();
+}
+
+Json cellJson(const Cell& cell) {
+  return std::visit(
+      []<class T>(const T& value) {
+        if constexpr (std::is_same_v<T, std::monostate>)
+          return Json(nullptr);
+        else
+          return Json(value);
+      },
+      cell);
+}
+
+void rows(ScriptSession& session, const Words& words) {
+  const auto study = session.system().study();
+  if (!study) throw ScriptError("no study is open");
+  Recordset found{study, words[1]};
+  Json lines = Json::array();
+  for (; !found.eof(); found.moveNext()) {
+    Json& line = lines.emplace_back(Json::array());
+    for (int i = 0; i < static_cast<int>(found.columns().size()); ++i) line.push_back(cellJson(found.value(i)));
+  }
+  session.print({{"rows", lines}, {"columns", found.columns()}});
+}
+
+void setting(ScriptSession& session, const Words& words) {
+  const auto value = session.system().settings().get(words[1], words[2], words[3]);
+  session.print({{"setting", {words[1], words[2], words[3]}}, {"value", value ? Json(*value) : Json(nullptr)}});
+}
+
 void echo(ScriptSession& session, const Words& words) { session.print({{"echo", words[1]}}); }
 
 void unavailable(ScriptSession&, const Words& words) {
@@ -266,15 +310,15 @@ constexpr std::array commands{
     Command{"views", 0, 0, views},
     Command{"state", 1, any, state},
     Command{"table", 0, 0, table},
+    Command{"start", 0, 0, start},
+    Command{"rows", 1, 1, rows},
+    Command{"setting", 3, 3, setting},
+    Command{"close", 0, 1, close},
     Command{"echo", 1, 1, echo},
-    // These come with the rooms that they need: the study, the canvas, the keyboard.
-    Command{"start", 0, any, unavailable},
+    // These come with the rooms that they need: the canvas, the keyboard.
     Command{"mouse", 0, any, unavailable},
     Command{"key", 0, any, unavailable},
     Command{"drawing", 0, any, unavailable},
-    Command{"rows", 0, any, unavailable},
-    Command{"setting", 0, any, unavailable},
-    Command{"close", 0, any, unavailable},
 };
 
 }  // namespace

@@ -126,16 +126,17 @@ std::string_view faultOf(System& system) {
 
 }  // namespace
 
-ExitStatus runAndReport(const std::string& file, const std::string& version, std::ostream& out, std::ostream& errors) {
+ExitStatus runAndReport(const std::string& file, const std::string& name, const std::string& version, std::ostream& out,
+                        std::ostream& errors) {
   Messages messages;
   ScriptSession session{[&](const Json& entry) {
     if (entry.contains("box")) messages.add(entry["box"]);
   }};
-  const ExitStatus status = runScriptFile(session, file, file, errors);
+  const ExitStatus status = runScriptFile(session, file, name, errors);
   if (status != ExitStatus::done) return status;
   const MainView& main = session.system().mainView();
   const bool puff = main.in.scnrotypetxt.wordIndex(releaseTypes) == static_cast<int>(Release::puff);
-  std::string page = fmt::format("NOLDA-RZ {}, model revision {}: {}\n\n", version, modelRevision, file);
+  std::string page = fmt::format("NOLDA-RZ {}, model revision {}: {}\n\n", version, modelRevision, name);
   inputs(page, main.in, puff);
   results(page, main.result, puff, stabilizationUnit(main, session.system().state()));
   isopleths(page, main.level);
@@ -143,7 +144,7 @@ ExitStatus runAndReport(const std::string& file, const std::string& version, std
   out << page;
   const std::string_view fault = faultOf(session.system());
   if (fault.empty()) return ExitStatus::done;
-  errors << file << ": " << fault << '\n';
+  errors << name << ": " << fault << '\n';
   return ExitStatus::failed;
 }
 

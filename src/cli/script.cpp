@@ -24,14 +24,45 @@ ExitStatus refuse(ScriptSession& session, const std::string& name, int line, std
 
 }  // namespace
 
-ScriptSession::ScriptSession(ScriptedDesktop::Record record)
-    : record_(std::move(record)), desktop_(record_), system_(desktop_) {
-  desktop_.watchTimers(system_.views());
-  system_.mainView().view.show();
+ScriptSession::ScriptSession(ScriptedDesktop::Record record, Folders folders)
+    : record_(std::move(record)),
+      folders_(std::move(folders)),
+      startFolder_(std::filesystem::current_path()),
+      desktop_(record_) {
+  makeSystem();
+  system_->mainView().view.show();
+  paint();
 }
 
-void ScriptSession::runLine(std::string_view line) {
-  if (const auto words = splitWords(line); !words.empty()) runCommand(*this, words);
+void ScriptSession::makeSystem() {
+  desktop_.forgetFields();
+  system_ = std::make_unique<System>(desktop_, folders_);
+  desktop_.watchTimers(system_->views());
+}
+
+void ScriptSession::start() {
+  if (started_ && !ended()) throw ScriptError("the system runs already; close it first");
+  std::error_code error;
+  std::filesystem::current_path(startFolder_, error);
+  if (error) throw ScriptError(startFolder_.string() + " is no folder to start in");
+  makeSystem();
+  started_ = true;
+  system_->start();
+  desktop_.runTimers({});
+}
+
+void ScriptSession::paint() {
+  for (View* view : system_->views().open())
+    if (view->visible() && view->isPaintDue()) view->paint();
+}
+
+void ScriptSession::runLine(std::string_view line) try {
+  const auto words = splitWords(line);
+  if (words.empty()) return;
+  runCommand(*this, words);
+  paint();
+} catch (const RuntimeFailure& failure) {
+  throw ScriptError(failure.what());
 }
 
 ExitStatus runScript(ScriptSession& session, std::istream& lines, const std::string& name, std::ostream& errors) {

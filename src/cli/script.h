@@ -2,7 +2,9 @@
 // object a line in the order in which things happen. The commands themselves stand in commands.cpp.
 #pragma once
 
+#include <filesystem>
 #include <iosfwd>
+#include <memory>
 #include <string>
 
 #include "cli/scripted_desktop.h"
@@ -13,19 +15,31 @@ namespace noldarz {
 /// The program as a script drives it: a System on a scripted desktop, its main view open on its initial values.
 class ScriptSession {
  public:
-  explicit ScriptSession(ScriptedDesktop::Record record);
+  /// The current folder is the one in which `start` starts.
+  explicit ScriptSession(ScriptedDesktop::Record record, Folders folders = Folders::ofUser());
 
   /// Carries out one line. Throws ScriptError for a line that can't be understood or carried out.
   void runLine(std::string_view line);
 
-  System& system() { return system_; }
+  /// Starts a fresh System in the start folder, and lets its timers run. Throws ScriptError when one runs already.
+  void start();
+  /// Whether the line ended the system: nothing of it is on the screen.
+  bool ended() const { return system_->views().open().empty(); }
+
+  System& system() { return *system_; }
   ScriptedDesktop& desktop() { return desktop_; }
   void print(const Json& object) const { record_(object); }
 
  private:
+  void makeSystem();
+  void paint();
+
   ScriptedDesktop::Record record_;
+  Folders folders_;
+  std::filesystem::path startFolder_;
   ScriptedDesktop desktop_;
-  System system_;
+  std::unique_ptr<System> system_;
+  bool started_ = false;
 };
 
 /// Exit status of the command line.

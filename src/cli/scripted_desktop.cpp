@@ -7,6 +7,7 @@
 
 #include "cli/script_error.h"
 #include "platform/failure.h"
+#include "platform/process.h"
 
 namespace noldarz {
 
@@ -100,16 +101,24 @@ bool ScriptedDesktop::moveFocus(Field* field) {
   return focused_ == field;
 }
 
+void ScriptedDesktop::forgetFields() {
+  focused_ = nullptr;
+  dues_.clear();
+}
+
 void ScriptedDesktop::openDropDown(Field& field) { record_({{"dropDown", field.fullName()}}); }
 
 void ScriptedDesktop::clearClipboard() { record_({{"clipboard", ""}}); }
 
-bool ScriptedDesktop::activateWindow(const std::string& title) {
+std::uint64_t ScriptedDesktop::activateWindow(const std::string& title) {
   record_({{"activate", title}});
-  return false;
+  return 0;
 }
 
-void ScriptedDesktop::runProgram(const std::filesystem::path& program) { record_({{"program", program.string()}}); }
+void ScriptedDesktop::runProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments) {
+  startProgram(program, arguments);
+  record_({{"program", program.string()}});
+}
 
 void ScriptedDesktop::watchTimers(Views& views) {
   const auto begin = [this](Field& timer) {

@@ -8,6 +8,7 @@
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/desktop.h"
 #include "platform/view.h"
@@ -37,8 +38,9 @@ class ScriptedDesktop : public Desktop {
   void refresh(Field&) override {}
   void setPointer(Pointer pointer) override { pointer_ = pointer; }
   void clearClipboard() override;
-  bool activateWindow(const std::string& title) override;
-  void runProgram(const std::filesystem::path& program) override;
+  /// Goes on the record; there is no other window.
+  std::uint64_t activateWindow(const std::string& title) override;
+  void runProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments) override;
 
   Pointer pointer() const { return pointer_; }
 
@@ -46,6 +48,8 @@ class ScriptedDesktop : public Desktop {
   /// keep the focus: then it does not move. Tells whether it arrived.
   bool moveFocus(Field* field);
   Field* focused() const { return focused_; }
+  /// Before its fields go: no field has the focus, no timer is due.
+  void forgetFields();
 
   /// Follows the timers that the views have now: an enabled one of a loaded view falls due after its interval, and
   /// again after that until it is disabled or its view closes. Its interval begins when the view loads and whenever the

@@ -7,7 +7,7 @@ namespace noldarz {
 CloseOut::CloseOut(View& mainView, const ModelState& model, const SweepState& sweep, const LevelState& passes,
                    WindShareState& wind, const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
                    const CommandFields& command, Isopleth& isopleth, Progress& progress, Desktop& desktop,
-                   Effects* effects)
+                   Effects effects)
     : mainView_(mainView),
       model_(model),
       sweep_(sweep),
@@ -33,7 +33,7 @@ void CloseOut::closeRun(const Trap& press) {
                [&] { judgeLastLevel(); },
                [&] { reportNegativeLength(); },
                [&] {
-                 if (effects_) effects_->searchLimits();
+                 if (effects_.toxic) effects_.toxic->searchLimits();
                });
   if (regime.holds([&] { return level_.isoplngt[2].number() > 0; })) storeResults(regime);
   desktop_.setPointer(Pointer::standard);
@@ -61,7 +61,7 @@ void CloseOut::takeFlammableMass(const Trap& regime) {
   const ParsedNumber mass = parseNumber(result_.expmass.text());
   const bool positive = mass.outcome == ParsedNumber::Outcome::number && mass.value > 0;
   if (!positive) result_.expmass.setText("Mass = 0");
-  if (effects_) regime.step([&] { effects_->storeFlammableMass(positive ? mass.value : 0); });
+  if (effects_.rows) regime.step([&] { effects_.rows->storeFlammableMass(positive ? mass.value : 0); });
 }
 
 void CloseOut::judgeLastLevel() {
@@ -88,7 +88,7 @@ void CloseOut::reportNegativeLength() {
 void CloseOut::storeResults(const Trap& regime) {
   regime.steps(
       [&] {
-        if (effects_) effects_->storeRun();
+        if (effects_.rows) effects_.rows->storeRun();
       },
       [&] { command_.comput.setCaption("Results at given concentration"); },
       [&] {

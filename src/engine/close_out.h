@@ -24,10 +24,10 @@ ScaledTime scaledTime(double seconds);
 
 class CloseOut {
  public:
-  /// `effects` may be null: the steps of the rooms above are then left out.
+  /// Without a part of the effects its steps are left out.
   CloseOut(View& mainView, const ModelState& model, const SweepState& sweep, const LevelState& passes,
            WindShareState& wind, const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
-           const CommandFields& command, Isopleth& isopleth, Progress& progress, Desktop& desktop, Effects* effects);
+           const CommandFields& command, Isopleth& isopleth, Progress& progress, Desktop& desktop, Effects effects);
 
   /// Runs under the trap of the press; from the time of stabilization on, in a press that went through the level
   /// passes, failures are ignored.
@@ -57,7 +57,7 @@ class CloseOut {
   Isopleth& isopleth_;
   Progress& progress_;
   Desktop& desktop_;
-  Effects* effects_;
+  Effects effects_;
 };
 
 }  // namespace noldarz

@@ -15,7 +15,7 @@ constexpr Colour secondPressColour = Colour::fromScreen(0xFFFF80);
 
 Compute::Compute(View& mainView, ModelState& model, SweepState& sweep, LevelState& passes, LimitState& limits,
                  const ScenarioInputs& in, const ResultFields& result, const CommandFields& command, Sweep& search,
-                 LevelPasses& levelPasses, CloseOut& closeOut, Progress& progress, Desktop& desktop, Effects* effects)
+                 LevelPasses& levelPasses, CloseOut& closeOut, Progress& progress, Desktop& desktop, Effects effects)
     : mainView_(mainView),
       model_(model),
       sweep_(sweep),
@@ -48,7 +48,7 @@ void Compute::comput_Click() {
   passes_.sweepLevel = 0;
   passes_.widthLevel = 0;
   press.step([&] {
-    if (effects_) effects_->takeProbitConstants();
+    if (effects_.toxic) effects_.toxic->takeProbitConstants();
   });
   progress_.show();
   if (sweep_.mgcDone == 0 && sweep_.maxConcDone == 0) {

@@ -16,10 +16,10 @@ namespace noldarz {
 
 class Compute {
  public:
-  /// `effects` may be null: the press then takes no probit constants.
+  /// Without toxic effects a press takes no probit constants.
   Compute(View& mainView, ModelState& model, SweepState& sweep, LevelState& passes, LimitState& limits,
           const ScenarioInputs& in, const ResultFields& result, const CommandFields& command, Sweep& search,
-          LevelPasses& levelPasses, CloseOut& closeOut, Progress& progress, Desktop& desktop, Effects* effects);
+          LevelPasses& levelPasses, CloseOut& closeOut, Progress& progress, Desktop& desktop, Effects effects);
 
   /// A press. Its trap takes every run-time failure: the pointer goes to default, the main view is made visible, the
   /// wait view closes, and the press goes on behind the failing statement.
@@ -42,7 +42,7 @@ class Compute {
   CloseOut& closeOut_;
   Progress& progress_;
   Desktop& desktop_;
-  Effects* effects_;
+  Effects effects_;
 };
 
 }  // namespace noldarz

@@ -51,6 +51,7 @@ bool mark::isOpen(std::string_view text, double endDist) {
 ScenarioInputs::ScenarioInputs(View& view)
     : scnrotypetxt(carried(view, "scnrotypetxt")),
       QntyRelstxt(carried(view, "QntyRelstxt")),
+      PoolRadiusRrslstxt(carried(view, "PoolRadiusRrslstxt")),
       molwttxt(carried(view, "molwttxt")),
       vapordnstytxt(carried(view, "vapordnstytxt")),
       tempStore(carried(view, "tempStore", "30")),

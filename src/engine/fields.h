@@ -31,25 +31,26 @@ inline constexpr Colour attentionColour = Colour::fromScreen(0xC0E0FF);
 struct ScenarioInputs {
   explicit ScenarioInputs(View& view);
 
-  Field& scnrotypetxt;    // release type: "PLUME", "POOL" or "PUFF"
-  Field& QntyRelstxt;     // rate of release (kg/s) for "PLUME" and "POOL"; quantity (kg) for "PUFF"
-  Field& molwttxt;        // molecular weight (g/mol)
-  Field& vapordnstytxt;   // vapour density relative to air
-  Field& tempStore;       // temperature of the release (deg C)
-  Field& htreltxt;        // height of release (m)
-  Field& htsmul;          // height of simulation, Z axis (m)
-  Field& enddisttxt;      // maximum distance for simulation (m)
-  Field& roghwndoptcbo;   // terrain
-  Field& stblclscbo;      // stability class
-  Field& wndveltxt;       // wind velocity selected or entered (m/s)
-  Field& prbtoptn;        // 1: probit constants are the software's; else the user's
-  Field& avalftl;         // probit constant A of fatality
-  Field& nvalftl;         // probit exponent B of fatality
-  Field& avalinj;         // probit constant A of injury
-  Field& nvalinj;         // probit exponent B of injury
-  Field& hudityTxt;       // relative humidity (%)
-  Field& MaxFtlyDstOptn;  // 1: limits by probit equation; 0: by lethal concentration
-  FieldArray<8> Givnwnd;  // wind prevalence in eight orientations (%)
+  Field& scnrotypetxt;        // release type: "PLUME", "POOL" or "PUFF"
+  Field& QntyRelstxt;         // rate of release (kg/s) for "PLUME" and "POOL"; quantity (kg) for "PUFF"
+  Field& PoolRadiusRrslstxt;  // pool radius (m); kept with the run, not computed with
+  Field& molwttxt;            // molecular weight (g/mol)
+  Field& vapordnstytxt;       // vapour density relative to air
+  Field& tempStore;           // temperature of the release (deg C)
+  Field& htreltxt;            // height of release (m)
+  Field& htsmul;              // height of simulation, Z axis (m)
+  Field& enddisttxt;          // maximum distance for simulation (m)
+  Field& roghwndoptcbo;       // terrain
+  Field& stblclscbo;          // stability class
+  Field& wndveltxt;           // wind velocity selected or entered (m/s)
+  Field& prbtoptn;            // 1: probit constants are the software's; else the user's
+  Field& avalftl;             // probit constant A of fatality
+  Field& nvalftl;             // probit exponent B of fatality
+  Field& avalinj;             // probit constant A of injury
+  Field& nvalinj;             // probit exponent B of injury
+  Field& hudityTxt;           // relative humidity (%)
+  Field& MaxFtlyDstOptn;      // 1: limits by probit equation; 0: by lethal concentration
+  FieldArray<8> Givnwnd;      // wind prevalence in eight orientations (%)
 };
 
 struct LevelFields {

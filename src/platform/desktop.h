@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "platform/field.h"
 
@@ -60,10 +61,10 @@ class Desktop {
   virtual void setPointer(Pointer pointer) = 0;
 
   virtual void clearClipboard() = 0;
-  /// Activates the top-level window with that title; false when there is none.
-  virtual bool activateWindow(const std::string& title) = 0;
+  /// Activates the top-level window with that title. Its handle; 0 when there is none.
+  virtual std::uint64_t activateWindow(const std::string& title) = 0;
   /// Starts a program without waiting for it. Fails with invalidArgument when it can't be started.
-  virtual void runProgram(const std::filesystem::path& program) = 0;
+  virtual void runProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments) = 0;
 };
 
 }  // namespace noldarz

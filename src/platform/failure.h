@@ -15,8 +15,22 @@ enum class FailureNumber : int {
   invalidArgument = 5,  ///< logarithm or root of a value that has none; a field that can't take the focus
   overflow = 6,         ///< a result outside the range of a double
   divisionByZero = 11,
-  typeMismatch = 13,  ///< a text that is no number
-  cancelled = 32755,  ///< a file or printer dialog that the user cancelled
+  typeMismatch = 13,      ///< a text that is no number
+  noSuchFolder = 76,      ///< a folder that is not there
+  listRefuses = 383,      ///< a text set on a list that has no such entry
+  updateUnopened = 3020,  ///< an update of a recordset with nothing open for writing
+  noCurrentRow = 3021,
+  duplicateKey = 3022,
+  noSuchFile = 3024,
+  readOnly = 3027,
+  storeDamaged = 3049,
+  querySyntax = 3075,
+  storeLocked = 3218,
+  noSuchColumn = 3265,
+  notAStudy = 3343,
+  storeFull = 3414,
+  storeFailed = 3000,  ///< any other failure of the database engine
+  cancelled = 32755,   ///< a file or printer dialog that the user cancelled
 };
 
 /// Failure of one statement. It is ordinary flow (a level with "N.A." in its fields), so it carries no text.

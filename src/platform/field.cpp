@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/failure.h"
 #include "platform/view.h"
 
 namespace noldarz {
@@ -23,6 +24,15 @@ void Field::change(T& property, const U& value, Property which) {
 }
 
 void Field::setText(std::string_view text) {
+  if (kind_ == FieldKind::list) {
+    const auto found = std::find(entries_.begin(), entries_.end(), text);
+    if (found == entries_.end() && !text.empty()) fail(FailureNumber::listRefuses);
+    listIndex_ = found == entries_.end() ? -1 : static_cast<int>(found - entries_.begin());
+  }
+  showText(text);
+}
+
+void Field::showText(std::string_view text) {
   plainNumber_.reset();
   if (text_ == text) return;
   text_ = text;
@@ -49,7 +59,17 @@ void Field::setTag(std::string_view tag) { change(tag_, tag, Property::tag); }
 void Field::setBackColour(Colour colour) { change(backColour_, colour, Property::backColour); }
 void Field::setForeColour(Colour colour) { change(foreColour_, colour, Property::foreColour); }
 void Field::setFillColour(Colour colour) { change(fillColour_, colour, Property::fillColour); }
-void Field::setEntries(const std::vector<std::string>& entries) { change(entries_, entries, Property::entries); }
+void Field::setEntries(const std::vector<std::string>& entries) {
+  change(entries_, entries, Property::entries);
+  if (kind_ != FieldKind::list) return;
+  listIndex_ = -1;
+  showText("");
+}
+void Field::select(int position) {
+  if (position < 0 || position >= static_cast<int>(entries_.size())) return;
+  listIndex_ = position;
+  showText(entries_[static_cast<std::size_t>(position)]);
+}
 void Field::setLeft(double left) { change(left_, left, Property::left); }
 void Field::setTop(double top) { change(top_, top, Property::top); }
 void Field::setWidth(double width) { change(width_, width, Property::width); }

@@ -67,6 +67,7 @@ class Field {
   /// What the field shows: the text of an input, the caption of a label, button, check field or menu entry.
   const std::string& text() const { return text_; }
   const std::string& caption() const { return text_; }
+  /// A list takes the text of an entry, which it selects, or none (""); it fails with listRefuses for any other.
   void setText(std::string_view text);
   void setCaption(std::string_view caption) { setText(caption); }
   /// Shows the value as plain number text. Costs a comparison when the field shows that value already.
@@ -110,9 +111,13 @@ class Field {
   Colour fillColour() const { return fillColour_; }
   void setFillColour(Colour colour);
 
-  /// Entries of a list or combo field, in the order shown.
+  /// Entries of a list or combo field, in the order shown. New entries leave a list with none selected.
   const std::vector<std::string>& entries() const { return entries_; }
   void setEntries(const std::vector<std::string>& entries);
+  /// Position of the selected entry of a list, whose text is the text of the field; -1 when none is selected.
+  int listIndex() const { return listIndex_; }
+  /// Selects an entry by its position; does nothing for a position that the list doesn't have.
+  void select(int position);
 
   /// Place and size in the unit of the view that shows the field.
   double left() const { return left_; }
@@ -134,6 +139,7 @@ class Field {
   void fire(Event event);
 
  private:
+  void showText(std::string_view text);
   void showPlainNumber(double value);
   template <class T, class U>
   void change(T& property, const U& value, Property which);
@@ -153,6 +159,7 @@ class Field {
   Colour foreColour_;
   Colour fillColour_;
   std::vector<std::string> entries_;
+  int listIndex_ = -1;
   double left_ = 0;
   double top_ = 0;
   double width_ = 0;

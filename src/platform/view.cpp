@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace noldarz {
 
@@ -29,23 +30,40 @@ void View::fire(Field& field, Event event) {
     if (subscriptions_[i].field == &field && subscriptions_[i].event == event) subscriptions_[i].rule();
 }
 
+void View::load() {
+  if (loaded_) return;
+  loaded_ = true;
+  views_.raise(*this);
+  run(loadRules_);
+}
+
 void View::show(bool modal) {
   const bool loads = !loaded_;
   loaded_ = visible_ = true;
   modal_ = modal;
   views_.raise(*this);
-  if (loads)
-    for (const auto& rule : loadRules_) rule();
+  if (loads) run(loadRules_);
+  views_.settleFront();
 }
 
-void View::hide() { visible_ = modal_ = false; }
+void View::hide() {
+  visible_ = modal_ = false;
+  views_.settleFront();
+}
 
 void View::close() {
-  if (!loaded_) return;
-  loaded_ = false;
-  hide();
+  if (!loaded_ || closing_) return;
+  closing_ = true;
+  run(closingRules_);
+  closing_ = loaded_ = visible_ = modal_ = paintDue_ = false;
   views_.remove(*this);
-  for (const auto& rule : closeRules_) rule();
+  views_.settleFront();
+  run(closeRules_);
+}
+
+void View::paint() {
+  paintDue_ = false;
+  run(paintRules_);
 }
 
 bool View::acceptsInput() const {
@@ -71,5 +89,12 @@ void Views::raise(View& view) {
 }
 
 void Views::remove(const View& view) { std::erase(stack_, &view); }
+
+void Views::settleFront() {
+  View* now = front();
+  if (std::exchange(frontBefore_, now) == now || !now) return;
+  now->paintDue_ = true;
+  now->run(now->frontRules_);
+}
 
 }  // namespace noldarz

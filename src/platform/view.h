@@ -63,13 +63,24 @@ class View {
   std::uint64_t textRevision() const { return textRevision_; }
 
   void onLoad(Rule rule) { loadRules_.push_back(std::move(rule)); }
+  /// When the view first shows and each time it comes back to the front.
+  void onFront(Rule rule) { frontRules_.push_back(std::move(rule)); }
+  /// When the view has come to the screen: shown, restored, uncovered.
+  void onPaint(Rule rule) { paintRules_.push_back(std::move(rule)); }
+  /// When the view is about to close, and when it has closed.
+  void onClosing(Rule rule) { closingRules_.push_back(std::move(rule)); }
   void onClose(Rule rule) { closeRules_.push_back(std::move(rule)); }
 
+  /// Begins the life of the view without showing it; does nothing when it is loaded.
+  void load();
   /// Loads the view if it is not loaded, makes it visible and brings it to the front.
   void show(bool modal = false);
   void hide();
-  /// Ends the life of the view; does nothing when it is not loaded.
+  /// Ends the life of the view; does nothing when it is not loaded or closes already.
   void close();
+  /// A front paints a view once the event that brought it to the front has ended.
+  bool isPaintDue() const { return paintDue_; }
+  void paint();
   bool loaded() const { return loaded_; }
   bool visible() const { return visible_; }
   bool modal() const { return modal_; }
@@ -78,10 +89,14 @@ class View {
 
  private:
   friend class Field;
+  friend class Views;
   void notify(Field& field, Property property) {
     for (const auto& observer : observers_) observer(field, property);
   }
   void textChanged() { ++textRevision_; }
+  void run(const std::vector<Rule>& rules) const {
+    for (const auto& rule : rules) rule();
+  }
 
   struct Subscription {
     Field* field;
@@ -96,11 +111,16 @@ class View {
   std::deque<Subscription> subscriptions_;
   std::vector<Observer> observers_;
   std::vector<Rule> loadRules_;
+  std::vector<Rule> frontRules_;
+  std::vector<Rule> paintRules_;
+  std::vector<Rule> closingRules_;
   std::vector<Rule> closeRules_;
   std::uint64_t textRevision_ = 1;
   bool loaded_ = false;
   bool visible_ = false;
   bool modal_ = false;
+  bool closing_ = false;
+  bool paintDue_ = false;
 };
 
 /// Made before its views, and outlives them.
@@ -119,9 +139,12 @@ class Views {
   friend class View;
   void raise(View& view);
   void remove(const View& view);
+  /// Tells the view that has come to the front.
+  void settleFront();
 
   std::vector<View*> all_;
   std::vector<View*> stack_;
+  View* frontBefore_ = nullptr;
 };
 
 }  // namespace noldarz

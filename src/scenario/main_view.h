@@ -1,9 +1,10 @@
-// The main view `dspmnfrm`: the centre of the program. It joins the fields of the engine, and the rules of the
-// scenario handling will add their own. Built and wired by system/.
+// The main view `dspmnfrm`: the centre of the program. It joins the fields of the engine and of the scenario handling.
+// Built and wired by system/.
 #pragma once
 
 #include "engine/fields.h"
 #include "platform/view.h"
+#include "scenario/fields.h"
 
 namespace noldarz {
 
@@ -13,13 +14,15 @@ struct MainView {
         in(view),
         level(view),
         result(view),
-        command(view) {}
+        command(view),
+        scenario(view) {}
 
   View view;
   ScenarioInputs in;
   LevelFields level;
   ResultFields result;
   CommandFields command;
+  ScenarioFields scenario;
 };
 
 }  // namespace noldarz

@@ -2,13 +2,23 @@
 #pragma once
 
 #include "engine/state.h"
+#include "scenario/state.h"
 #include "toxic/state.h"
 
 namespace noldarz {
 
-struct RunState : ModelState, PointQueryState, SweepState, LevelState, LimitState, WindShareState, ToxicState {};
+struct RunState : ModelState,
+                  PointQueryState,
+                  SweepState,
+                  LevelState,
+                  LimitState,
+                  WindShareState,
+                  ProbitState,
+                  RawLimitState,
+                  ToxicState,
+                  ScenarioState {};
 
-/// Calls each(name, value) for every variable that is a number.
+/// Calls each(name, value) for every variable but the report table.
 template <class Each>
 void visitAll(const RunState& s, Each&& each) {
   visit(static_cast<const ModelState&>(s), each);
@@ -17,6 +27,9 @@ void visitAll(const RunState& s, Each&& each) {
   visit(static_cast<const LevelState&>(s), each);
   visit(static_cast<const LimitState&>(s), each);
   visit(static_cast<const WindShareState&>(s), each);
+  visit(static_cast<const ProbitState&>(s), each);
+  visit(static_cast<const RawLimitState&>(s), each);
+  visit(static_cast<const ScenarioState&>(s), each);
 }
 
 }  // namespace noldarz

@@ -1,5 +1,5 @@
-// The program without a front: all views and routines, built and wired, and nothing else. A front makes one System
-// on its Desktop and fires events.
+// The program without a front: all views and routines, built and wired, and nothing else. A front makes one System on its
+// Desktop, starts it, and fires events.
 #pragma once
 
 #include "engine/close_out.h"
@@ -10,35 +10,66 @@
 #include "engine/progress.h"
 #include "engine/sweep.h"
 #include "platform/desktop.h"
+#include "platform/folders.h"
+#include "platform/settings.h"
 #include "platform/view.h"
+#include "scenario/input_rules.h"
 #include "scenario/main_view.h"
+#include "scenario/required_files.h"
+#include "scenario/run_list.h"
+#include "scenario/run_reset.h"
+#include "scenario/run_row.h"
+#include "scenario/start_up.h"
 #include "system/run_state.h"
+#include "toxic/probit_constants.h"
 
 namespace noldarz {
 
 class System {
  public:
-  /// `effects`: what a press asks of the rooms above the engine; without it a press leaves these steps out.
-  explicit System(Desktop& desktop, Effects* effects = nullptr);
+  /// `effects`: the toxic effects of a press, without which it leaves their steps out; the rows that it writes, those of
+  /// the study unless others are given.
+  System(Desktop& desktop, Folders folders, Effects effects = {});
   System(const System&) = delete;
   System& operator=(const System&) = delete;
+
+  /// Starts on the study beside the current folder. Before it the fields hold their initial values and no study is open.
+  void start() { startUp_.start(); }
 
   Views& views() { return views_; }
   const RunState& state() const { return state_; }
   MainView& mainView() { return main_; }
   const Progress& progress() const { return progress_; }
+  const Settings& settings() const { return settings_; }
+  /// The study, null when none is open.
+  std::shared_ptr<Database> study() const { return links_.dt1.database(); }
 
  private:
+  void wire();
+
+  Folders folders_;
+  Settings settings_;
+  Databases databases_;
   Views views_;
   RunState state_;
   MainView main_;
+  StatusLine status_;
+  MainLinks links_;
+  Queries queries_;
   PlumeModel plume_;
   Progress progress_;
   Sweep search_;
   Isopleth isopleth_;
+  ProbitConstants probit_;
+  RunList runList_;
+  RunRow runRow_;
+  RunReset runReset_;
   LevelPasses levelPasses_;
   CloseOut closeOut_;
   Compute compute_;
+  InputRules inputRules_;
+  RequiredFiles requiredFiles_;
+  StartUp startUp_;
 };
 
 }  // namespace noldarz

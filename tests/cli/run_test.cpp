@@ -28,16 +28,19 @@ TEST(Run, printsWhatTheReadmeShows) {
   std::filesystem::current_path(NOLDARZ_SOURCE_DIR);
   std::ostringstream out;
   std::ostringstream errors;
-  ASSERT_EQ(runAndReport("examples/chlorine-hose.script", NOLDARZ_VERSION, out, errors), ExitStatus::done);
+  ASSERT_EQ(
+      runAndReport("examples/chlorine-hose.script", "examples/chlorine-hose.script", NOLDARZ_VERSION, out, errors),
+      ExitStatus::done);
   EXPECT_EQ(out.str(), shownInReadme("build/release/bin/noldarz-cli run examples/chlorine-hose.script"));
   EXPECT_EQ(errors.str(), "");
 }
 
 TEST(Run, computesEveryExampleWithoutAMessage) {
   for (const auto& example : std::filesystem::directory_iterator(NOLDARZ_SOURCE_DIR "/examples")) {
+    if (example.path().extension() != ".script") continue;
     std::ostringstream out;
     std::ostringstream errors;
-    EXPECT_EQ(runAndReport(example.path(), "1", out, errors), ExitStatus::done) << example;
+    EXPECT_EQ(runAndReport(example.path(), example.path(), "1", out, errors), ExitStatus::done) << example;
     EXPECT_EQ(out.str().find("Messages"), std::string::npos) << out.str();
   }
 }
@@ -55,7 +58,7 @@ TEST(Run, failsWhenNothingWasComputed) {
     std::ofstream(file) << script;
     std::ostringstream out;
     std::ostringstream errors;
-    EXPECT_EQ(runAndReport(file, "1", out, errors), ExitStatus::failed);
+    EXPECT_EQ(runAndReport(file, file, "1", out, errors), ExitStatus::failed);
     EXPECT_EQ(errors.str(), file + ": " + fault + "\n");
     EXPECT_NE(out.str().find("Isopleths"), std::string::npos);
   }
@@ -79,7 +82,7 @@ TEST(Run, saysARepeatedMessageOnce) {
                          "set constn(2) 20\nset constn(3) 10\nset constn(4) 3\nset constn(5) 2.5\nclick comput\n";
   std::ostringstream out;
   std::ostringstream errors;
-  ASSERT_EQ(runAndReport(file, "1", out, errors), ExitStatus::done);
+  ASSERT_EQ(runAndReport(file, file, "1", out, errors), ExitStatus::done);
   const std::string message = "\n  - Can not compute MGC (Maximum Ground Concentration) beyond ";
   const auto first = out.str().find(message);
   ASSERT_NE(first, std::string::npos);
@@ -90,10 +93,10 @@ TEST(Run, saysARepeatedMessageOnce) {
 TEST(Run, reportsALineAtFaultAndPrintsNothing) {
   std::ostringstream out;
   std::ostringstream errors;
-  EXPECT_EQ(runAndReport("/nowhere/a.script", "1", out, errors), ExitStatus::refused);
+  EXPECT_EQ(runAndReport("/nowhere/a.script", "/nowhere/a.script", "1", out, errors), ExitStatus::refused);
   EXPECT_EQ(errors.str(), "/nowhere/a.script:0: the file can't be read\n");
   errors.str("");
-  EXPECT_EQ(runAndReport("/", "1", out, errors), ExitStatus::refused);
+  EXPECT_EQ(runAndReport("/", "/", "1", out, errors), ExitStatus::refused);
   EXPECT_EQ(errors.str(), "/:0: the file can't be read\n");
   EXPECT_EQ(out.str(), "");
 }

@@ -100,8 +100,10 @@ TEST(Script, endsAtTheFirstLineAtFault) {
       {"views all", "too many words behind \"views\": \"all\""},
       {"dump a b", "too many words behind \"dump\": \"b\""},
       {"echo \"open", "the quote before \"open\" is not closed"},
-      {"start", "the command \"start\" is not available in this version"},
-      {"rows \"SELECT 1\"", "the command \"rows\" is not available in this version"},
+      {"mouse down Drw1 1 1", "the command \"mouse\" is not available in this version"},
+      {"rows \"SELECT 1\"", "no study is open"},
+      {"close aniwait1", "the view aniwait1 is not open"},
+      {"set dspScnorlst_1 \"no run\"", "the list has no such entry"},
   };
   for (const auto& [line, error] : cases) {
     const Transcript transcript = run(std::string{"echo before\n"} + line + "\necho after");

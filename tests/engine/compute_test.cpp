@@ -91,7 +91,7 @@ TEST(Compute, inputThatIsNoNumberKeepsItsVariable) {
 }
 
 /// Rooms above the engine that write down when they are asked, and fail if told so.
-class RecordingEffects : public Effects {
+class RecordingEffects : public ToxicEffects, public RunStore {
  public:
   void takeProbitConstants() override { note("constants"); }
   void storeFlammableMass(double mass) override { note("mass " + Format(mass, "0.00")); }
@@ -113,7 +113,7 @@ TEST(Compute, asksTheRoomsAboveInOrderAlsoWhenTheyFail) {
     RecordingEffects effects;
     effects.failing = failing;
     ScriptedDesktop desktop{[](const Json&) {}};
-    System system{desktop, &effects};
+    System system{desktop, Folders{}, Effects{&effects, &effects}};
     MainView& main = system.mainView();
     main.view.show();
     const auto press = [&] {

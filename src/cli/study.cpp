@@ -1,0 +1,116 @@
+#include "cli/study.h"
+
+#include <fmt/format.h>
+
+#include <fstream>
+#include <iterator>
+#include <ostream>
+#include <string>
+
+#include "cli/study_text.h"
+#include "platform/durable_file.h"
+#include "platform/store/recordset.h"
+#include "platform/store/store_failure.h"
+#include "scenario/queries.h"
+#include "scenario/study_layout.h"
+
+namespace noldarz {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Runs the work; a fault of a file becomes one line.
+template <class Work>
+ExitStatus reporting(std::ostream& errors, Work&& work) {
+  try {
+    return work();
+  } catch (const RuntimeFailure& failure) {
+    errors << failure.what() << '\n';
+  } catch (const StudyTextError& error) {
+    errors << error.what() << '\n';
+  } catch (const fs::filesystem_error& error) {
+    errors << error.path1().string() << ": " << error.code().message() << '\n';
+  }
+  return ExitStatus::refused;
+}
+
+std::string readText(const fs::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  std::error_code error;
+  if (!stream || fs::is_directory(file, error)) throw StudyTextError(file.string() + ": can't be read");
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+fs::path journalOf(fs::path file) { return file += "-journal"; }
+
+void removeIfThere(const fs::path& file) {
+  std::error_code error;
+  fs::remove(file, error);
+}
+
+std::string cellAt(const std::shared_ptr<Database>& study, const std::string& query) {
+  return textOf(Recordset{study, query}.value(0));
+}
+
+/// What keeps the program from working on a sound file; empty when nothing does.
+std::string faultOf(const std::shared_ptr<Database>& study) {
+  Recordset projects{study, "SELECT OrgName, refNo FROM [dsptbl-1] WHERE actvproj=-1"};
+  if (projects.recordCount() != 1)
+    return projects.recordCount() == 0 ? "has no active project" : "has more than one active project";
+  Recordset scenarios{study, "SELECT scenariotxt FROM scenr1"};
+  if (scenarios.eof()) return "has no working scenario";
+  for (const std::string& name : {textOf(projects.value(0)), textOf(projects.value(1)), textOf(scenarios.value(0))})
+    if (const std::string fault = faultOfName(name); !fault.empty())
+      return fmt::format("holds the name \"{}\", and it {}", name, fault);
+  return {};
+}
+
+}  // namespace
+
+ExitStatus createStudy(const fs::path& file, const fs::path& source, bool force, std::ostream& errors) {
+  return reporting(errors, [&] {
+    const std::string text = readText(source);
+    if (!force && (fs::exists(file) || fs::exists(journalOf(file)))) {
+      errors << file.string() << ": there is a study already; --force replaces it\n";
+      return ExitStatus::refused;
+    }
+    NewFile made{file};
+    createDatabase(made.path(), studyLayout());
+    try {
+      const Database study{made.path(), studyLayout()};
+      fillStudy(study, text, source.string());
+    } catch (...) {
+      removeIfThere(journalOf(made.path()));
+      throw;
+    }
+    removeIfThere(journalOf(file));  // a change that was cut off belongs to the old file
+    made.putInPlace(force ? NewFile::Existing::replace : NewFile::Existing::keep);
+    return ExitStatus::done;
+  });
+}
+
+ExitStatus exportStudy(const fs::path& file, std::ostream& out, std::ostream& errors) {
+  return reporting(errors, [&] {
+    out << studyText(std::make_shared<Database>(file, studyLayout()));
+    return ExitStatus::done;
+  });
+}
+
+ExitStatus checkStudy(const fs::path& file, std::ostream& out, std::ostream& errors) {
+  return reporting(errors, [&] {
+    const auto study = std::make_shared<Database>(file, studyLayout(), Database::Check::full);
+    if (const std::string fault = faultOf(study); !fault.empty()) {
+      errors << file.string() << " " << fault << '\n';
+      return ExitStatus::refused;
+    }
+    out << fmt::format("{}: a sound study, {} projects, {} runs, working scenario \"{}\"\n",
+                       file.string(),
+                       cellAt(study, "SELECT count(*) FROM [dsptbl-1]"),
+                       cellAt(study, "SELECT count(*) FROM maimTbl4All"),
+                       cellAt(study, "SELECT scenariotxt FROM scenr1"));
+    return ExitStatus::done;
+  });
+}
+
+}  // namespace noldarz

@@ -1,0 +1,34 @@
+// Files that are wholly old or wholly new, whatever happens while they are written: a new file is filled beside its place,
+// brought to the disk, and put there in one step.
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+namespace noldarz {
+
+/// A file beside `target` that is being filled. It is removed at the end of its life unless it was put in place.
+class NewFile {
+ public:
+  /// Makes the file, empty. Throws std::filesystem::filesystem_error when the folder doesn't take it.
+  explicit NewFile(std::filesystem::path target);
+  NewFile(const NewFile&) = delete;
+  NewFile& operator=(const NewFile&) = delete;
+  ~NewFile();
+
+  const std::filesystem::path& path() const { return path_; }
+
+  enum class Existing { replace, keep };
+  /// Puts the file in its place. Throws std::filesystem::filesystem_error when the disk doesn't take it, and for `keep`
+  /// when there is a file already (errc::file_exists).
+  void putInPlace(Existing existing);
+
+ private:
+  std::filesystem::path target_;
+  std::filesystem::path path_;
+};
+
+/// Replaces the file by the bytes. Throws std::filesystem::filesystem_error; the old file is then as before.
+void replaceFile(const std::filesystem::path& target, std::string_view bytes);
+
+}  // namespace noldarz

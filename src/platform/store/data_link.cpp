@@ -1,0 +1,128 @@
+#include "platform/store/data_link.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace noldarz {
+
+void DataLink::bind(Field& field, std::string column, Accepts accepts) {
+  std::erase_if(bindings_, [&](const Binding& b) { return b.field == &field; });
+  Binding& binding = bindings_.emplace_back(Binding{&field, std::move(column), std::move(accepts), ""});
+  if (!rows_ || !rows_->isAdding()) show(binding);
+}
+
+const Recordset& DataLink::recordset() const {
+  if (!rows_) fail(FailureNumber::noCurrentRow);
+  return *rows_;
+}
+
+Recordset& DataLink::rows() {
+  if (!rows_) fail(FailureNumber::noCurrentRow);
+  return *rows_;
+}
+
+bool DataLink::writes(const Binding& binding) const {
+  return binding.field->kind() != FieldKind::label && binding.field->text() != binding.shown &&
+         rows_->find(binding.column).has_value();
+}
+
+void DataLink::takePendingEdits() {
+  for (Binding& binding : bindings_) {
+    if (!writes(binding)) continue;
+    const std::string& text = binding.field->text();
+    std::string fault;
+    if (rows_->isNumber(*rows_->find(binding.column)) && !text.empty() && !binding.field->isNumeric())
+      fault = "is no number";
+    else if (binding.accepts)
+      fault = binding.accepts(text);
+    if (fault.empty())
+      rows_->set(binding.column, text);
+    else if (refused_)
+      refused_(fmt::format("\"{}\" {} and is not stored", text, fault));
+  }
+}
+
+void DataLink::save() {
+  if (!rows_) return;
+  const bool pending = std::any_of(bindings_.begin(), bindings_.end(), [&](const Binding& b) { return writes(b); });
+  if (!rows_->isOpenForWriting()) {
+    if (!pending || rows_->eof()) return;
+    rows_->edit();
+  }
+  takePendingEdits();
+  rows_->update();
+  show();
+}
+
+void DataLink::update() {
+  if (!rows().isOpenForWriting()) fail(FailureNumber::updateUnopened);
+  save();
+}
+
+void DataLink::refresh() {
+  std::exception_ptr unsaved;
+  try {
+    save();
+  } catch (const RuntimeFailure& failure) {
+    unsaved = std::current_exception();
+    if (refused_) refused_(failure.what());
+  }
+  rows_.reset();
+  if (recordSource_.empty()) fail(FailureNumber::noCurrentRow);
+  database_ = databases_.open(file_);
+  rows_.emplace(database_, recordSource_);
+  show();
+  if (unsaved) std::rethrow_exception(unsaved);
+}
+
+void DataLink::close() {
+  const auto drop = [this] {
+    rows_.reset();
+    database_.reset();
+  };
+  try {
+    save();
+  } catch (...) {
+    drop();
+    throw;
+  }
+  drop();
+}
+
+void DataLink::show() {
+  for (Binding& binding : bindings_) show(binding);
+}
+
+void DataLink::show(Binding& binding) {
+  const auto column = rows_ ? rows_->find(binding.column) : std::nullopt;
+  if (column && !rows_->eof()) binding.field->setText(textOf(rows_->value(*column)));
+  binding.shown = binding.field->text();
+}
+
+void DataLink::moveFirst() {
+  save();
+  rows().moveFirst();
+  show();
+}
+
+void DataLink::moveNext() {
+  save();
+  rows().moveNext();
+  show();
+}
+
+void DataLink::addNew() {
+  save();
+  rows().addNew();
+  for (Binding& binding : bindings_) {
+    if (!rows_->find(binding.column)) continue;
+    binding.field->setText("");
+    binding.shown.clear();
+  }
+}
+
+bool isTrue(const Cell& cell) { return !holdsNothing(cell) && numberOf(cell) != 0; }
+
+}  // namespace noldarz

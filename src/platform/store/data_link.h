@@ -1,0 +1,94 @@
+// A link between fields of a view and one row of the study: it runs its record source, shows the current row in the fields
+// bound to it, and stores an edit of a bound field with the next Refresh or Update. The logic reaches the study through
+// links only.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/field.h"
+#include "platform/store/recordset.h"
+
+namespace noldarz {
+
+class DataLink {
+ public:
+  /// Whether a text may go from a field into its column; "" or why not.
+  using Accepts = std::function<std::string(const std::string& text)>;
+
+  /// `refused` hears of an edit that could not be stored, in words for the user.
+  explicit DataLink(Databases& databases, std::function<void(const std::string&)> refused = {})
+      : databases_(databases), refused_(std::move(refused)) {}
+  DataLink(const DataLink&) = delete;
+  DataLink& operator=(const DataLink&) = delete;
+
+  /// Binds a field to a column, in place of the column it had. A label shows its column and never writes it.
+  void bind(Field& field, std::string column, Accepts accepts = {});
+
+  /// Both hold from the next Refresh on.
+  void setDatabaseName(const std::filesystem::path& file) { file_ = file; }
+  void setRecordSource(const std::string& query) { recordSource_ = query; }
+  const std::string& recordSource() const { return recordSource_; }
+
+  /// Stores pending edits to the row that the link stands on, runs the query again, and shows its first row. An edit that
+  /// can't be stored is dropped, so that the fields show what the study holds; the refresh then fails behind its last
+  /// step. A query that fails leaves the link without rows.
+  void refresh();
+  /// Stores pending edits and lets go of the study.
+  void close();
+
+  /// The rows. Fail with noCurrentRow when the last Refresh failed.
+  const Recordset& recordset() const;
+  int recordCount() const { return recordset().recordCount(); }
+  bool eof() const { return recordset().eof(); }
+  int absolutePosition() const { return recordset().absolutePosition(); }
+  const Cell& value(int column) const { return recordset().value(column); }
+  const Cell& value(std::string_view column) const { return recordset().value(column); }
+  std::string text(std::string_view column) const { return textOf(value(column)); }
+
+  /// Move, and show the row in the bound fields. A pending edit is stored first.
+  void moveFirst();
+  void moveNext();
+  /// Starts a new row and empties the bound fields.
+  void addNew();
+  void edit() { rows().edit(); }
+  void set(std::string_view column, Cell value) { rows().set(column, std::move(value)); }
+  /// Stores what is open for writing, with pending edits of bound fields. Fails with updateUnopened when nothing is open.
+  void update();
+
+  std::shared_ptr<Database> database() const { return database_; }
+
+ private:
+  struct Binding {
+    Field* field;
+    std::string column;
+    Accepts accepts;
+    std::string shown;  // what the link put into the field last
+  };
+
+  Recordset& rows();
+  bool writes(const Binding& binding) const;
+  void takePendingEdits();
+  void save();
+  void show();
+  void show(Binding& binding);
+
+  Databases& databases_;
+  std::function<void(const std::string&)> refused_;
+  std::vector<Binding> bindings_;
+  std::filesystem::path file_;
+  std::string recordSource_;
+  std::shared_ptr<Database> database_;
+  std::optional<Recordset> rows_;
+};
+
+/// Fetches True (-1) or False (0) of a cell; nothing is False.
+bool isTrue(const Cell& cell);
+/// The cell of a truth value.
+inline Cell truth(bool value) { return std::int64_t{value ? -1 : 0}; }
+
+}  // namespace noldarz

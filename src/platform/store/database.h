@@ -1,0 +1,98 @@
+// One open study file. It checks by content that the file is a study before the engine touches it, compares texts
+// without regard to case, waits for another process that writes, and stores with full durability. Recordsets and data
+// links work on it; Databases gives all links on one path the same connection.
+#pragma once
+
+#include <sqlite3.h>
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/store/cell.h"
+#include "platform/store/layout.h"
+
+namespace noldarz {
+
+class Database;
+
+/// One prepared statement.
+class Statement {
+ public:
+  /// Fails with querySyntax for a text that the engine refuses, and for anything behind the first statement.
+  Statement(const Database& database, std::string_view text);
+
+  /// Binds a value to a parameter, from 1.
+  void bind(int parameter, const Cell& value);
+  /// The next row; false behind the last.
+  bool step();
+  int columnCount() const { return sqlite3_column_count(handle_.get()); }
+  Cell cell(int column) const;
+  sqlite3_stmt* handle() const { return handle_.get(); }
+
+ private:
+  const Database& database_;
+  std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> handle_;
+};
+
+class Database {
+ public:
+  enum class Check : std::uint8_t {
+    quick,  ///< the structure of the file, as every opening does
+    full    ///< every cell and index too
+  };
+
+  /// Opens a study that exists. Fails with a StoreFailure that names the file: noSuchFile, notAStudy (an original Jet
+  /// database, a text, another database, a newer layout ...), storeDamaged, storeLocked.
+  Database(std::filesystem::path file, const Layout& layout, Check check = Check::quick);
+
+  const std::filesystem::path& file() const { return file_; }
+  const Layout& layout() const { return *layout_; }
+  sqlite3* handle() const { return handle_.get(); }
+
+  /// Whether the path still leads to the file that was opened.
+  bool isCurrent() const;
+
+  /// Runs statements in one durable transaction: all or nothing. A second process that writes is waited for (5 s).
+  void transact(const std::function<void()>& statements) const;
+  /// Runs statements that give no row.
+  void run(const std::string& statements) const;
+
+  /// Fails with the engine's last error.
+  [[noreturn]] void failWith(int result) const;
+
+ private:
+  void configure() const;
+  void checkLayout() const;
+  bool has(std::string_view table, std::string_view column = {}) const;
+  void checkPages(Check check) const;
+  [[noreturn]] void refuse(FailureNumber reason, const std::string& text) const;
+
+  std::filesystem::path file_;
+  const Layout* layout_;
+  std::pair<std::uint64_t, std::uint64_t> identity_;
+  std::unique_ptr<sqlite3, int (*)(sqlite3*)> handle_;
+};
+
+/// The open databases by path: links on one path share a connection, which closes with the last of them.
+class Databases {
+ public:
+  explicit Databases(const Layout& layout) : layout_(layout) {}
+  std::shared_ptr<Database> open(const std::filesystem::path& file);
+
+ private:
+  const Layout& layout_;
+  std::filesystem::path path_;
+  std::weak_ptr<Database> database_;
+};
+
+/// Makes an empty database of the layout in a file that does not exist yet. Fails with a StoreFailure.
+void createDatabase(const std::filesystem::path& file, const Layout& layout);
+
+/// How texts compare: by their characters without regard to case, in any script.
+int compareWithoutCase(std::string_view a, std::string_view b);
+
+}  // namespace noldarz

@@ -1,0 +1,69 @@
+#include "platform/store/layout.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+namespace noldarz {
+
+namespace {
+
+std::string_view declaration(ColumnType type) {
+  switch (type) {
+    case ColumnType::text: return " TEXT COLLATE NOCASE";
+    case ColumnType::number: return " DOUBLE";
+    case ColumnType::boolean: return " BOOLEAN";
+    case ColumnType::any: break;
+  }
+  return "";
+}
+
+/// Refuses a second row with the key, when one is added or one is changed.
+std::string keyTrigger(const Table& table, std::string_view moment) {
+  std::string same;
+  for (const auto column : table.key) same += fmt::format(" AND {0} = NEW.{0}", quotedName(column));
+  return fmt::format(
+      "CREATE TRIGGER {} BEFORE {} ON {} WHEN EXISTS (SELECT 1 FROM {} WHERE rowid <> NEW.rowid{}) "
+      "BEGIN SELECT RAISE(ABORT, 'duplicate key'); END;\n",
+      quotedName(fmt::format("{} key {}", table.name, moment)),
+      moment,
+      quotedName(table.name),
+      quotedName(table.name),
+      same);
+}
+
+}  // namespace
+
+const Column* Table::find(std::string_view column) const {
+  const auto found = std::find_if(columns.begin(), columns.end(), [&](const Column& c) { return c.name == column; });
+  return found == columns.end() ? nullptr : &*found;
+}
+
+bool Table::isKey(std::string_view column) const { return std::find(key.begin(), key.end(), column) != key.end(); }
+
+const Table* Layout::find(std::string_view table) const {
+  const auto found = std::find_if(tables.begin(), tables.end(), [&](const Table& t) { return t.name == table; });
+  return found == tables.end() ? nullptr : &*found;
+}
+
+std::string quotedName(std::string_view name) {
+  std::string quoted{'"'};
+  for (const char c : name) quoted += c == '"' ? std::string{"\"\""} : std::string{c};
+  return quoted + '"';
+}
+
+std::string creationScript(const Layout& layout) {
+  std::string script =
+      fmt::format("PRAGMA application_id = {};\nPRAGMA user_version = {};\n", layout.applicationId, layout.version);
+  for (const Table& table : layout.tables) {
+    std::string columns;
+    for (const Column& column : table.columns)
+      columns += fmt::format("{}{}{}", columns.empty() ? "" : ", ", quotedName(column.name), declaration(column.type));
+    script += fmt::format("CREATE TABLE {} ({});\n", quotedName(table.name), columns);
+    if (table.key.empty()) continue;
+    script += keyTrigger(table, "INSERT") + keyTrigger(table, "UPDATE");
+  }
+  return script;
+}
+
+}  // namespace noldarz

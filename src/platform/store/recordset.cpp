@@ -1,0 +1,208 @@
+#include "platform/store/recordset.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cctype>
+
+#include "platform/store/store_failure.h"
+
+namespace noldarz {
+
+namespace {
+
+constexpr std::string_view reading{"SELECT"};
+
+/// The text behind its first word, which must be SELECT: nothing else reads only.
+std::string_view behindSelect(std::string_view query) {
+  query.remove_prefix(std::min(query.find_first_not_of(" \t\r\n"), query.size()));
+  const bool reads =
+      query.size() > reading.size() && std::equal(reading.begin(), reading.end(), query.begin(), [](char a, char b) {
+        return a == std::toupper(static_cast<unsigned char>(b));
+      });
+  if (!reads) throw StoreFailure(FailureNumber::querySyntax, "the query is no reading statement");
+  return query.substr(reading.size());
+}
+
+bool sameName(std::string_view a, std::string_view b) { return compareWithoutCase(a, b) == 0; }
+
+/// Grouped rows stand for several rows of the table.
+bool isGrouped(std::string_view query) {
+  std::string upper{query};
+  std::transform(upper.begin(), upper.end(), upper.begin(), [](unsigned char c) { return std::toupper(c); });
+  return upper.find("GROUP BY") != std::string::npos;
+}
+
+ColumnType typeOf(const Layout& layout, std::string_view table, std::string_view column) {
+  const Table* known = layout.find(table);
+  const Column* found = known ? known->find(column) : nullptr;
+  return found ? found->type : ColumnType::any;
+}
+
+}  // namespace
+
+Recordset::Recordset(std::shared_ptr<Database> database, const std::string& query) : database_(std::move(database)) {
+  const std::string_view rest = behindSelect(query);
+  Statement statement{*database_, query};
+  if (sqlite3_stmt_readonly(statement.handle()) == 0)
+    throw StoreFailure(FailureNumber::querySyntax, "the query is no reading statement");
+  takeColumns(statement);
+  if (isGrouped(query)) table_.clear();
+  if (table_.empty() || !readWithIds(rest)) readRows(statement, false);
+}
+
+bool Recordset::readWithIds(std::string_view rest) {
+  // The same query with one more column in front: which row of the table it is.
+  const std::string located = fmt::format("SELECT {}.rowid,{}", quotedName(table_), rest);
+  try {
+    Statement statement{*database_, located};
+    readRows(statement, true);
+    return true;
+  } catch (const StoreFailure& failure) {
+    if (failure.reason() != FailureNumber::querySyntax) throw;
+    table_.clear();  // rows without a number of their own, such as DISTINCT ones
+    return false;
+  }
+}
+
+void Recordset::takeColumns(const Statement& statement) {
+  for (int i = 0; i < statement.columnCount(); ++i) {
+    const char* table = sqlite3_column_table_name(statement.handle(), i);
+    const char* origin = sqlite3_column_origin_name(statement.handle(), i);
+    columns_.emplace_back(origin ? origin : sqlite3_column_name(statement.handle(), i));
+    const std::string name = table ? table : "";
+    types_.push_back(typeOf(database_->layout(), name, columns_.back()));
+    if (i == 0) table_ = name;
+    if (name != table_) table_.clear();
+  }
+}
+
+void Recordset::readRows(Statement& statement, bool withIds) {
+  const int first = withIds ? 1 : 0;
+  rows_.clear();
+  while (statement.step()) {
+    Row& row = rows_.emplace_back();
+    if (withIds) row.id = static_cast<std::int64_t>(numberOf(statement.cell(0)));
+    for (int i = first; i < statement.columnCount(); ++i) row.cells.push_back(statement.cell(i));
+  }
+}
+
+void Recordset::moveFirst() {
+  cancelUpdate();
+  if (rows_.empty()) fail(FailureNumber::noCurrentRow);
+  at_ = 0;
+}
+
+void Recordset::moveNext() {
+  cancelUpdate();
+  if (eof()) fail(FailureNumber::noCurrentRow);
+  ++at_;
+}
+
+std::optional<int> Recordset::find(std::string_view column) const {
+  const auto found =
+      std::find_if(columns_.begin(), columns_.end(), [&](const auto& name) { return sameName(name, column); });
+  if (found == columns_.end()) return {};
+  return static_cast<int>(found - columns_.begin());
+}
+
+int Recordset::position(std::string_view column) const {
+  const auto found = find(column);
+  if (!found) fail(FailureNumber::noSuchColumn);
+  return *found;
+}
+
+const Cell& Recordset::value(int column) const {
+  static const Cell nothing;
+  if (column < 0 || column >= static_cast<int>(columns_.size())) fail(FailureNumber::noSuchColumn);
+  if (const auto change = changes_.find(column); change != changes_.end()) return change->second;
+  if (mode_ == Mode::add) return nothing;
+  if (eof()) fail(FailureNumber::noCurrentRow);
+  return rows_[at_].cells[static_cast<std::size_t>(column)];
+}
+
+void Recordset::requireWritable() const {
+  if (table_.empty()) throw StoreFailure(FailureNumber::readOnly, "the rows of the query can't be written");
+}
+
+void Recordset::edit() {
+  if (isOpenForWriting()) return;
+  if (eof()) fail(FailureNumber::noCurrentRow);
+  requireWritable();
+  mode_ = Mode::edit;
+}
+
+void Recordset::addNew() {
+  requireWritable();
+  cancelUpdate();
+  mode_ = Mode::add;
+}
+
+void Recordset::cancelUpdate() {
+  mode_ = Mode::closed;
+  changes_.clear();
+}
+
+void Recordset::set(int column, Cell value) {
+  if (!isOpenForWriting()) fail(FailureNumber::updateUnopened);
+  if (column < 0 || column >= static_cast<int>(columns_.size())) fail(FailureNumber::noSuchColumn);
+  if (const auto* text = std::get_if<std::string>(&value); text && isNumber(column)) {
+    const ParsedNumber parsed = parseNumber(*text);
+    if (parsed.outcome == ParsedNumber::Outcome::number)
+      value = parsed.value;
+    else if (text->empty())
+      value = std::monostate{};
+  }
+  changes_[column] = std::move(value);
+}
+
+void Recordset::update() {
+  if (!isOpenForWriting()) fail(FailureNumber::updateUnopened);
+  if (isAdding() || !changes_.empty()) database_->transact([&] { isAdding() ? storeNewRow() : storeChanges(); });
+  if (isAdding()) {
+    rows_.push_back({sqlite3_last_insert_rowid(database_->handle()), std::vector<Cell>(columns_.size())});
+    at_ = rows_.size() - 1;
+  }
+  for (auto& [column, cell] : changes_) rows_[at_].cells[static_cast<std::size_t>(column)] = std::move(cell);
+  cancelUpdate();
+}
+
+void Recordset::storeChanges() {
+  std::string sets;
+  std::string same;  // a row that was deleted meanwhile may have left its number to another one
+  std::vector<Cell> values;
+  for (const auto& [column, cell] : changes_) {
+    sets += fmt::format("{}{} = ?", sets.empty() ? "" : ", ", quotedName(columns_[static_cast<std::size_t>(column)]));
+    values.push_back(cell);
+  }
+  values.emplace_back(rows_[at_].id);
+  const Table* table = database_->layout().find(table_);
+  for (std::size_t i = 0; table && i < columns_.size(); ++i) {
+    if (!table->isKey(columns_[i])) continue;
+    same += fmt::format(" AND {} IS ?", quotedName(columns_[i]));
+    values.push_back(rows_[at_].cells[i]);
+  }
+  Statement statement{*database_, fmt::format("UPDATE {} SET {} WHERE rowid = ?{}", quotedName(table_), sets, same)};
+  for (std::size_t i = 0; i < values.size(); ++i) statement.bind(static_cast<int>(i) + 1, values[i]);
+  statement.step();
+  if (sqlite3_changes(database_->handle()) != 1)
+    throw StoreFailure(FailureNumber::noCurrentRow, "the row is no longer there");
+}
+
+void Recordset::storeNewRow() {
+  std::string names;
+  std::string places;
+  for (const auto& [column, cell] : changes_) {
+    names += (names.empty() ? "" : ", ") + quotedName(columns_[static_cast<std::size_t>(column)]);
+    places += places.empty() ? "?" : ", ?";
+  }
+  Statement statement{*database_,
+                      changes_.empty()
+                          ? fmt::format("INSERT INTO {} DEFAULT VALUES", quotedName(table_))
+                          : fmt::format("INSERT INTO {} ({}) VALUES ({})", quotedName(table_), names, places)};
+  int parameter = 0;
+  for (const auto& [column, cell] : changes_) statement.bind(++parameter, cell);
+  statement.step();
+}
+
+}  // namespace noldarz

@@ -1,0 +1,136 @@
+#include "scenario/input_rules.h"
+
+#include <exception>
+
+#include "engine/air.h"
+#include "platform/text.h"
+#include "scenario/queries.h"
+
+namespace noldarz {
+
+namespace {
+
+constexpr double leastReleaseHeight = 0.1;  // m
+constexpr std::string_view usersClass{"Custom"};
+
+}  // namespace
+
+std::string_view limitChoiceCaption(int value) {
+  return value == 1 ? "Computes Fatality and Injury dist. limit using Probit Equation."
+                    : "Computes Fatality and Injury dist. limit using using lethal concentration.";
+}
+
+InputRules::InputRules(View& view, ModelState& model, ScenarioState& state, const ScenarioInputs& in,
+                       const ResultFields& result, const ScenarioFields& fields, MainLinks& links, PlumeModel& plume,
+                       const Settings& settings, Desktop& desktop, StatusLine& status)
+    : model_(model),
+      state_(state),
+      in_(in),
+      result_(result),
+      fields_(fields),
+      links_(links),
+      plume_(plume),
+      settings_(settings),
+      desktop_(desktop),
+      status_(status) {
+  view.on(in_.htreltxt, Event::lostFocus, [this] { htreltxt_LostFocus(); });
+  view.on(in_.htsmul, Event::lostFocus, [this] { saveHeights(); });
+  view.on(in_.roghwndoptcbo, Event::lostFocus, [this] { roghwndoptcbo_LostFocus(); });
+  view.on(in_.stblclscbo, Event::lostFocus, [this] { stblclscbo_LostFocus(); });
+  view.on(in_.stblclscbo, Event::click, [this] { stblclscbo_Click(); });
+  view.on(in_.wndveltxt, Event::lostFocus, [this] { wndveltxt_LostFocus(); });
+  view.on(fields_.scnrotxtlbl, Event::gotFocus, [this] { scnrTextBefore_ = fields_.scnrotxtlbl.text(); });
+  view.on(fields_.scnrotxtlbl, Event::lostFocus, [this] { scnrotxtlbl_LostFocus(); });
+  view.on(in_.MaxFtlyDstOptn, Event::click, [this] { MaxFtlyDstOptn_Click(); });
+}
+
+void InputRules::refuse(Field& field, const std::string& text) {
+  desktop_.messageBox(critical(text));
+  status_.skipping().step([&] { desktop_.setFocus(field); });
+}
+
+void InputRules::refuseEntry(Field& field) {
+  refuse(field, "Please select from List");
+  desktop_.openDropDown(field);
+}
+
+void InputRules::saveHeights() {
+  status_.skipping().step([&] { links_.dt3.refresh(); });
+}
+
+void InputRules::htreltxt_LostFocus() {
+  if (!in_.htreltxt.isNumeric()) {
+    refuse(in_.htreltxt, "Height of release should be Numeric");
+  } else if (in_.htreltxt.number() < leastReleaseHeight) {
+    desktop_.messageBox(critical("Height of release should be > or = 0.1 m"));
+    in_.htreltxt.setText("1");
+    status_.skipping().step([&] { desktop_.setFocus(in_.htreltxt); });
+  } else {
+    saveHeights();
+  }
+}
+
+void InputRules::roghwndoptcbo_LostFocus() {
+  if (in_.roghwndoptcbo.wordIndex(terrainEntries) < 0)
+    refuseEntry(in_.roghwndoptcbo);
+  else
+    saveHeights();
+}
+
+void InputRules::stblclscbo_LostFocus() {
+  if (in_.stblclscbo.wordIndex(stabilityClassEntries) < 0 && in_.stblclscbo.text() != usersClass)
+    return refuseEntry(in_.stblclscbo);
+  DataLink& row = links_.dt2a;
+  status_.skipping().steps([&] { plume_.setClassWind(); },
+                           [&] { row.edit(); },
+                           [&] { row.set("StblClas", in_.stblclscbo.text()); },
+                           [&] { row.set("wndvel", model_.classWind); },
+                           [&] { row.update(); },
+                           [&] { in_.wndveltxt.setPlainNumber(model_.classWind); });
+}
+
+void InputRules::stblclscbo_Click() {
+  state_.scnrKeyByText = 0;
+  askForRunRow();
+  status_.skipping().steps([&] { links_.dt2.refresh(); }, [&] { links_.dt2a.refresh(); });
+}
+
+void InputRules::wndveltxt_LostFocus() {
+  if (!in_.wndveltxt.isNumeric()) {
+    MessageBox box = critical("Input Variable error");
+    box.title = "QUENDARIS: Error";
+    desktop_.messageBox(box);
+    return status_.skipping().step([&] { desktop_.setFocus(in_.wndveltxt); });
+  }
+  DataLink& row = links_.dt2a;
+  status_.skipping().steps([&] { row.edit(); },
+                           [&] { row.set("wndvel", in_.wndveltxt.number()); },
+                           [&] { row.update(); },
+                           [&] { model_.windAtHeight = strictNumber(result_.wndvel.caption()); });
+}
+
+void InputRules::scnrotxtlbl_LostFocus() {
+  const std::string name = fields_.scnrotxtlbl.text();
+  if (name.empty()) return refuse(fields_.scnrotxtlbl, "Please enter scenario text");
+  if (const std::string fault = faultOfName(name); !fault.empty()) {
+    status_.tellFault("The name \"" + name + "\" " + fault);
+  } else {
+    state_.scnrUserText = name;
+    state_.scnrKeyByText = 1;
+    state_.selectByUserText = 1;
+    if (name != scnrTextBefore_) askForRunRow();
+  }
+  scnrTextBefore_.clear();
+}
+
+void InputRules::MaxFtlyDstOptn_Click() {
+  in_.MaxFtlyDstOptn.setCaption(limitChoiceCaption(in_.MaxFtlyDstOptn.value()));
+  try {
+    settings_.set(
+        limitChoice::application, limitChoice::section, limitChoice::key, std::to_string(in_.MaxFtlyDstOptn.value()));
+  } catch (const std::exception& failure) {
+    status_.tellFault(std::string{"The setting is not kept: "} + failure.what());
+  }
+}
+
+}  // namespace noldarz

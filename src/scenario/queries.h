@@ -1,0 +1,64 @@
+// The query texts of the study, to the letter. A builder joins its text from the names on the main view and opens nothing.
+// No character of a name is escaped: a name with a single quote can't be looked up.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/fields.h"
+#include "platform/store/data_link.h"
+#include "scenario/fields.h"
+#include "scenario/state.h"
+
+namespace noldarz {
+
+class Queries {
+ public:
+  Queries(ScenarioState& state, const ScenarioInputs& in, const ScenarioFields& fields)
+      : state_(state), in_(in), fields_(fields) {}
+
+  void buildQryProject();
+  void buildQryScenario();
+  void buildQryDisp();
+  void buildQryOrg();
+  /// Also keeps the name of the chemical in `chemName`, puts ": " in front of its caption, and copies the reference number
+  /// to `reftmptxt`.
+  void buildQryChem();
+  /// By `scnrUserText`, which is the user's name of the run or, for `selectByUserText` 0, its key text.
+  void buildQryRunByText();
+  /// By the key text of the scenario and class in force.
+  void buildQryRunByClass();
+  void buildQryRunList();
+  /// All rows of all reference numbers when the check field `getfrPre` of the population view is set.
+  void buildQryPopulation(const Field& getfrPre);
+
+  /// Builds a text and makes it the record source of the link. Fails with querySyntax when a name in it holds a single
+  /// quote: the link then has no record source.
+  template <class Build>
+  void use(DataLink& link, Build build, const std::string& text) {
+    link.setRecordSource({});
+    names_.clear();
+    (this->*build)();
+    requirePlain(names_);
+    link.setRecordSource(text);
+  }
+
+  /// Key text of the run of the scenario and class in force: scenario text, reference number and class.
+  std::string runKey() const;
+
+ private:
+  std::string quoted(std::string_view name);
+  std::string runQuery(const std::string& column, std::string_view name);
+  static void requirePlain(const std::vector<std::string>& names);
+
+  ScenarioState& state_;
+  const ScenarioInputs& in_;
+  const ScenarioFields& fields_;
+  std::vector<std::string> names_;  // joined into the last text
+};
+
+/// Why the study does not take the name, as the end of a sentence that begins with it; empty when it does.
+std::string faultOfName(std::string_view name);
+
+}  // namespace noldarz

@@ -1,0 +1,66 @@
+#include "scenario/required_files.h"
+
+#include <fstream>
+
+#include "platform/failure.h"
+
+namespace noldarz {
+
+namespace fs = std::filesystem;
+
+void enterFolder(const fs::path& folder) {
+  std::error_code error;
+  fs::current_path(folder, error);
+  if (error) fail(FailureNumber::noSuchFolder);
+}
+
+fs::path setupProgram(const Folders& folders) { return folders.program.parent_path() / "ReqFiles" / "fld1" / "setup"; }
+
+void closeMarker(const Folders& folders) {
+  const fs::path marker = folders.documents / "nldopnd.txt";
+  std::error_code error;
+  if (!fs::exists(marker, error)) return;
+  std::ofstream stream(marker, std::ios::trunc);
+  stream << "File closed";
+  stream.close();
+  if (!stream) fail(FailureNumber::readOnly);
+}
+
+RequiredFiles::RequiredFiles(Views& views, const ScenarioState& state, const Folders& folders, Desktop& desktop)
+    : view_(views, "reqfrm", " QUENDARIS : Required files installation"),
+      lbl1_(view_.label("lbl1",
+                        "Some more files required. Please Run Setup to install required files and then rerun main "
+                        "module.")),
+      reasonlbl_(view_.label("reasonlbl")),
+      runsetp_(view_.add(FieldKind::button, "runsetp", "&Run Setup")),
+      state_(state),
+      folders_(folders),
+      desktop_(desktop) {
+  view_.on(runsetp_, Event::click, [this] { runsetp_Click(); });
+}
+
+void RequiredFiles::open(View& mainView, const std::string& reason) {
+  MessageBox box = critical("More files required run setup/Installed Files missing");
+  box.title = "QUENDARIS: Files missing";
+  desktop_.messageBox(box);
+  reasonlbl_.setCaption(reason);
+  mainView.close();
+  view_.show();
+}
+
+void RequiredFiles::runsetp_Click() {
+  silently([&] { runSetup(); });  // any failure goes straight to closing
+  view_.close();
+}
+
+void RequiredFiles::runSetup() const {
+  const fs::path setup = setupProgram(folders_);
+  enterFolder(folders_.program);
+  enterFolder(folders_.program.parent_path());
+  enterFolder(setup.parent_path());
+  desktop_.runProgram(setup, {state_.dbPath});
+  enterFolder(folders_.program);
+  closeMarker(folders_);
+}
+
+}  // namespace noldarz

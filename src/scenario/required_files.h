@@ -1,0 +1,46 @@
+// The view `reqfrm`: what the user gets in place of a program that can't open its study, a way to run the setup that lays
+// the missing parts down.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "platform/desktop.h"
+#include "platform/folders.h"
+#include "platform/view.h"
+#include "scenario/state.h"
+
+namespace noldarz {
+
+class RequiredFiles {
+ public:
+  RequiredFiles(Views& views, const ScenarioState& state, const Folders& folders, Desktop& desktop);
+
+  /// Says that parts are missing, closes the main view, opens this one. `reason`: what the start-up met.
+  void open(View& mainView, const std::string& reason);
+
+  View& view() { return view_; }
+
+ private:
+  void runsetp_Click();
+  void runSetup() const;
+
+  View view_;
+  Field& lbl1_;
+  Field& reasonlbl_;
+  Field& runsetp_;
+  const ScenarioState& state_;
+  const Folders& folders_;
+  Desktop& desktop_;
+};
+
+/// The setup program: in the folder ReqFiles/fld1 beside the program's own folder.
+std::filesystem::path setupProgram(const Folders& folders);
+
+/// Overwrites the main module's marker in the user's documents with "File closed", if there is one.
+void closeMarker(const Folders& folders);
+
+/// Makes the folder the current one. Fails with noSuchFolder.
+void enterFolder(const std::filesystem::path& folder);
+
+}  // namespace noldarz

@@ -1,0 +1,80 @@
+#include "scenario/run_list.h"
+
+#include "scenario/run_row.h"
+
+namespace noldarz {
+
+namespace {
+
+constexpr int slotsPerRun = 5;
+
+}  // namespace
+
+RunList::RunList(ScenarioState& state, const ScenarioInputs& in, const LevelFields& level, const ScenarioFields& fields,
+                 MainLinks& links, Queries& queries, StatusLine& status)
+    : state_(state), in_(in), level_(level), fields_(fields), links_(links), queries_(queries), status_(status) {}
+
+void RunList::clear() { fields_.dspScnorlst_1.setEntries({}); }
+
+void RunList::fill(const Trap& skipping) {
+  DataLink& rows = links_.dt2a;
+  skipping.steps([&] { queries_.use(rows, &Queries::buildQryRunList, state_.qryRunList); },
+                 [&] { rows.refresh(); },
+                 [&] { rows.moveFirst(); });
+  clear();
+  runs_.clear();
+  skipping.step([&] {
+    for (; !rows.eof(); rows.moveNext())
+      runs_.push_back({rows.text("scenariotxt_ac"),
+                       rows.text("scnrotype"),
+                       rows.text("scenariotxtUser"),
+                       rows.text("QntyRels"),
+                       rows.text("PoolRadiusRrsls")});
+  });
+  std::vector<std::string> names;
+  for (auto run = runs_.rbegin(); run != runs_.rend(); ++run) names.push_back(run->scenariotxtUser);
+  fields_.dspScnorlst_1.setEntries(names);
+  if (!runs_.empty()) state_.scnrListLast = slotsPerRun * (static_cast<std::int32_t>(runs_.size()) - 1);
+  skipping.step([&] { rows.moveFirst(); });
+}
+
+void RunList::dspScnorlst_1_DblClick() {
+  const int entry = fields_.dspScnorlst_1.listIndex();
+  const int position = static_cast<int>(runs_.size()) - 1 - entry;
+  if (entry < 0 || position < 0) {
+    state_.selectByUserText = 0;
+    return;
+  }
+  const Run& run = runs_[static_cast<std::size_t>(position)];
+  status_.clearFault();
+  const Trap skipping = status_.skipping();
+  fields_.scnrotxt.setText(run.scenariotxt_ac);
+  in_.scnrotypetxt.setText(run.scnrotype);
+  in_.QntyRelstxt.setText(run.QntyRels);
+  in_.PoolRadiusRrslstxt.setText(run.PoolRadiusRrsls);
+  state_.scnrText = fields_.scnrotxt.text();
+  skipping.step([&] { links_.dt2a.refresh(); });
+  state_.scnrUserText = run.scenariotxtUser;
+  state_.selectByUserText = 1;
+  skipping.steps([&] { queries_.use(links_.dt2a, &Queries::buildQryRunByText, state_.qryRunByText); },
+                 [&] { links_.dt2a.refresh(); },
+                 [&] { links_.dt2.refresh(); });
+  takeInputs(skipping);
+  state_.selectByUserText = 0;
+  if (!status_.hasFault()) status_.say("Run \"" + run.scenariotxtUser + "\" selected. Compute to see its results.");
+}
+
+void RunList::takeInputs(const Trap& skipping) {
+  const DataLink& row = links_.dt2a;
+  skipping.steps([&] { in_.stblclscbo.setText(textIn(row, "StblClas")); },
+                 [&] { in_.prbtoptn.setValue(isTrue(row.value("prbtoptn")) ? 1 : 0); },
+                 [&] { in_.avalftl.setText(textIn(row, "avalftl")); },
+                 [&] { in_.nvalftl.setText(textIn(row, "nvalftl")); },
+                 [&] { in_.avalinj.setText(textIn(row, "avalinj")); },
+                 [&] { in_.nvalinj.setText(textIn(row, "nvalinj")); });
+  takeLevels(row, level_, skipping);
+  skipping.steps([&] { in_.tempStore.setText(textIn(row, "TemptureTmp")); },
+                 [&] { in_.hudityTxt.setText(textIn(row, "Hmudy")); });
+}
+
+}  // namespace noldarz

@@ -1,0 +1,52 @@
+// The list of stored runs of the reference number, and the way of one of them into the view.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "engine/fields.h"
+#include "scenario/fields.h"
+#include "scenario/links.h"
+#include "scenario/queries.h"
+#include "scenario/state.h"
+#include "scenario/status_line.h"
+
+namespace noldarz {
+
+class RunList {
+ public:
+  RunList(ScenarioState& state, const ScenarioInputs& in, const LevelFields& level, const ScenarioFields& fields,
+          MainLinks& links, Queries& queries, StatusLine& status);
+
+  /// Fills the list from the run rows of the reference number, the last row on top. The link dt2a then stands on the first
+  /// of them. A failed step is skipped.
+  void fill(const Trap& skipping);
+  void clear();
+
+  /// A double click in the list: brings the inputs of the selected run into the view, with the link dt2a on its row. Without
+  /// a selected entry nothing is loaded.
+  void dspScnorlst_1_DblClick();
+
+ private:
+  /// What the list keeps of a run.
+  struct Run {
+    std::string scenariotxt_ac;
+    std::string scnrotype;
+    std::string scenariotxtUser;
+    std::string QntyRels;
+    std::string PoolRadiusRrsls;
+  };
+
+  void takeInputs(const Trap& skipping);
+
+  ScenarioState& state_;
+  const ScenarioInputs& in_;
+  const LevelFields& level_;
+  const ScenarioFields& fields_;
+  MainLinks& links_;
+  Queries& queries_;
+  StatusLine& status_;
+  std::vector<Run> runs_;  // scnrStore, in the order of the rows
+};
+
+}  // namespace noldarz

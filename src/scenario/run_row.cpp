@@ -1,0 +1,213 @@
+#include "scenario/run_row.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "engine/air.h"
+#include "scenario/study_layout.h"
+
+namespace noldarz {
+
+namespace {
+
+constexpr int unknown = -1;  // the rows of the run could not be read
+
+bool isStabilityClass(std::string_view text) {
+  return std::find(stabilityClassEntries.begin(), stabilityClassEntries.end(), text) != stabilityClassEntries.end();
+}
+
+std::string levelColumn(std::string_view stem, int number) { return std::string{stem} + std::to_string(number); }
+
+/// A number with two decimals; any other text, such as a mark, as it stands.
+std::string stored(const Field& field) { return Format(field.text(), "0.00"); }
+
+std::string storedHalf(const Field& field) {
+  return field.isNumeric() ? Format(field.number() / 2, "0.00") : field.text();
+}
+
+}  // namespace
+
+std::string textIn(const DataLink& row, std::string_view column) {
+  const Cell& cell = row.value(column);
+  if (holdsNothing(cell)) fail(FailureNumber::typeMismatch);
+  return textOf(cell);
+}
+
+void takeLevels(const DataLink& row, const LevelFields& level, const Trap& skipping) {
+  for (int i = 0; i < levelCount; ++i)
+    skipping.steps([&] { level.constn[i].setText(textIn(row, levelColumn("constn", i + 1))); },
+                   [&] { level.conclbl[i].setCaption(textIn(row, levelColumn("constnTxt", i + 1))); });
+}
+
+RunRow::RunRow(ScenarioState& state, const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
+               const ScenarioFields& fields, MainLinks& links, Queries& queries, RunList& list, ProbitConstants& probit,
+               Desktop& desktop, StatusLine& status)
+    : state_(state),
+      in_(in),
+      level_(level),
+      result_(result),
+      fields_(fields),
+      links_(links),
+      queries_(queries),
+      list_(list),
+      probit_(probit),
+      desktop_(desktop),
+      status_(status) {}
+
+void RunRow::saveRunRow() {
+  DataLink& row = links_.dt2a;
+  status_.clearFault();
+  const Trap skipping = status_.skipping();
+  list_.clear();
+  skipping.steps([&] { useRunQuery(); }, [&] { row.refresh(); });
+  probit_.prbtFillDefaults();
+  int found = unknown;
+  skipping.step([&] { found = row.recordCount(); });
+  if (found == 0) create(skipping);
+  if (found == 1) bringUpToDate(skipping);
+  skipping.steps([&] { row.update(); }, [&] { row.refresh(); });
+  list_.fill(skipping);
+  standOnRow(skipping);
+  skipping.step([&] { restoreLevels(); });
+  if (!focusDone_) {
+    skipping.step([&] { desktop_.setFocus(fields_.scnrotxtlbl); });
+    focusDone_ = true;
+  }
+  state_.scnrKeyByText = 1;
+  fields_.tmr_1.disable();
+  tellOutcome(found);
+}
+
+void RunRow::useRunQuery() {
+  if (state_.scnrKeyByText != 0)
+    queries_.use(links_.dt2a, &Queries::buildQryRunByText, state_.qryRunByText);
+  else
+    queries_.use(links_.dt2a, &Queries::buildQryRunByClass, state_.qryRunByClass);
+}
+
+void RunRow::create(const Trap& skipping) {
+  DataLink& row = links_.dt2a;
+  const auto set = [&](std::string_view column, const Cell& value) { skipping.step([&] { row.set(column, value); }); };
+  skipping.step([&] {
+    if (fields_.refnolbl.caption().empty() || state_.scnrText.empty())
+      throw StoreFailure(FailureNumber::noCurrentRow, "The study has no active project with a working scenario");
+    if (const std::string fault = faultOfName(queries_.runKey()); !fault.empty())
+      throw StoreFailure(FailureNumber::querySyntax, "The name \"" + queries_.runKey() + "\" " + fault);
+    row.addNew();
+  });
+  if (!skipping.holds([&] { return row.recordset().isAdding(); })) return;
+  set("OrgName", fields_.Orglbltxt.caption());
+  set("refNo", fields_.refnolbl.caption());
+  set("scenariotxt", queries_.runKey());
+  set("scenariotxt_ac", state_.scnrText);
+  set("scnrotype", in_.scnrotypetxt.text());
+  set("ScenarioOptn", std::string{moduleName});
+  fields_.scnrotxtlbl.setText(state_.scnrText);  // the link stores it
+  set("QntyRels", in_.QntyRelstxt.text());
+  set("PoolRadiusRrsls", in_.PoolRadiusRrslstxt.text());
+  if (isStabilityClass(state_.stblClassStored)) set("StblClas", state_.stblClassStored);
+  set("prbtoptn", truth(true));
+  in_.prbtoptn.setValue(1);
+  probit_.showChoice();
+  set("avalftl", in_.avalftl.text());
+  set("nvalftl", in_.nvalftl.text());
+  set("avalinj", in_.avalinj.text());
+  set("nvalinj", in_.nvalinj.text());
+  set("TemptureTmp", in_.tempStore.text());
+  skipping.steps([&] { row.set("qntystor", links_.dt4.value("qntychem")); },
+                 [&] { row.set("pipholradstor", links_.dt4.value("pipetxt")); });
+  if (state_.scnrKeyByText != 0 && isStabilityClass(state_.stblClassStored)) {
+    in_.stblclscbo.setText(state_.stblClassStored);
+    set("StblClas", in_.stblclscbo.text());
+  }
+  settleFocus();
+}
+
+void RunRow::settleFocus() {
+  const Trap skipping = status_.skipping();
+  skipping.steps([&] { desktop_.setFocus(in_.stblclscbo); }, [&] { desktop_.setFocus(fields_.scnrotxtlbl); });
+}
+
+void RunRow::bringUpToDate(const Trap& skipping) {
+  DataLink& row = links_.dt2a;
+  const auto set = [&](std::string_view column, const Cell& value) { skipping.step([&] { row.set(column, value); }); };
+  if (state_.scnrKeyByText != 0) skipping.step([&] { in_.stblclscbo.setText(textIn(row, "StblClas")); });
+  skipping.step([&] { row.edit(); });
+  set("scnrotype", in_.scnrotypetxt.text());
+  if (!fields_.scnrotxtlbl.text().empty()) set("scenariotxtUser", fields_.scnrotxtlbl.text());
+  if (state_.scnrKeyByText == 0) {
+    set("QntyRels", in_.QntyRelstxt.text());
+    set("PoolRadiusRrsls", in_.PoolRadiusRrslstxt.text());
+    set("expmass", result_.expmass.isNumeric() ? result_.expmass.text() : "0");
+  }
+  skipping.steps([&] { in_.prbtoptn.setValue(isTrue(row.value("prbtoptn")) ? 1 : 0); },
+                 [&] { probit_.showChoice(); },
+                 [&] { in_.avalftl.setText(textIn(row, "avalftl")); },
+                 [&] { in_.nvalftl.setText(textIn(row, "nvalftl")); },
+                 [&] { in_.avalinj.setText(textIn(row, "avalinj")); },
+                 [&] { in_.nvalinj.setText(textIn(row, "nvalinj")); });
+}
+
+void RunRow::standOnRow(const Trap& skipping) {
+  DataLink& row = links_.dt2a;
+  skipping.steps([&] { useRunQuery(); }, [&] { row.refresh(); });
+  // A name that finds no row must not leave the run without one, or its results would be lost.
+  if (skipping.holds([&] { return row.recordCount() > 0; })) return;
+  skipping.steps([&] { queries_.use(row, &Queries::buildQryRunByClass, state_.qryRunByClass); },
+                 [&] { row.refresh(); });
+}
+
+void RunRow::restoreLevels() {
+  const DataLink& row = links_.dt2a;
+  // A mark is different from 0, too: the level was searched for.
+  for (const std::string_view column : {"bgnptn1", "endptn1", "bgnptn2", "endptn2", "bgnptn3", "endptn3"})
+    if (const ParsedNumber point = parseNumber(textIn(row, column));
+        point.outcome == ParsedNumber::Outcome::number && point.value == 0)
+      return;
+  takeLevels(row, level_, status_.skipping());
+}
+
+void RunRow::tellOutcome(int found) {
+  if (status_.hasFault()) return;
+  const std::string& name = fields_.scnrotxtlbl.text();
+  if (found == 0) status_.say(fmt::format("Run \"{}\" created.", name));
+  if (found == 1) status_.say(fmt::format("Run \"{}\" found.", name));
+  if (found > 1) status_.tellFault(fmt::format("{} runs have the name \"{}\"; rename one of them.", found, name));
+}
+
+void RunRow::storeFlammableMass(double mass) try {
+  links_.dt2.edit();
+  links_.dt2.set("expmass", mass);
+  links_.dt2.update();
+  links_.dt2.refresh();
+} catch (const StoreFailure& failure) {
+  status_.tellFault(failure.what());
+  throw;
+}
+
+void RunRow::storeRun() {
+  DataLink& row = links_.dt2a;
+  bool failed = false;
+  const Trap telling{[&](const RuntimeFailure& failure) {
+    failed = true;
+    status_.tellFault(std::string{"The results are not stored: "} + failure.what());
+  }};
+  const auto set = [&](std::string_view column, const Cell& value) { telling.step([&] { row.set(column, value); }); };
+  telling.step([&] { row.edit(); });
+  if (failed) return;
+  set("FtlyYcord", storedHalf(level_.isopwdth[2]));
+  set("InjYcord", storedHalf(level_.isopwdth[5]));
+  set("isopAngle", stored(level_.isopang[2]));
+  set("expmass", result_.expmass.isNumeric() ? stored(result_.expmass) : "0");
+  for (int i = 0; i < levelCount; ++i) {
+    set(levelColumn("bgnptn", i), stored(level_.bgnpt[i]));
+    set(levelColumn("endptn", i), stored(level_.endpt[i]));
+    set(levelColumn("constn", i + 1), stored(level_.constn[i]));
+    set(levelColumn("constnTxt", i + 1), level_.conclbl[i].caption());
+  }
+  telling.steps([&] { row.update(); }, [&] { row.refresh(); });
+  if (!failed) status_.say(fmt::format("Results stored in run \"{}\".", fields_.scnrotxtlbl.text()));
+}
+
+}  // namespace noldarz

@@ -1,0 +1,63 @@
+// The row of the run in force: found or created for the inputs, kept up to date, filled with the results of a press. The
+// step runs from the timer tmr_1, so that the event that asked for it has ended.
+#pragma once
+
+#include "engine/effects.h"
+#include "engine/fields.h"
+#include "platform/desktop.h"
+#include "scenario/fields.h"
+#include "scenario/links.h"
+#include "scenario/queries.h"
+#include "scenario/run_list.h"
+#include "scenario/state.h"
+#include "scenario/status_line.h"
+#include "toxic/probit_constants.h"
+
+namespace noldarz {
+
+class RunRow : public RunStore {
+ public:
+  RunRow(ScenarioState& state, const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
+         const ScenarioFields& fields, MainLinks& links, Queries& queries, RunList& list, ProbitConstants& probit,
+         Desktop& desktop, StatusLine& status);
+
+  /// The run row step: finds the row by the name of the run (`scnrKeyByText` 1) or by scenario and class (0), creates it
+  /// when there is none, brings it up to date when there is one, fills the list of stored runs, and brings the levels of a
+  /// finished run back. A failed step is skipped.
+  void saveRunRow();
+
+  /// Stores the flammable mass (lbm) in the working scenario.
+  void storeFlammableMass(double mass) override;
+  /// Writes the results into the row, in one change: numbers with two decimals, marks as they stand.
+  void storeRun() override;
+
+ private:
+  void useRunQuery();
+  void create(const Trap& skipping);
+  void bringUpToDate(const Trap& skipping);
+  void standOnRow(const Trap& skipping);
+  void restoreLevels();
+  void settleFocus();
+  void tellOutcome(int found);
+
+  ScenarioState& state_;
+  const ScenarioInputs& in_;
+  const LevelFields& level_;
+  const ResultFields& result_;
+  const ScenarioFields& fields_;
+  MainLinks& links_;
+  Queries& queries_;
+  RunList& list_;
+  ProbitConstants& probit_;
+  Desktop& desktop_;
+  StatusLine& status_;
+  bool focusDone_ = false;
+};
+
+/// Brings the six levels and their captions from the row that the link stands on. A cell without a value leaves its field.
+void takeLevels(const DataLink& row, const LevelFields& level, const Trap& skipping);
+
+/// The text of a cell. Fails with typeMismatch for a cell without a value.
+std::string textIn(const DataLink& row, std::string_view column);
+
+}  // namespace noldarz

@@ -1,0 +1,170 @@
+#include "scenario/start_up.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "engine/air.h"
+#include "platform/text.h"
+#include "scenario/input_rules.h"
+#include "scenario/study_layout.h"
+
+namespace noldarz {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view mainModuleTitle{"VELKORDA"};
+
+// Views that close with the main view, in this order.
+constexpr std::array<std::string_view, 7> attachedViews{
+    "chldfrm", "Drwfrm", "absltftlyfrm", "mixconcfrm", "aniwait1", "zardzone", "ScrnCapt"};
+
+/// The study beside the current folder, which moves one folder up on the way.
+std::string studyBeside() {
+  std::error_code error;
+  enterFolder(fs::current_path(error).parent_path());
+  return (fs::current_path(error) / "data" / "orgtn.mdb").string();
+}
+
+}  // namespace
+
+StartUp::StartUp(Views& views, MainView& main, ScenarioState& state, MainLinks& links, Queries& queries,
+                 ProbitConstants& probit, RequiredFiles& requiredFiles, const Folders& folders,
+                 const Settings& settings, Desktop& desktop, StatusLine& status)
+    : views_(views),
+      main_(main),
+      state_(state),
+      links_(links),
+      queries_(queries),
+      probit_(probit),
+      requiredFiles_(requiredFiles),
+      folders_(folders),
+      settings_(settings),
+      desktop_(desktop),
+      status_(status) {
+  View& view = main_.view;
+  view.onFront([this] { comeToFront(); });
+  view.onPaint([this] { paint(); });
+  view.onClosing([this] { closeAll(); });
+  view.onClose([this] { end(); });
+  view.on(main_.scenario.Tmr_2, Event::timer, [this] { settleFocus(); });
+  for (Field* field : {&main_.scenario.clsfrm1, &main_.scenario.exit})
+    view.on(*field, Event::click, [this] { main_.view.close(); });
+}
+
+void StartUp::start() {
+  main_.scenario.Tmr_2.enable();
+  main_.view.load();
+  if (!openStudy()) return;
+  const Trap skipping = status_.skipping();
+  skipping.step([&] { links_.dt3.refresh(); });
+  skipping.steps([&] { queries_.use(links_.dt4, &Queries::buildQryChem, state_.qryChem); },
+                 [&] { links_.dt4.refresh(); });
+  openHeights(skipping);
+  main_.command.prntprv.setEntries({outputEntries.begin(), outputEntries.end()});
+  takeScenario(skipping);
+  state_.mapScale = 1.0;
+  skipping.step([&] { enterFolder(folders_.program); });
+  probit_.prbtLoadConstants();
+  skipping.steps([&] { takeStabilityClass(); }, [&] { main_.scenario.tmr_1.enable(); }, [&] { takeLimitChoice(); });
+  main_.view.show();
+}
+
+bool StartUp::openStudy() {
+  const ScenarioFields& fields = main_.scenario;
+  std::string fault;
+  const auto step = [&](auto&& statement) {
+    if (!fault.empty()) return;
+    try {
+      statement();
+    } catch (const RuntimeFailure& failure) {
+      if (failure.reason() != FailureNumber::listRefuses) fault = failure.what();
+    }
+  };
+  step([&] { state_.lineWidthFlag = true; });
+  step([&] { fields.FatatyDistDsplyLbl.setCaption(""); });
+  step([&] { fields.InjuryDistDsplyLbl.setCaption(""); });
+  step([&] { main_.view.setTitle(" NOLDA-RZ : Dispersion Module  "); });
+  step([&] { state_.dbPath = studyBeside(); });
+  for (DataLink* link : {&links_.dt1, &links_.dt2, &links_.dt2a, &links_.dt3, &links_.dt4})
+    step([&] { link->setDatabaseName(state_.dbPath); });
+  step([&] { queries_.use(links_.dt1, &Queries::buildQryProject, state_.qryProject); });
+  step([&] { links_.dt1.refresh(); });
+  step([&] { queries_.use(links_.dt2, &Queries::buildQryScenario, state_.qryScenario); });
+  step([&] { links_.dt2.refresh(); });
+  // A name that can't be looked up is no missing file.
+  if (fault.empty()) status_.skipping().step([&] { queries_.use(links_.dt3, &Queries::buildQryDisp, state_.qryDisp); });
+  step([&] { fields.scnrotxtlbl.setText(fields.scnrotxt.text()); });
+  if (!fault.empty()) requiredFiles_.open(main_.view, fault);
+  return fault.empty();
+}
+
+void StartUp::openHeights(const Trap& skipping) {
+  DataLink& heights = links_.dt3;
+  const ScenarioFields& fields = main_.scenario;
+  const bool missing = skipping.holds([&] { return heights.absolutePosition() == -1; });
+  if (missing && !fields.refnolbl.caption().empty()) {
+    skipping.steps([&] { heights.addNew(); },
+                   [&] { heights.bind(fields.reftmptxt, "refNo"); },
+                   [&] { fields.reftmptxt.setText(fields.refnolbl.caption()); },
+                   [&] { heights.refresh(); });
+  } else if (skipping.holds([&] { return heights.text("refNo") == fields.refnolbl.caption(); })) {
+    skipping.step([&] { heights.moveFirst(); });
+  }
+}
+
+void StartUp::takeScenario(const Trap& skipping) {
+  state_.scnrText = main_.scenario.scnrotxt.text();
+  state_.scnrKeyByText = 0;
+  skipping.step([&] {
+    const Cell& asked = links_.dt2.value("scenariotxtTmp");
+    if (holdsNothing(asked) || textOf(asked) == noRunAsked) return;
+    state_.scnrKeyByText = 1;
+    state_.scnrUserText = textOf(asked);
+  });
+}
+
+void StartUp::takeStabilityClass() {
+  state_.stblClassStored = links_.dt2.text("StblCls");
+  const auto& classes = stabilityClassEntries;
+  if (std::find(classes.begin(), classes.end(), state_.stblClassStored) != classes.end())
+    main_.in.stblclscbo.setText(state_.stblClassStored);
+}
+
+void StartUp::takeLimitChoice() {
+  const std::string choice =
+      settings_.get(limitChoice::application, limitChoice::section, limitChoice::key).value_or("1");
+  main_.in.MaxFtlyDstOptn.setValue(toInteger(strictNumber(choice)));
+  main_.in.MaxFtlyDstOptn.setCaption(limitChoiceCaption(main_.in.MaxFtlyDstOptn.value()));
+}
+
+void StartUp::settleFocus() {
+  status_.skipping().steps([&] { desktop_.setFocus(main_.in.stblclscbo); },
+                           [&] { desktop_.setFocus(main_.scenario.scnrotxtlbl); });
+  main_.scenario.Tmr_2.disable();
+}
+
+void StartUp::comeToFront() {
+  main_.scenario.conctxt1.setVisible(false);
+  if (main_.scenario.naturchem.text() != "Non-Flammable") return;
+  main_.level.conclbl[0].setCaption("Conc. 0");
+  main_.level.conclbl[1].setCaption("Conc. 1");
+  main_.result.expmass.setText("N.A.");
+}
+
+void StartUp::paint() {
+  status_.skipping().step([&] { links_.dt2a.refresh(); });
+}
+
+void StartUp::closeAll() {
+  for (const auto name : attachedViews)
+    if (View* view = views_.find(name)) view->close();
+  // What was typed and not left yet is kept as if the field had been left.
+  for (DataLink* link : {&links_.dt1, &links_.dt2, &links_.dt2a, &links_.dt3, &links_.dt4})
+    status_.skipping().step([&] { link->close(); });
+}
+
+void StartUp::end() { state_.mainWnd = desktop_.activateWindow(std::string{mainModuleTitle}); }
+
+}  // namespace noldarz

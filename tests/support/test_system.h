@@ -11,7 +11,8 @@ namespace noldarz::test {
 
 class TestSystem {
  public:
-  TestSystem() : session([this](const Json& entry) { record.push_back(entry); }) {}
+  /// Without a study, and with nothing of the user who runs the tests.
+  TestSystem() : session([this](const Json& entry) { record.push_back(entry); }, Folders{"/", "/", "/"}) {}
 
   Field& field(const std::string& name) {
     Field* found = session.system().mainView().view.find(name);

@@ -1,0 +1,125 @@
+// A folder of its own with a study, a start folder and the folders of a user; and a program started on it.
+#pragma once
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <string>
+
+#include "cli/study.h"
+#include "platform/store/recordset.h"
+#include "scenario/study_layout.h"
+#include "support/test_system.h"
+
+namespace noldarz::test {
+
+namespace fs = std::filesystem;
+
+inline std::string readFile(const fs::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+inline void writeFile(const fs::path& file, std::string_view bytes) {
+  std::ofstream stream(file, std::ios::binary | std::ios::trunc);
+  stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+class TestFolder {
+ public:
+  TestFolder() {
+    std::string name = (fs::temp_directory_path() / "noldarz-XXXXXX").string();
+    path_ = mkdtemp(name.data());
+    for (const char* folder : {"start", "data", "programs/bin", "documents", "config"})
+      fs::create_directories(path_ / folder);
+  }
+  TestFolder(const TestFolder&) = delete;
+  TestFolder& operator=(const TestFolder&) = delete;
+  ~TestFolder() {
+    std::error_code error;
+    fs::current_path("/", error);
+    fs::remove_all(path_, error);
+  }
+
+  fs::path operator/(const char* name) const { return path_ / name; }
+  fs::path study() const { return path_ / "data" / "orgtn.mdb"; }
+  Folders folders() const { return {path_ / "programs/bin", path_ / "documents", path_ / "config"}; }
+
+ private:
+  fs::path path_;
+};
+
+/// The text of an example study ("chlorine"), with texts in it replaced.
+inline std::string exampleStudy(const std::string& name,
+                                const std::vector<std::pair<std::string, std::string>>& replaced = {}) {
+  std::string text = readFile(NOLDARZ_SOURCE_DIR "/examples/studies/" + name + ".toml");
+  for (const auto& [from, to] : replaced) {
+    const auto at = text.find(from);
+    if (at == std::string::npos) throw std::logic_error("the example has no " + from);
+    text.replace(at, from.size(), to);
+  }
+  return text;
+}
+
+/// Makes the study; returns what was reported, empty when it was made.
+inline std::string makeStudy(const fs::path& file, const std::string& text) {
+  const fs::path source = file.string() + ".toml";
+  writeFile(source, text);
+  std::ostringstream errors;
+  createStudy(file, source, true, errors);
+  fs::remove(source);
+  return errors.str();
+}
+
+/// The program on a study of its own, not started yet.
+class TestStudy {
+ public:
+  explicit TestStudy(const std::string& text = exampleStudy("chlorine")) {
+    if (const std::string fault = makeStudy(folder.study(), text); !fault.empty()) throw std::logic_error(fault);
+    open();
+  }
+
+  /// Another life of the program on the same study.
+  void open() {
+    session.reset();
+    fs::current_path(folder / "start");
+    session = std::make_unique<ScriptSession>([this](const Json& entry) { record.push_back(entry); }, folder.folders());
+  }
+  void run(const std::string& lines) {
+    std::istringstream stream(lines);
+    std::ostringstream errors;
+    if (runScript(*session, stream, "test", errors) != ExitStatus::done) throw std::logic_error(errors.str());
+  }
+  Field& field(const std::string& name) { return *session->system().mainView().view.find(name); }
+  std::string text(const std::string& name) { return field(name).text(); }
+  std::string status() { return text("statuslbl"); }
+  const RunState& state() { return session->system().state(); }
+
+  /// The cells that a query finds, "a|b" a row, read beside the running program.
+  std::vector<std::string> rows(const std::string& query) {
+    Recordset found{std::make_shared<Database>(folder.study(), studyLayout()), query};
+    std::vector<std::string> lines;
+    for (; !found.eof(); found.moveNext()) {
+      std::string line;
+      for (int i = 0; i < static_cast<int>(found.columns().size()); ++i)
+        line += (i == 0 ? "" : "|") + textOf(found.value(i));
+      lines.push_back(line);
+    }
+    return lines;
+  }
+  std::vector<std::string> runs() {
+    return rows("SELECT scenariotxt, scenariotxtUser, StblClas FROM maimTbl4All ORDER BY rowid");
+  }
+  void execute(const std::string& statements) const { Database(folder.study(), studyLayout()).run(statements); }
+
+  TestFolder folder;
+  std::vector<Json> record;
+  std::unique_ptr<ScriptSession> session;
+};
+
+using Texts = std::vector<std::string>;
+
+}  // namespace noldarz::test

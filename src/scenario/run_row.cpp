@@ -156,6 +156,10 @@ void RunRow::standOnRow(const Trap& skipping) {
   if (skipping.holds([&] { return row.recordCount() > 0; })) return;
   skipping.steps([&] { queries_.use(row, &Queries::buildQryRunByClass, state_.qryRunByClass); },
                  [&] { row.refresh(); });
+  if (skipping.holds([&] { return row.recordCount() > 0; }))
+    status_.tellFault(fmt::format("No run \"{}\": run \"{}\" of this scenario and class is in force.",
+                                  state_.scnrUserText,
+                                  fields_.scnrotxtlbl.text()));
 }
 
 void RunRow::restoreLevels() {

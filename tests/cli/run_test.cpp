@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "engine/close_out.h"
+#include "support/test_study.h"
 
 namespace noldarz {
 namespace {
@@ -36,8 +37,11 @@ TEST(Run, printsWhatTheReadmeShows) {
 }
 
 TEST(Run, computesEveryExampleWithoutAMessage) {
+  const test::TestFolder folder;
+  test::makeStudy(folder.study(), test::exampleStudy("chlorine"));
   for (const auto& example : std::filesystem::directory_iterator(NOLDARZ_SOURCE_DIR "/examples")) {
     if (example.path().extension() != ".script") continue;
+    std::filesystem::current_path(folder / "start");
     std::ostringstream out;
     std::ostringstream errors;
     EXPECT_EQ(runAndReport(example.path(), example.path(), "1", out, errors), ExitStatus::done) << example;

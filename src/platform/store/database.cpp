@@ -163,8 +163,12 @@ bool Database::has(std::string_view table, std::string_view column) const {
 
 void Database::checkPages(Check check) const {
   Statement pages{*this, check == Check::full ? "PRAGMA integrity_check(1)" : "PRAGMA quick_check(1)"};
-  if (pages.step() && textOf(pages.cell(0)) != integrity)
-    refuse(FailureNumber::storeDamaged, "is damaged: " + textOf(pages.cell(0)));
+  if (!pages.step()) return;
+  const std::string found = textOf(pages.cell(0));
+  if (found == integrity) return;
+  const auto lastLine = found.rfind('\n');  // a head line names the database within the connection
+  refuse(FailureNumber::storeDamaged,
+         "is damaged: " + (lastLine == std::string::npos ? found : found.substr(lastLine + 1)));
 }
 
 bool Database::isCurrent() const { return identityOf(file_) == identity_; }

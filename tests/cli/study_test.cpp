@@ -1,0 +1,222 @@
+// Studies as texts: what a text may be, that it comes back the same, and that damaged files harm nothing.
+
+#include "cli/study.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+#include "support/test_study.h"
+
+namespace noldarz {
+namespace {
+
+using test::exampleStudy;
+using test::readFile;
+using test::TestFolder;
+using test::writeFile;
+
+std::string exported(const std::filesystem::path& file) {
+  std::ostringstream out;
+  std::ostringstream errors;
+  EXPECT_EQ(exportStudy(file, out, errors), ExitStatus::done) << errors.str();
+  return out.str();
+}
+
+TEST(Study, comesBackTheSame) {
+  const std::string odd = R"toml(
+[[maimTbl4All]]
+OrgName = "Grün & Söhne \"Nord\""
+refNo = "a\\b"
+scenariotxt = "tab\tline\nend\u0001\u007f"
+ScenarioOptn = "Dispersion"
+wndvel = 0.1
+Hmudy = 1e-300
+endptn0 = ">10000"
+endptn1 = -0.0
+endptn2 = 123456789012345.0
+Causes = 7
+NumCase = 7.0
+CumFar = "7"
+SelOptn = 9007199254740993
+prbtoptn = false
+)toml";
+  for (const char* name : {"chlorine", "lpg", "ammonia"}) {
+    const TestFolder folder;
+    ASSERT_EQ(test::makeStudy(folder.study(), exampleStudy(name) + odd), "");
+    const std::string first = exported(folder.study());
+    ASSERT_EQ(test::makeStudy(folder / "again.mdb", first), "");
+    EXPECT_EQ(exported(folder / "again.mdb"), first);
+    for (const char* line : {"endptn0 = \">10000\"",
+                             "wndvel = 0.1\n",
+                             "Hmudy = 1e-300\n",
+                             "Causes = 7\n",
+                             "NumCase = 7.0\n",
+                             "CumFar = \"7\"\n",
+                             "SelOptn = 9007199254740993\n",
+                             "actvproj = true\n",
+                             "scenariotxt = \"tab\\tline\\nend\\u0001\\u007F\"\n",
+                             "endptn2 = 123456789012345\n"})
+      EXPECT_NE(first.find(line), std::string::npos) << line;
+    std::ostringstream out;
+    std::ostringstream errors;
+    EXPECT_EQ(checkStudy(folder.study(), out, errors), ExitStatus::done) << errors.str();
+  }
+}
+
+TEST(Study, isRefusedWithFileLineAndName) {
+  const struct {
+    const char* from;
+    const char* to;
+    const char* fault;
+  } cases[] = {
+      {"[[scenr1]]", "[[scenr2]]", "39: unknown table \"scenr2\""},
+      {"htrel =", "htrl =", "53: unknown column \"htrl\" of table \"Disptbl\""},
+      {"htrel = 1 ",
+       "htrel = true ",
+       "53: column \"htrel\" of table \"Disptbl\" takes a number, or a text that stands in its place"},
+      {"htrel = 1 ",
+       "htrel = inf ",
+       "53: column \"htrel\" of table \"Disptbl\" takes a number, or a text that stands in its place"},
+      {"StblCls = \"D\"", "StblCls = 4", "49: column \"StblCls\" of table \"scenr1\" takes a text"},
+      {"actvproj = true", "actvproj = 1", "29: column \"actvproj\" of table \"dsptbl-1\" takes true or false"},
+      {"qntychem = 1000", "qntychem = [1]", "20: column \"qntychem\" of table \"dsptbl-1\" takes a text or a number"},
+      {"actvproj = true",
+       "actvproj = false",
+       "1: no project is active: one row of table \"dsptbl-1\" needs actvproj = true"},
+      {"[[Orgtn]]",
+       "[[\"dsptbl-1\"]]\nOrgName = \"B\"\nrefNo = \"2\"\nactvproj = true\n[[Orgtn]]",
+       "15: two projects are active: only one row of table \"dsptbl-1\" has actvproj = true"},
+      {"[[Disptbl]]",
+       "[[Disptbl]]\nrefNo = \"hw-1\"\n[[Disptbl]]",
+       "53: table \"Disptbl\" holds a row with this key already"},
+      {"OrgName = \"Harbour Water Works\"      #",
+       "baseAng = 0 #",
+       "7: a row of table \"Orgtn\" lacks its key \"OrgName\""},
+      {"refNo = \"HW-1\"\nhtrel", "htrel", "51: a row of table \"Disptbl\" lacks its key \"refNo\""},
+      {"refNo = \"HW-1\"\nhtrel",
+       "refNo = \"O'B\"\nhtrel",
+       "51: \"O'B\" in column \"refNo\" of table \"Disptbl\" holds a single quote ('), which the study does not take"},
+      {"[[Disptbl]]", "[Disptbl]", "51: \"Disptbl\" is no list of rows: each begins with [[\"Disptbl\"]]"},
+  };
+  for (const auto& [from, to, fault] : cases) {
+    const TestFolder folder;
+    const std::string reported = test::makeStudy(folder.study(), exampleStudy("chlorine", {{from, to}}));
+    const std::string where = folder.study().string() + ".toml:";
+    EXPECT_TRUE(reported.starts_with(where)) << reported;
+    EXPECT_EQ(reported, where + fault + "\n");
+    EXPECT_EQ(std::count(reported.begin(), reported.end(), '\n'), 1) << reported;
+    EXPECT_TRUE(std::filesystem::is_empty(folder / "data")) << "left behind";
+  }
+}
+
+TEST(Study, replacesAnotherOnlyByForce) {
+  const TestFolder folder;
+  const auto source = folder / "lpg.toml";
+  writeFile(source, exampleStudy("lpg"));
+  ASSERT_EQ(test::makeStudy(folder.study(), exampleStudy("chlorine")), "");
+  const std::string before = readFile(folder.study());
+  std::ostringstream errors;
+  EXPECT_EQ(createStudy(folder.study(), source, false, errors), ExitStatus::refused);
+  EXPECT_EQ(errors.str(), folder.study().string() + ": there is a study already; --force replaces it\n");
+  EXPECT_EQ(readFile(folder.study()), before);
+
+  writeFile(source, "no study");
+  EXPECT_EQ(createStudy(folder.study(), source, true, errors), ExitStatus::refused);
+  EXPECT_EQ(readFile(folder.study()), before);
+
+  writeFile(source, exampleStudy("lpg"));
+  const auto journal = folder.study().string() + "-journal";
+  writeFile(journal, "what a killed process left of the old study");
+  EXPECT_EQ(createStudy(folder.study(), source, true, errors), ExitStatus::done);
+  EXPECT_FALSE(std::filesystem::exists(journal));
+  EXPECT_NE(exported(folder.study()).find("Valley Gas Depot"), std::string::npos);
+}
+
+TEST(Study, isCheckedBeforeTheProgramStartsOnIt) {
+  const struct {
+    const char* statement;
+    const char* fault;
+  } cases[] = {
+      {"UPDATE [dsptbl-1] SET actvproj = 0", "has no active project"},
+      {"INSERT INTO [dsptbl-1] (OrgName, refNo, actvproj) VALUES ('B', '2', -1)", "has more than one active project"},
+      {"DELETE FROM scenr1", "has no working scenario"},
+      {"UPDATE scenr1 SET scenariotxt = '3'' pipe'",
+       "holds the name \"3' pipe\", and it holds a single quote ('), which the study does not take"}};
+  for (const auto& [statement, fault] : cases) {
+    const TestFolder folder;
+    test::makeStudy(folder.study(), exampleStudy("chlorine"));
+    Database{folder.study(), studyLayout()}.run(statement);
+    std::ostringstream out;
+    std::ostringstream errors;
+    EXPECT_EQ(checkStudy(folder.study(), out, errors), ExitStatus::refused);
+    EXPECT_EQ(errors.str(), folder.study().string() + " " + fault + "\n");
+  }
+}
+
+/// A copy with some of its bytes changed, or cut off.
+std::string damaged(std::string bytes, std::mt19937& random) {
+  const auto below = [&](std::size_t end) { return std::uniform_int_distribution<std::size_t>{0, end - 1}(random); };
+  const std::size_t kind = below(5);
+  if (kind == 0) bytes.resize(below(bytes.size()));
+  if (kind == 1)
+    std::fill_n(bytes.begin() + static_cast<std::ptrdiff_t>(below(bytes.size() - 600)), 1 + below(600), '\0');
+  for (std::size_t i = below(12); kind > 1 && i < 12; ++i)
+    bytes[kind == 2 ? below(200) % bytes.size() : below(bytes.size())] = static_cast<char>(below(256));
+  return bytes;
+}
+
+TEST(Study, damagedFilesAreRefusedInOneLineAndLeftAlone) {
+  const TestFolder folder;
+  test::makeStudy(folder.study(), exampleStudy("chlorine"));
+  const std::string sound = readFile(folder.study());
+  std::mt19937 random{7};
+  int refused = 0;
+  for (int i = 0; i < 400; ++i) {
+    const std::string bytes = damaged(sound, random);
+    writeFile(folder.study(), bytes);
+    std::ostringstream out;
+    std::ostringstream errors;
+    const ExitStatus status =
+        i % 2 == 0 ? checkStudy(folder.study(), out, errors) : exportStudy(folder.study(), out, errors);
+    const std::string line = errors.str();
+    EXPECT_EQ(std::count(line.begin(), line.end(), '\n'), status == ExitStatus::done ? 0 : 1) << line;
+    EXPECT_EQ(readFile(folder.study()), bytes) << line;
+    refused += status == ExitStatus::done ? 0 : 1;
+  }
+  EXPECT_GT(refused, 100);
+}
+
+TEST(Study, theProgramLivesThroughDamagedFiles) {
+  test::TestStudy study;
+  study.run("start\nclose");
+  const std::string sound = readFile(study.folder.study());
+  std::mt19937 random{11};
+  for (int i = 0; i < 200; ++i) {
+    const std::string bytes = damaged(sound, random);
+    writeFile(study.folder.study(), bytes);
+    study.open();
+    study.run("start");
+    const bool opened = study.session->system().mainView().view.loaded();
+    EXPECT_TRUE(opened || readFile(study.folder.study()) == bytes);
+    study.run("close");
+  }
+}
+
+TEST(Study, damagedTextsAreRefusedInOneLine) {
+  const TestFolder folder;
+  const std::string sound = exampleStudy("ammonia");
+  std::mt19937 random{3};
+  for (int i = 0; i < 400; ++i) {
+    std::string text = damaged(sound, random);
+    const std::string reported = test::makeStudy(folder.study(), text);
+    EXPECT_LE(std::count(reported.begin(), reported.end(), '\n'), 1) << reported;
+    EXPECT_EQ(std::filesystem::exists(folder.study()), reported.empty()) << reported;
+    std::filesystem::remove(folder.study());
+    EXPECT_TRUE(std::filesystem::is_empty(folder / "data"));
+  }
+}
+
+}  // namespace
+}  // namespace noldarz

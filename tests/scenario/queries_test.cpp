@@ -1,0 +1,105 @@
+// The query texts against their printed form (tests/reference/queries.txt: organisation "Acme", reference number "R1",
+// scenario "Leak" in class "D", run name "Night").
+
+#include "scenario/queries.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/store/store_failure.h"
+#include "support/reference.h"
+#include "support/test_study.h"
+
+namespace noldarz {
+namespace {
+
+class QueriesTest : public testing::Test {
+ protected:
+  QueriesTest() {
+    fields.Orglbltxt.setCaption("Acme");
+    fields.refnolbl.setCaption("R1");
+    fields.chmnmelbl.setCaption("Chlorine");
+    in.stblclscbo.setText("D");
+    state.scnrText = "Leak";
+    state.scnrUserText = "Night";
+  }
+
+  Views views;
+  View view{views, "v", ""};
+  ScenarioInputs in{view};
+  ScenarioFields fields{view};
+  Field& getfrPre = view.add(FieldKind::check, "getfrPre");
+  ScenarioState state;
+  Queries queries{state, in, fields};
+};
+
+TEST_F(QueriesTest, areJoinedToTheLetter) {
+  queries.buildQryProject();
+  queries.buildQryScenario();
+  queries.buildQryDisp();
+  queries.buildQryOrg();
+  queries.buildQryChem();
+  queries.buildQryRunByClass();
+  queries.buildQryRunList();
+  std::map<std::string, std::string> built{{"qryProject", state.qryProject},
+                                           {"qryScenario", state.qryScenario},
+                                           {"qryDisp", state.qryDisp},
+                                           {"qryOrg", state.qryOrg},
+                                           {"qryChem", state.qryChem},
+                                           {"qryRunByClass", state.qryRunByClass},
+                                           {"qryRunList", state.qryRunList}};
+  for (const int option : {0, 1}) {
+    state.selectByUserText = static_cast<std::int16_t>(option);
+    queries.buildQryRunByText();
+    built["qryRunByText " + std::to_string(option)] = state.qryRunByText;
+    getfrPre.setValue(option);
+    queries.buildQryPopulation(getfrPre);
+    built["qryPopulation " + std::to_string(option)] = state.qryPopulation;
+  }
+  auto printed = test::openReference("queries.txt");
+  int count = 0;
+  for (std::string name, text; std::getline(printed, name, '\t') && std::getline(printed, text); ++count)
+    EXPECT_EQ(built[name], text) << name;
+  EXPECT_EQ(count, 11);
+  EXPECT_EQ(fields.chmnmelbl.caption(), ": Chlorine");
+  EXPECT_EQ(state.chemName, "Chlorine");
+  EXPECT_EQ(fields.reftmptxt.text(), "R1");
+  EXPECT_EQ(state.moduleTag, "Dispersion");
+}
+
+TEST_F(QueriesTest, runOnAStudyWithTheColumnsInTheirPlaces) {
+  const test::TestFolder folder;
+  test::makeStudy(folder.study(), test::exampleStudy("chlorine"));
+  const auto study = std::make_shared<Database>(folder.study(), studyLayout());
+  auto printed = test::openReference("queries.txt");
+  const std::map<std::string, std::size_t> columns{{"qryProject", 4},
+                                                   {"qryScenario", 11},
+                                                   {"qryDisp", 4},
+                                                   {"qryOrg", 3},
+                                                   {"qryChem", 58},
+                                                   {"qryRunByText 0", 59},
+                                                   {"qryRunByText 1", 59},
+                                                   {"qryRunByClass", 59},
+                                                   {"qryRunList", 21},
+                                                   {"qryPopulation 0", 41},
+                                                   {"qryPopulation 1", 41}};
+  for (std::string name, text; std::getline(printed, name, '\t') && std::getline(printed, text);)
+    EXPECT_EQ(Recordset(study, text).columns().size(), columns.at(name)) << name;
+}
+
+TEST_F(QueriesTest, takeNoNameWithASingleQuote) {
+  Databases databases{studyLayout()};
+  DataLink link{databases};
+  // The second and third are whole statements for the engine, and mean something else.
+  for (const char* name : {"O'Brien", "3'' pipe", "x' OR '1'='1"}) {
+    state.scnrUserText = name;
+    link.setRecordSource("SELECT 1");
+    EXPECT_THROW(queries.use(link, &Queries::buildQryRunByText, state.qryRunByText), StoreFailure) << name;
+    EXPECT_EQ(link.recordSource(), "");
+  }
+  state.scnrUserText = "a \"b\" `c` [d]; --";
+  queries.use(link, &Queries::buildQryRunByText, state.qryRunByText);
+  EXPECT_EQ(link.recordSource(), state.qryRunByText);
+}
+
+}  // namespace
+}  // namespace noldarz

@@ -1,0 +1,289 @@
+// Run rows from the store and back to the store, through the script front.
+
+#include "scenario/run_row.h"
+
+#include <gtest/gtest.h>
+
+#include "support/test_study.h"
+
+namespace noldarz {
+namespace {
+
+using test::exampleStudy;
+using test::TestStudy;
+using test::Texts;
+
+constexpr const char* levels = R"(
+enter constn(0) 1000
+enter constn(1) 100
+enter constn(2) 20
+enter constn(3) 2
+enter constn(4) 0.5
+enter constn(5) 0.25
+)";
+
+void compute(TestStudy& study) { study.run(std::string{"click comput"} + levels + "click comput"); }
+
+TEST(RunRow, isFoundAgainWithItsLevels) {
+  TestStudy study;
+  study.run("start\nenter scnrotxtlbl \"Hose, day\"\nwait");
+  compute(study);
+  EXPECT_EQ(study.status(), "Results stored in run \"Hose, day\".");
+  study.run("close\nstart");
+  EXPECT_EQ(study.status(), "Run \"Hose, day\" found.");
+  for (const auto& [name, text] : std::map<std::string, std::string>{{"scnrotxtlbl", "Hose, day"},
+                                                                     {"constn(0)", "1000"},
+                                                                     {"constn(4)", "0.5"},
+                                                                     {"constn(5)", "0.25"},
+                                                                     {"conclbl(0)", "Conc. 0"},
+                                                                     {"conclbl(3)", "TEEL2:"},
+                                                                     {"endpt(0)", "0"}})
+    EXPECT_EQ(study.text(name), text) << name;
+  EXPECT_EQ(study.runs(), Texts{"Torn transfer hoseHW-1D|Hose, day|D"});
+}
+
+TEST(RunRow, holdsWhatTheFieldsHold) {
+  TestStudy study;
+  study.run("start");
+  compute(study);
+  std::string row = "Torn transfer hose|PLUME|0.3|0|0|-14.33|2.3|-5.84|2.3|-34|1000|25|-1";
+  EXPECT_EQ(
+      study.rows("SELECT scenariotxt_ac, scnrotype, QntyRels, PoolRadiusRrsls, expmass, avalftl, nvalftl, avalinj, "
+                 "nvalinj, TemptureTmp, qntystor, pipholradstor, prbtoptn FROM maimTbl4All"),
+      Texts{row});
+  const auto number = [&](const std::string& name) { return plainText(study.field(name).number()); };
+  for (int i = 0; i < levelCount; ++i) {
+    const std::string n = std::to_string(i);
+    const std::string m = std::to_string(i + 1);
+    EXPECT_EQ(
+        study.rows("SELECT bgnptn" + n + ", endptn" + n + ", constn" + m + ", constnTxt" + m + " FROM maimTbl4All"),
+        Texts{number("bgnpt(" + n + ")") + "|" + number("endpt(" + n + ")") + "|" + number("constn(" + n + ")") + "|" +
+              study.text("conclbl(" + n + ")")});
+  }
+  // Half of 46.47 m and 525.74 m, rounded half away from zero.
+  EXPECT_EQ(study.rows("SELECT FtlyYcord, InjYcord, isopAngle FROM maimTbl4All"), Texts{"23.24|262.87|5.86"});
+  EXPECT_EQ(study.rows("SELECT expmass FROM scenr1"), Texts{"0"});
+}
+
+TEST(RunRow, storesTheFlammableMassAsANumber) {
+  TestStudy study{exampleStudy("lpg")};
+  study.run("start\nclick comput");
+  const char* ppm[] = {"95000", "21000", "14000", "5500", "1250", "1000"};
+  for (int i = 0; i < levelCount; ++i) study.run("enter constn(" + std::to_string(i) + ") " + ppm[i]);
+  study.run("click comput");
+  ASSERT_GT(study.field("expmass").number(), 0);
+  const double mass = study.field("expmass").number();
+  EXPECT_EQ(study.rows("SELECT expmass FROM maimTbl4All"), Texts{plainText(rounded(mass, 2))});
+  EXPECT_EQ(study.rows("SELECT expmass FROM scenr1"), Texts{plainText(mass)});
+}
+
+TEST(RunRow, leavesNoStaleFigureWhereTheRunHasNone) {
+  TestStudy study;
+  study.run("start");
+  compute(study);
+  // The last level reaches past the maximum distance now, and the user does not extend it.
+  study.run("click redosimul\nenter enddisttxt 5000\nanswer no\nclick comput\nanswer no\nanswer no\nclick comput");
+  ASSERT_EQ(study.text("endpt(5)"), ">5000");
+  ASSERT_FALSE(study.field("isopwdth(5)").isNumeric());
+  EXPECT_EQ(study.rows("SELECT endptn5, InjYcord, typeof(endptn4) FROM maimTbl4All"),
+            Texts{">5000|" + study.text("isopwdth(5)") + "|real"});
+  study.run("close\nstart");
+  EXPECT_EQ(study.text("constn(5)"), "0.25");
+}
+
+TEST(RunRow, isOneForEachClass) {
+  TestStudy study;
+  study.run("start\nchoose stblclscbo F\nwait");
+  EXPECT_EQ(study.runs(),
+            (Texts{"Torn transfer hoseHW-1D|Torn transfer hose|D", "Torn transfer hoseHW-1F|Torn transfer hose|F"}));
+  EXPECT_EQ(study.rows("SELECT wndvel FROM maimTbl4All"), (Texts{"6", "3"}));
+  study.run("choose stblclscbo D\nwait");
+  EXPECT_EQ(study.runs().size(), 2U);
+  study.run("enter wndveltxt 4.5");
+  EXPECT_EQ(study.rows("SELECT wndvel FROM maimTbl4All"), (Texts{"4.5", "3"}));
+  EXPECT_EQ(study.field("dspScnorlst_1").entries(), (Texts{"Torn transfer hose", "Torn transfer hose"}));
+}
+
+TEST(RunRow, isRenamedInPlace) {
+  TestStudy study;
+  study.run("start\nenter scnrotxtlbl \"First name\"\nwait\nenter scnrotxtlbl \"Second name\"\nwait");
+  EXPECT_EQ(study.runs(), Texts{"Torn transfer hoseHW-1D|Second name|D"});
+  EXPECT_EQ(study.field("dspScnorlst_1").entries(), Texts{"Second name"});
+  study.run("focus scnrotxtlbl\nleave scnrotxtlbl");  // unchanged: nothing is asked for
+  EXPECT_FALSE(study.field("tmr_1").enabled());
+  compute(study);
+  EXPECT_EQ(study.status(), "Results stored in run \"Second name\".");
+}
+
+TEST(RunRow, isNeitherMadeNorChangedWhileTwoRunsHaveTheName) {
+  TestStudy study;
+  study.run("start\nenter scnrotxtlbl Day\nwait\nchoose stblclscbo F\nwait\nenter scnrotxtlbl Night\nwait");
+  study.run("enter scnrotxtlbl Day\nwait");
+  EXPECT_EQ(study.status(), "2 runs have the name \"Day\"; rename one of them.");
+  EXPECT_EQ(study.runs(), (Texts{"Torn transfer hoseHW-1D|Day|D", "Torn transfer hoseHW-1F|Day|F"}));
+}
+
+TEST(RunRow, takesNoNameWithASingleQuoteAndStaysOnItsRow) {
+  TestStudy study;
+  study.run("start\nenter scnrotxtlbl Day\nwait\nenter scnrotxtlbl \"O'Brien\"\nwait");
+  EXPECT_EQ(study.status(), "The name \"O'Brien\" holds a single quote ('), which the study does not take");
+  EXPECT_EQ(study.runs(), Texts{"Torn transfer hoseHW-1D|Day|D"});
+  compute(study);
+  EXPECT_EQ(study.rows("SELECT scenariotxtUser, endptn5 FROM maimTbl4All"), Texts{"Day|6216.94"});
+}
+
+TEST(RunRow, isMissingForAScenarioWithASingleQuote) {
+  for (const char* name : {"3' pipe", "3'' pipe"}) {
+    TestStudy study{exampleStudy("chlorine", {{"Torn transfer hose", name}})};
+    study.run("start");
+    EXPECT_EQ(study.status(),
+              "The name \"" + std::string{name} + "\" holds a single quote ('), which the study does not take");
+    EXPECT_TRUE(study.runs().empty());
+    compute(study);  // computes all the same
+    EXPECT_EQ(study.text("endpt(5)"), "6216.94");
+    EXPECT_EQ(study.status(), "The results are not stored: no current row");
+  }
+}
+
+TEST(RunRow, givesItsLevelsBackOnceTheyWereComputed) {
+  const struct {
+    const char* change;
+    const char* level;
+  } cases[] = {{"endptn3 = endptn3", "20"},
+               {"endptn3 = 0", "5"},
+               {"bgnptn1 = NULL", "5"},
+               {"endptn3 = '>10000'", "20"},
+               {"endptn5 = 0", "20"}};
+  for (const auto& [change, level] : cases) {
+    TestStudy study;
+    study.run("start");
+    compute(study);
+    study.run("close");
+    study.execute("UPDATE maimTbl4All SET " + std::string{change});
+    study.open();
+    study.run("start");
+    EXPECT_EQ(study.text("constn(2)"), level) << change;
+  }
+}
+
+TEST(RunRow, refreshesTheProbitConstantsFromTheRow) {
+  TestStudy study;
+  study.run("start\nclose");
+  study.execute("UPDATE maimTbl4All SET prbtoptn = 0, avalftl = '-1.5', nvalinj = 'odd'");
+  study.open();
+  study.run("start");
+  EXPECT_EQ(study.field("prbtoptn").value(), 0);
+  EXPECT_EQ(study.text("prbtoptn"), "User input");
+  EXPECT_TRUE(study.field("avalftl").enabled());
+  EXPECT_EQ(study.text("avalftl") + " " + study.text("nvalftl") + " " + study.text("nvalinj"), "-1.5 2.3 odd");
+}
+
+TEST(RunList, bringsTheInputsOfASelectedRunBack) {
+  TestStudy study;
+  study.run("start\nenter scnrotxtlbl Day\nwait");
+  compute(study);
+  study.run("click redosimul\nchoose stblclscbo F\nwait\nenter scnrotxtlbl Night\nwait\nenter wndveltxt 2.5");
+  study.field("hudityTxt").setText("60");
+  study.run("set QntyRelstxt 9\nset constn(2) 77\nset avalftl -1\nset tempStore 5");
+  study.run("choose dspScnorlst_1 Day");
+  EXPECT_EQ(study.text("endpt(5)"), "0");  // the click clears the results
+  EXPECT_EQ(study.text("constn(2)"), "77");
+  study.run("dblclick dspScnorlst_1");
+  for (const auto& [name, text] : std::map<std::string, std::string>{{"scnrotxtlbl", "Day"},
+                                                                     {"stblclscbo", "D"},
+                                                                     {"wndveltxt", "6"},
+                                                                     {"hudityTxt", ""},
+                                                                     {"QntyRelstxt", "0.3"},
+                                                                     {"avalftl", "-14.33"},
+                                                                     {"tempStore", "-34"},
+                                                                     {"constn(2)", "20"},
+                                                                     {"conclbl(0)", "Conc. 0"},
+                                                                     {"endpt(5)", "0"}})
+    EXPECT_EQ(study.text(name), text) << name;
+  EXPECT_EQ(study.state().selectByUserText, 0);
+  EXPECT_EQ(study.rows("SELECT QntyRels FROM scenr1"), Texts{"0.3"});
+  EXPECT_EQ(study.rows("SELECT wndvel, Hmudy FROM maimTbl4All"), (Texts{"6|", "2.5|60"}));
+}
+
+TEST(RunList, showsEveryRunWithTheLastOnTop) {
+  TestStudy study;
+  study.run("start");
+  constexpr int runs = 300;
+  for (int i = 1; i < runs; ++i)
+    study.execute(
+        "INSERT INTO maimTbl4All (OrgName, refNo, scenariotxt, scenariotxt_ac, ScenarioOptn, scenariotxtUser, "
+        "StblClas, scnrotype) VALUES ('HARBOUR WATER WORKS', 'hw-1', 'k" +
+        std::to_string(i) + "', 'text " + std::to_string(i) + "', 'dispersion', 'run " + std::to_string(i) +
+        "', 'B', 'PUFF')");
+  study.execute(
+      "INSERT INTO maimTbl4All (OrgName, refNo, scenariotxt, ScenarioOptn, scenariotxtUser) VALUES "
+      "('Harbour Water Works', 'HW-1', 'fire', 'Fire', 'of another module')");
+  study.run("close\nstart");
+  const auto& entries = study.field("dspScnorlst_1").entries();
+  ASSERT_EQ(entries.size(), std::size_t{runs});
+  EXPECT_EQ(entries.front(), "run 299");
+  EXPECT_EQ(entries.back(), "Torn transfer hose");
+  EXPECT_EQ(study.state().scnrListLast, 5 * (runs - 1));
+  study.run("choose dspScnorlst_1 \"run 250\"\ndblclick dspScnorlst_1");
+  EXPECT_EQ(study.text("scnrotxt") + "|" + study.text("scnrotypetxt") + "|" + study.text("stblclscbo"),
+            "text 250|PUFF|B");
+  EXPECT_EQ(study.state().scnrText, "text 250");
+  EXPECT_EQ(study.rows("SELECT scenariotxt, scnrotype FROM scenr1"), Texts{"text 250|PUFF"});
+}
+
+TEST(RunList, loadsNothingWithoutASelectedEntry) {
+  TestStudy study;
+  study.run("start\nenter scnrotxtlbl Day\nwait\ndblclick dspScnorlst_1");
+  EXPECT_EQ(study.state().selectByUserText, 0);
+  EXPECT_EQ(study.text("scnrotxt"), "Torn transfer hose");
+}
+
+TEST(RunReset, clearsTheResultsAndKeepsTheInputs) {
+  TestStudy study;
+  study.run("start");
+  compute(study);
+  ASSERT_FALSE(study.field("constn(0)").enabled());
+  study.run("click redosimul");
+  for (const char* name : {"mgctxt",
+                           "distconctxt",
+                           "expmass",
+                           "constn1",
+                           "maxdistconctxt",
+                           "tmestbltxt",
+                           "bgnpt(0)",
+                           "endpt(5)",
+                           "isoplngt(2)",
+                           "isopwdth(2)",
+                           "isopang(2)",
+                           "distmaxisop(2)",
+                           "isoparea(2)"})
+    EXPECT_EQ(study.text(name), "0") << name;
+  for (const char* name : {"htreltxt",
+                           "stblclscbo",
+                           "htsmul",
+                           "roghwndoptcbo",
+                           "constn(0)",
+                           "constn(5)",
+                           "comput",
+                           "getconclvl",
+                           "prbtoptn",
+                           "wndveltxt",
+                           "hudityTxt"})
+    EXPECT_TRUE(study.field(name).enabled()) << name;
+  EXPECT_FALSE(study.field("prntprv").enabled());
+  EXPECT_FALSE(study.field("avalftl").enabled());
+  EXPECT_EQ(study.text("comput"), "&Compute maximum concentration");
+  EXPECT_EQ(colourText(study.field("comput").backColour()), "#c0c0c0");
+  EXPECT_EQ(study.text("constn(2)"), "20");
+  EXPECT_EQ(study.state().mgcDone + study.state().maxConcDone + study.state().waitShown, 0);
+  EXPECT_EQ(study.state().concPeak, 0);
+  EXPECT_EQ(study.rows("SELECT endptn5 FROM maimTbl4All"), Texts{"6216.94"});
+
+  study.field("prbtoptn").setValue(0);
+  study.run("click redosimul");
+  EXPECT_TRUE(study.field("nvalinj").enabled());
+  EXPECT_EQ(study.text("prbtoptn"), "User input");
+}
+
+}  // namespace
+}  // namespace noldarz

@@ -49,6 +49,20 @@ void removeIfThere(const fs::path& file) {
   fs::remove(file, error);
 }
 
+/// The study that stands in the file, whole again after a change that was cut off and held against other processes; null
+/// when there is none. Fails with storeLocked when another process holds it.
+std::unique_ptr<Database> heldStudy(const fs::path& file) {
+  std::unique_ptr<Database> study;
+  try {
+    study = std::make_unique<Database>(file, studyLayout());
+  } catch (const StoreFailure& failure) {
+    if (failure.reason() == FailureNumber::storeLocked) throw;
+    return {};
+  }
+  study->run("BEGIN EXCLUSIVE");
+  return study;
+}
+
 std::string cellAt(const std::shared_ptr<Database>& study, const std::string& query) {
   return textOf(Recordset{study, query}.value(0));
 }
@@ -84,7 +98,8 @@ ExitStatus createStudy(const fs::path& file, const fs::path& source, bool force,
       removeIfThere(journalOf(made.path()));
       throw;
     }
-    removeIfThere(journalOf(file));  // a change that was cut off belongs to the old file
+    const auto old = heldStudy(file);
+    removeIfThere(journalOf(file));  // of a file that is no study: it must not be taken for one of the new file
     made.putInPlace(force ? NewFile::Existing::replace : NewFile::Existing::keep);
     return ExitStatus::done;
   });

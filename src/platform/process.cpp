@@ -9,8 +9,6 @@
 
 #include "platform/failure.h"
 
-extern char** environ;
-
 namespace noldarz {
 
 void startProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments) {

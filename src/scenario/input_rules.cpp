@@ -81,6 +81,9 @@ void InputRules::stblclscbo_LostFocus() {
   if (in_.stblclscbo.wordIndex(stabilityClassEntries) < 0 && in_.stblclscbo.text() != usersClass)
     return refuseEntry(in_.stblclscbo);
   DataLink& row = links_.dt2a;
+  // The row of a class just chosen is looked up once this event has ended: the link stands on the one before.
+  const bool awaitsRow = fields_.tmr_1.enabled() && state_.scnrKeyByText == 0;
+  if (awaitsRow && row.hasRow() && !row.recordset().isAdding()) return;
   status_.skipping().steps([&] { plume_.setClassWind(); },
                            [&] { row.edit(); },
                            [&] { row.set("StblClas", in_.stblclscbo.text()); },

@@ -25,7 +25,8 @@ void RunList::fill(const Trap& skipping) {
   runs_.clear();
   skipping.step([&] {
     for (; !rows.eof(); rows.moveNext())
-      runs_.push_back({rows.text("scenariotxt_ac"),
+      runs_.push_back({rows.text("scenariotxt"),
+                       rows.text("scenariotxt_ac"),
                        rows.text("scnrotype"),
                        rows.text("scenariotxtUser"),
                        rows.text("QntyRels"),
@@ -48,20 +49,35 @@ void RunList::dspScnorlst_1_DblClick() {
   const Run& run = runs_[static_cast<std::size_t>(position)];
   status_.clearFault();
   const Trap skipping = status_.skipping();
+  takeScenario(run);
+  state_.scnrText = fields_.scnrotxt.text();
+  skipping.step([&] { links_.dt2a.refresh(); });
+  standOnRow(run, skipping);
+  skipping.step([&] { links_.dt2.refresh(); });
+  takeScenario(run);  // a refresh that could not store it has shown the former scenario again
+  takeInputs(skipping);
+  state_.selectByUserText = 0;
+  if (!status_.hasFault()) status_.say("Run \"" + run.scenariotxtUser + "\" selected. Compute to see its results.");
+}
+
+void RunList::takeScenario(const Run& run) const {
   fields_.scnrotxt.setText(run.scenariotxt_ac);
   in_.scnrotypetxt.setText(run.scnrotype);
   in_.QntyRelstxt.setText(run.QntyRels);
   in_.PoolRadiusRrslstxt.setText(run.PoolRadiusRrsls);
-  state_.scnrText = fields_.scnrotxt.text();
-  skipping.step([&] { links_.dt2a.refresh(); });
-  state_.scnrUserText = run.scenariotxtUser;
-  state_.selectByUserText = 1;
-  skipping.steps([&] { queries_.use(links_.dt2a, &Queries::buildQryRunByText, state_.qryRunByText); },
-                 [&] { links_.dt2a.refresh(); },
-                 [&] { links_.dt2.refresh(); });
-  takeInputs(skipping);
-  state_.selectByUserText = 0;
-  if (!status_.hasFault()) status_.say("Run \"" + run.scenariotxtUser + "\" selected. Compute to see its results.");
+}
+
+void RunList::standOnRow(const Run& run, const Trap& skipping) {
+  DataLink& row = links_.dt2a;
+  const auto lookUp = [&](const std::string& name, std::int16_t byUserText) {
+    state_.scnrUserText = name;
+    state_.selectByUserText = byUserText;
+    skipping.steps([&] { queries_.use(row, &Queries::buildQryRunByText, state_.qryRunByText); },
+                   [&] { row.refresh(); });
+  };
+  lookUp(run.scenariotxtUser, 1);
+  // Of several runs with the name it is the one of the entry.
+  if (skipping.holds([&] { return row.recordCount() > 1; })) lookUp(run.scenariotxt, 0);
 }
 
 void RunList::takeInputs(const Trap& skipping) {

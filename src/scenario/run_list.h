@@ -30,6 +30,7 @@ class RunList {
  private:
   /// What the list keeps of a run.
   struct Run {
+    std::string scenariotxt;
     std::string scenariotxt_ac;
     std::string scnrotype;
     std::string scenariotxtUser;
@@ -37,6 +38,8 @@ class RunList {
     std::string PoolRadiusRrsls;
   };
 
+  void takeScenario(const Run& run) const;
+  void standOnRow(const Run& run, const Trap& skipping);
   void takeInputs(const Trap& skipping);
 
   ScenarioState& state_;

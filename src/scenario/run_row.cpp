@@ -66,7 +66,7 @@ void RunRow::saveRunRow() {
   skipping.step([&] { found = row.recordCount(); });
   if (found == 0) create(skipping);
   if (found == 1) bringUpToDate(skipping);
-  skipping.steps([&] { row.update(); }, [&] { row.refresh(); });
+  skipping.steps([&] { update(); }, [&] { row.refresh(); });
   list_.fill(skipping);
   standOnRow(skipping);
   skipping.step([&] { restoreLevels(); });
@@ -149,17 +149,21 @@ void RunRow::bringUpToDate(const Trap& skipping) {
                  [&] { in_.nvalinj.setText(textIn(row, "nvalinj")); });
 }
 
+void RunRow::update() try { links_.dt2a.update(); } catch (const StoreFailure& failure) {
+  if (failure.reason() != FailureNumber::duplicateKey) throw;
+  links_.dt2a.cancelUpdate();  // the run of this scenario and class is there, under another name
+  status_.tellFault(
+      fmt::format("No run \"{}\": the stored run of this scenario and class is in force.", state_.scnrUserText));
+}
+
 void RunRow::standOnRow(const Trap& skipping) {
   DataLink& row = links_.dt2a;
   skipping.steps([&] { useRunQuery(); }, [&] { row.refresh(); });
-  // A name that finds no row must not leave the run without one, or its results would be lost.
-  if (skipping.holds([&] { return row.recordCount() > 0; })) return;
+  // A name that finds no row, or several, must not lose the results of the run or put them into another one's row.
+  const bool refused = row.recordSource().empty();
+  if (!refused && !skipping.holds([&] { return row.recordCount() != 1; })) return;
   skipping.steps([&] { queries_.use(row, &Queries::buildQryRunByClass, state_.qryRunByClass); },
                  [&] { row.refresh(); });
-  if (skipping.holds([&] { return row.recordCount() > 0; }))
-    status_.tellFault(fmt::format("No run \"{}\": run \"{}\" of this scenario and class is in force.",
-                                  state_.scnrUserText,
-                                  fields_.scnrotxtlbl.text()));
 }
 
 void RunRow::restoreLevels() {
@@ -177,7 +181,7 @@ void RunRow::tellOutcome(int found) {
   const std::string& name = fields_.scnrotxtlbl.text();
   if (found == 0) status_.say(fmt::format("Run \"{}\" created.", name));
   if (found == 1) status_.say(fmt::format("Run \"{}\" found.", name));
-  if (found > 1) status_.tellFault(fmt::format("{} runs have the name \"{}\"; rename one of them.", found, name));
+  if (found > 1) status_.say(fmt::format("{} runs have the name \"{}\"; rename one of them.", found, name));
 }
 
 void RunRow::storeFlammableMass(double mass) try {
@@ -198,6 +202,7 @@ void RunRow::storeRun() {
     status_.tellFault(std::string{"The results are not stored: "} + failure.what());
   }};
   const auto set = [&](std::string_view column, const Cell& value) { telling.step([&] { row.set(column, value); }); };
+  if (!row.hasRow()) silently([&] { row.refresh(); });  // it was out of reach when it was looked up last
   telling.step([&] { row.edit(); });
   if (failed) return;
   set("FtlyYcord", storedHalf(level_.isopwdth[2]));

@@ -35,6 +35,7 @@ class RunRow : public RunStore {
   void useRunQuery();
   void create(const Trap& skipping);
   void bringUpToDate(const Trap& skipping);
+  void update();
   void standOnRow(const Trap& skipping);
   void restoreLevels();
   void settleFocus();

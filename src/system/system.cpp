@@ -35,10 +35,16 @@ System::System(Desktop& desktop, Folders folders, Effects effects)
   wire();
 }
 
+void System::press() {
+  // A run row step that is still asked for comes first, so that the results go into the row of this run.
+  if (main_.scenario.tmr_1.enabled() && links_.dt2a.hasRow()) runRow_.saveRunRow();
+  compute_.comput_Click();
+}
+
 void System::wire() {
   View& view = main_.view;
   const ScenarioFields& fields = main_.scenario;
-  view.on(main_.command.comput, Event::click, [this] { compute_.comput_Click(); });
+  view.on(main_.command.comput, Event::click, [this] { press(); });
   view.on(fields.tmr_1, Event::timer, [this] { runRow_.saveRunRow(); });
   view.on(fields.dspScnorlst_1, Event::click, [this] { runReset_.resetRunView(); });
   view.on(fields.dspScnorlst_1, Event::dblClick, [this] { runList_.dspScnorlst_1_DblClick(); });

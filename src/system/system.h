@@ -46,6 +46,7 @@ class System {
 
  private:
   void wire();
+  void press();
 
   Folders folders_;
   Settings settings_;

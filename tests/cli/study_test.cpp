@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <random>
 
+#include "platform/store/store_failure.h"
 #include "support/test_study.h"
 
 namespace noldarz {
@@ -132,6 +133,19 @@ TEST(Study, replacesAnotherOnlyByForce) {
   EXPECT_EQ(createStudy(folder.study(), source, true, errors), ExitStatus::done);
   EXPECT_FALSE(std::filesystem::exists(journal));
   EXPECT_NE(exported(folder.study()).find("Valley Gas Depot"), std::string::npos);
+}
+
+TEST(Study, isNotReplacedUnderAProgramThatWrites) {
+  const TestFolder folder;
+  ASSERT_EQ(test::makeStudy(folder.study(), exampleStudy("chlorine")), "");
+  const auto running = std::make_shared<Database>(folder.study(), studyLayout());
+  running->run("BEGIN IMMEDIATE; UPDATE Disptbl SET htrel = 3");
+  EXPECT_EQ(test::makeStudy(folder.study(), exampleStudy("lpg")),
+            folder.study().string() + " is held by another program\n");
+  running->run("COMMIT");
+  EXPECT_NE(exported(folder.study()).find("htrel = 3"), std::string::npos);
+  EXPECT_EQ(test::makeStudy(folder.study(), exampleStudy("lpg")), "");
+  EXPECT_THROW(running->transact([] {}), StoreFailure);  // its file is no longer the study
 }
 
 TEST(Study, isCheckedBeforeTheProgramStartsOnIt) {

@@ -121,6 +121,31 @@ TEST(RunRow, isNeitherMadeNorChangedWhileTwoRunsHaveTheName) {
   study.run("enter scnrotxtlbl Day\nwait");
   EXPECT_EQ(study.status(), "2 runs have the name \"Day\"; rename one of them.");
   EXPECT_EQ(study.runs(), (Texts{"Torn transfer hoseHW-1D|Day|D", "Torn transfer hoseHW-1F|Day|F"}));
+  compute(study);  // into its own row all the same
+  EXPECT_EQ(study.rows("SELECT StblClas, wndvel, constn6 FROM maimTbl4All"), (Texts{"D|6|", "F|3|0.25"}));
+  for (const auto& [entry, stabilityClass] : std::map<std::string, std::string>{{"#0", "F"}, {"#1", "D"}}) {
+    study.run("choose dspScnorlst_1 " + entry + "\ndblclick dspScnorlst_1");
+    EXPECT_EQ(study.text("stblclscbo"), stabilityClass) << entry;
+  }
+}
+
+TEST(RunRow, ofTheClassBeforeStaysAsItWasWhenTheUserIsQuick) {
+  TestStudy study;
+  study.run("start\nchoose stblclscbo F\nenter hudityTxt 50");  // leaves the field before the step has run
+  EXPECT_EQ(study.rows("SELECT StblClas, wndvel FROM maimTbl4All"), Texts{"D|6"});
+  compute(study);
+  EXPECT_EQ(study.rows("SELECT StblClas, wndvel, constn6 FROM maimTbl4All"), (Texts{"D|6|", "F|3|0.25"}));
+}
+
+TEST(RunRow, takesNamesThatLookLikePartsOfAQuery) {
+  TestStudy study;
+  for (const char* name : {"Pump group by pass", "a;b--c", "[x] \\\"y\\\" % _", "Größe"}) {
+    study.run((study.record.empty() ? "start\n" : "") + ("enter scnrotxtlbl \"" + std::string{name}) + "\"\nwait");
+    study.record.push_back({});
+    const std::string typed = study.text("scnrotxtlbl");
+    EXPECT_EQ(study.runs(), Texts{"Torn transfer hoseHW-1D|" + typed + "|D"});
+    EXPECT_EQ(study.status(), "Run \"" + typed + "\" found.");
+  }
 }
 
 TEST(RunRow, takesNoNameWithASingleQuoteAndStaysOnItsRow) {

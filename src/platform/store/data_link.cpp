@@ -61,6 +61,11 @@ void DataLink::update() {
   save();
 }
 
+void DataLink::cancelUpdate() {
+  if (rows_) rows_->cancelUpdate();
+  show();
+}
+
 void DataLink::refresh() {
   std::exception_ptr unsaved;
   try {
@@ -69,12 +74,19 @@ void DataLink::refresh() {
     unsaved = std::current_exception();
     if (refused_) refused_(failure.what());
   }
-  rows_.reset();
+  readRows();
+  if (unsaved) std::rethrow_exception(unsaved);
+}
+
+void DataLink::readRows() {
+  // The same query that fails, such as under a lock, leaves the link on its row; another one must not.
+  if (recordSource_ != rowsSource_) rows_.reset();
+  cancelUpdate();
   if (recordSource_.empty()) fail(FailureNumber::noCurrentRow);
   database_ = databases_.open(file_);
-  rows_.emplace(database_, recordSource_);
+  rows_.emplace(Recordset{database_, recordSource_});
+  rowsSource_ = recordSource_;
   show();
-  if (unsaved) std::rethrow_exception(unsaved);
 }
 
 void DataLink::close() {

@@ -36,12 +36,14 @@ class DataLink {
 
   /// Stores pending edits to the row that the link stands on, runs the query again, and shows its first row. An edit that
   /// can't be stored is dropped, so that the fields show what the study holds; the refresh then fails behind its last
-  /// step. A query that fails leaves the link without rows.
+  /// step. Another query that fails leaves the link without rows.
   void refresh();
   /// Stores pending edits and lets go of the study.
   void close();
 
-  /// The rows. Fail with noCurrentRow when the last Refresh failed.
+  /// Whether the link stands on a row.
+  bool hasRow() const { return rows_ && !rows_->eof(); }
+  /// The rows. Fail with noCurrentRow when there are none since a query failed.
   const Recordset& recordset() const;
   int recordCount() const { return recordset().recordCount(); }
   bool eof() const { return recordset().eof(); }
@@ -60,6 +62,9 @@ class DataLink {
   /// Stores what is open for writing, with pending edits of bound fields. Fails with updateUnopened when nothing is open.
   void update();
 
+  /// Drops what is open for writing, and shows the current row again.
+  void cancelUpdate();
+
   std::shared_ptr<Database> database() const { return database_; }
 
  private:
@@ -74,6 +79,7 @@ class DataLink {
   bool writes(const Binding& binding) const;
   void takePendingEdits();
   void save();
+  void readRows();
   void show();
   void show(Binding& binding);
 
@@ -82,6 +88,7 @@ class DataLink {
   std::vector<Binding> bindings_;
   std::filesystem::path file_;
   std::string recordSource_;
+  std::string rowsSource_;  // the query that found rows_
   std::shared_ptr<Database> database_;
   std::optional<Recordset> rows_;
 };

@@ -179,9 +179,9 @@ void Database::run(const std::string& statements) const {
 }
 
 void Database::transact(const std::function<void()>& statements) const {
-  if (!isCurrent()) refuse(FailureNumber::storeFailed, "was replaced by another file");
   run("BEGIN IMMEDIATE");
   try {
+    if (!isCurrent()) refuse(FailureNumber::storeFailed, "was replaced by another file");
     statements();
     run("COMMIT");
   } catch (...) {

@@ -26,10 +26,14 @@ std::string_view behindSelect(std::string_view query) {
 
 bool sameName(std::string_view a, std::string_view b) { return compareWithoutCase(a, b) == 0; }
 
-/// Grouped rows stand for several rows of the table.
+/// Grouped rows stand for several rows of the table. What stands in quotes is a name.
 bool isGrouped(std::string_view query) {
-  std::string upper{query};
-  std::transform(upper.begin(), upper.end(), upper.begin(), [](unsigned char c) { return std::toupper(c); });
+  std::string upper;
+  bool quoted = false;
+  for (const char c : query) {
+    if (c == '\'') quoted = !quoted;
+    if (!quoted) upper += static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  }
   return upper.find("GROUP BY") != std::string::npos;
 }
 

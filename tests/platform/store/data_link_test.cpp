@@ -127,6 +127,20 @@ TEST_F(DataLinkTest, showsTheStudyAgainWhenAnEditCannotBeStored) {
   EXPECT_EQ(refused.size(), 1U);
 }
 
+TEST_F(DataLinkTest, staysOnItsRowWhileTheFileIsHeld) {
+  link.refresh();
+  {
+    const Database other{folder.study(), studyLayout()};
+    other.run("BEGIN EXCLUSIVE");
+    EXPECT_THROW(link.refresh(), RuntimeFailure);
+    EXPECT_TRUE(link.hasRow());
+    EXPECT_EQ(textOf(link.value("refNo")), "HW-1");
+  }
+  height.setText("8");
+  link.refresh();
+  EXPECT_EQ(stored("htrel"), "8");
+}
+
 TEST_F(DataLinkTest, bindsAFieldToAnotherColumn) {
   link.refresh();
   link.bind(height, "htsmul");

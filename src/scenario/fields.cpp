@@ -58,6 +58,7 @@ ScenarioFields::ScenarioFields(View& view)
       scnrotxt(hidden(view, "scnrotxt")),
       naturchem(hidden(view, "naturchem")),
       reftmptxt(hidden(view, "reftmptxt")),
+      conctemp(hidden(view, "conctemp")),
       maxdstprtxt(hidden(view, "maxdstprtxt")),
       scnrotxtlbl(withToolTip(view.text("scnrotxtlbl"),
                               "You must always edit scenario text as appropriate first before proceeding further")),

@@ -16,6 +16,7 @@ struct ScenarioFields {
   Field& scnrotxt;            // text of the working scenario; not shown
   Field& naturchem;           // nature of the chemical; not shown
   Field& reftmptxt;           // reference number of the row of heights and terrain; not shown
+  Field& conctemp;            // a column of the chemical's data, chosen when it is read; not shown
   Field& maxdstprtxt;         // end of the last level for the profile (m); not shown
   Field& scnrotxtlbl;         // name of the run
   Field& dspScnorlst_1;       // stored runs, the last one on top

@@ -36,6 +36,15 @@ TEST(Run, printsWhatTheReadmeShows) {
   EXPECT_EQ(errors.str(), "");
 }
 
+TEST(Run, scriptPrintsWhatTheReadmeShows) {
+  const test::TestStudy study;
+  std::string out;
+  std::ostringstream errors;
+  ScriptSession session{[&](const Json& object) { out += jsonLine(object); }, study.folder.folders()};
+  EXPECT_EQ(runScriptFile(session, NOLDARZ_SOURCE_DIR "/examples/study.script", "", errors), ExitStatus::done);
+  EXPECT_EQ(out, shownInReadme("build/release/bin/noldarz-cli script --start site/start examples/study.script"));
+}
+
 TEST(Run, computesEveryExampleWithoutAMessage) {
   const test::TestFolder folder;
   test::makeStudy(folder.study(), test::exampleStudy("chlorine"));

@@ -263,7 +263,7 @@ Json cellJson(const Cell& cell) {
 void rows(ScriptSession& session, const Words& words) {
   const auto study = session.system().study();
   if (!study) throw ScriptError("no study is open");
-  Recordset found{study, words[1]};
+  Recordset found{study, words[1], Recordset::Access::read};
   Json lines = Json::array();
   for (; !found.eof(); found.moveNext()) {
     Json& line = lines.emplace_back(Json::array());

@@ -52,7 +52,8 @@ void ScriptSession::start() {
 }
 
 void ScriptSession::paint() {
-  for (View* view : system_->views().open())
+  const auto open = system_->views().open();  // a copy: a rule may open or close a view
+  for (View* view : open)
     if (view->visible() && view->isPaintDue()) view->paint();
 }
 

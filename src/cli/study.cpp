@@ -42,7 +42,13 @@ std::string readText(const fs::path& file) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-fs::path journalOf(fs::path file) { return file += "-journal"; }
+/// The engine keeps the journal beside the file itself, not beside a link to it.
+fs::path journalOf(const fs::path& file) {
+  std::error_code error;
+  fs::path journal = fs::canonical(file, error);
+  if (error) journal = file;
+  return journal += "-journal";
+}
 
 void removeIfThere(const fs::path& file) {
   std::error_code error;
@@ -52,27 +58,30 @@ void removeIfThere(const fs::path& file) {
 /// The study that stands in the file, whole again after a change that was cut off and held against other processes; null
 /// when there is none. Fails with storeLocked when another process holds it.
 std::unique_ptr<Database> heldStudy(const fs::path& file) {
-  std::unique_ptr<Database> study;
-  try {
-    study = std::make_unique<Database>(file, studyLayout());
-  } catch (const StoreFailure& failure) {
-    if (failure.reason() == FailureNumber::storeLocked) throw;
-    return {};
+  for (;;) {
+    std::unique_ptr<Database> study;
+    try {
+      study = std::make_unique<Database>(file, studyLayout());
+    } catch (const StoreFailure& failure) {
+      if (failure.reason() == FailureNumber::storeLocked) throw;
+      return {};
+    }
+    study->run("PRAGMA journal_mode = DELETE; BEGIN EXCLUSIVE");
+    if (study->isCurrent()) return study;  // else it was replaced while this process waited
   }
-  study->run("BEGIN EXCLUSIVE");
-  return study;
 }
 
 std::string cellAt(const std::shared_ptr<Database>& study, const std::string& query) {
-  return textOf(Recordset{study, query}.value(0));
+  return textOf(Recordset{study, query, Recordset::Access::read}.value(0));
 }
 
 /// What keeps the program from working on a sound file; empty when nothing does.
 std::string faultOf(const std::shared_ptr<Database>& study) {
-  Recordset projects{study, "SELECT OrgName, refNo FROM [dsptbl-1] WHERE actvproj=-1"};
+  const auto read = Recordset::Access::read;
+  Recordset projects{study, "SELECT OrgName, refNo FROM [dsptbl-1] WHERE actvproj=-1", read};
   if (projects.recordCount() != 1)
     return projects.recordCount() == 0 ? "has no active project" : "has more than one active project";
-  Recordset scenarios{study, "SELECT scenariotxt FROM scenr1"};
+  Recordset scenarios{study, "SELECT scenariotxt FROM scenr1", read};
   if (scenarios.eof()) return "has no working scenario";
   for (const std::string& name : {textOf(projects.value(0)), textOf(projects.value(1)), textOf(scenarios.value(0))})
     if (const std::string fault = faultOfName(name); !fault.empty())
@@ -98,8 +107,8 @@ ExitStatus createStudy(const fs::path& file, const fs::path& source, bool force,
       removeIfThere(journalOf(made.path()));
       throw;
     }
-    const auto old = heldStudy(file);
-    removeIfThere(journalOf(file));  // of a file that is no study: it must not be taken for one of the new file
+    const auto old = force ? heldStudy(file) : nullptr;
+    if (force) removeIfThere(journalOf(file));  // of a file that is no study: it must not be taken for the new one's
     made.putInPlace(force ? NewFile::Existing::replace : NewFile::Existing::keep);
     return ExitStatus::done;
   });

@@ -2,15 +2,17 @@
 
 #include <fmt/format.h>
 #include <toml++/toml.h>
-#include <unicase.h>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
-#include <set>
+#include <optional>
 #include <string_view>
 #include <vector>
 
+#include "platform/store/data_link.h"
+#include "platform/store/store_failure.h"
 #include "scenario/queries.h"
 
 namespace noldarz {
@@ -47,14 +49,6 @@ std::optional<Cell> cellOf(const toml::node& node, ColumnType type) {
   return {};
 }
 
-std::string withoutCase(const std::string& text) {
-  std::size_t size = 0;
-  const std::unique_ptr<std::uint8_t, void (*)(void*)> folded{
-      u8_casefold(reinterpret_cast<const std::uint8_t*>(text.data()), text.size(), nullptr, nullptr, nullptr, &size),
-      std::free};
-  return folded ? std::string{reinterpret_cast<const char*>(folded.get()), size} : text;
-}
-
 class Filler {
  public:
   Filler(const Database& study, const std::string& name) : study_(study), name_(name) {}
@@ -69,14 +63,14 @@ class Filler {
       if (!rows || !rows->is_homogeneous<toml::table>())
         refuse(
             name_, node->source(), fmt::format("\"{0}\" is no list of rows: each begins with [[\"{0}\"]]", table.name));
-      std::set<std::string> keys;
-      for (const auto& row : *rows) addRow(table, *row.as_table(), keys);
+      for (const auto& row : *rows) addRow(table, *row.as_table());
     }
     requireOneActiveProject(text);
+    requireScenario(text);
   }
 
  private:
-  void addRow(const Table& table, const toml::table& row, std::set<std::string>& keys) {
+  void addRow(const Table& table, const toml::table& row) {
     std::string names;
     std::string places;
     std::vector<Cell> cells;
@@ -93,28 +87,39 @@ class Filler {
       places += places.empty() ? "?" : ", ?";
       cells.push_back(*cell);
     }
-    requireKey(table, row, keys);
+    requireKey(table, row);
     if (cells.empty()) refuse(name_, row.source(), fmt::format("a row of table \"{}\" is empty", table.name));
     Statement statement{study_, fmt::format("INSERT INTO {} ({}) VALUES ({})", quotedName(table.name), names, places)};
     for (std::size_t i = 0; i < cells.size(); ++i) statement.bind(static_cast<int>(i) + 1, cells[i]);
-    statement.step();
+    try {
+      statement.step();
+    } catch (const StoreFailure& failure) {
+      if (failure.reason() != FailureNumber::duplicateKey) throw;
+      refuse(name_, row.source(), fmt::format("table \"{}\" holds a row with this key already", table.name));
+    }
   }
 
-  void requireKey(const Table& table, const toml::table& row, std::set<std::string>& keys) {
-    std::string joined;
+  void requireKey(const Table& table, const toml::table& row) {
     for (const auto column : table.key) {
       const auto* node = row.get(column);
       const std::string value = node ? node->value_or(std::string{}) : "";
       if (value.empty())
         refuse(name_, row.source(), fmt::format("a row of table \"{}\" lacks its key \"{}\"", table.name, column));
-      if (const std::string fault = faultOfName(value); !fault.empty())
-        refuse(name_,
-               row.source(),
-               fmt::format("\"{}\" in column \"{}\" of table \"{}\" {}", value, column, table.name, fault));
-      joined += withoutCase(value) + '\0';
+      requirePlain(table.name, column, value, row.source());
     }
-    if (!table.key.empty() && !keys.insert(joined).second)
-      refuse(name_, row.source(), fmt::format("table \"{}\" holds a row with this key already", table.name));
+  }
+
+  void requirePlain(std::string_view table, std::string_view column, const std::string& value, const Source& at) {
+    if (const std::string fault = faultOfName(value); !fault.empty())
+      refuse(name_, at, fmt::format("\"{}\" in column \"{}\" of table \"{}\" {}", value, column, table, fault));
+  }
+
+  void requireScenario(const toml::table& text) {
+    const auto* scenarios = text["scenr1"].as_array();
+    if (!scenarios || scenarios->empty())
+      refuse(name_, text.source(), "no working scenario: table \"scenr1\" has no row");
+    const toml::table& scenario = *scenarios->get(0)->as_table();
+    requirePlain("scenr1", "scenariotxt", scenario["scenariotxt"].value_or(std::string{}), scenario.source());
   }
 
   void requireOneActiveProject(const toml::table& text) {
@@ -163,11 +168,30 @@ std::string numberText(double value, ColumnType type) {
   return whole && type == ColumnType::any ? text + ".0" : text;
 }
 
-std::string cellText(const Cell& cell, ColumnType type) {
+/// The value as the text has it; nothing for one that a text can't have: no truth value, no finite number.
+std::optional<std::string> cellText(const Cell& cell, ColumnType type) {
+  const auto* real = std::get_if<double>(&cell);
+  const bool isText = std::holds_alternative<std::string>(cell);
+  if ((real && !std::isfinite(*real)) || (type == ColumnType::boolean && isText)) return {};
   if (type == ColumnType::boolean) return isTrue(cell) ? "true" : "false";
   if (const auto* text = std::get_if<std::string>(&cell)) return quotedText(*text);
   if (const auto* number = std::get_if<double>(&cell)) return numberText(*number, type);
   return textOf(cell);
+}
+
+void appendCell(std::string& text, const Database& study, const Table& table, const Column& column, const Cell& cell) {
+  if (holdsNothing(cell)) return;
+  const auto value = cellText(cell, column.type);
+  const bool isText = std::holds_alternative<std::string>(cell);
+  if (!value)
+    throw StoreFailure(FailureNumber::typeMismatch,
+                       fmt::format("{} holds \"{}\" in column \"{}\" of table \"{}\", which takes {}",
+                                   study.file().string(),
+                                   isText ? textOf(cell) : "no finite number",
+                                   column.name,
+                                   table.name,
+                                   typeName(column.type)));
+  text += fmt::format("{} = {}\n", column.name, *value);
 }
 
 }  // namespace
@@ -184,14 +208,15 @@ std::string studyText(const std::shared_ptr<Database>& study) {
   for (const Table& table : study->layout().tables) {
     std::string columns;
     for (const Column& column : table.columns) columns += (columns.empty() ? "" : ", ") + quotedName(column.name);
-    Recordset rows{study, fmt::format("SELECT {} FROM {} ORDER BY rowid", columns, quotedName(table.name))};
+    Recordset rows{study,
+                   fmt::format("SELECT {} FROM {} ORDER BY rowid", columns, quotedName(table.name)),
+                   Recordset::Access::read};
     const bool bare = table.name.find('-') == std::string_view::npos;
     for (; !rows.eof(); rows.moveNext()) {
       text +=
           (text.empty() ? "" : "\n") + fmt::format("[[{}]]\n", bare ? std::string{table.name} : quotedName(table.name));
       for (std::size_t i = 0; i < table.columns.size(); ++i)
-        if (const Cell& cell = rows.value(static_cast<int>(i)); !holdsNothing(cell))
-          text += fmt::format("{} = {}\n", table.columns[i].name, cellText(cell, table.columns[i].type));
+        appendCell(text, *study, table, table.columns[i], rows.value(static_cast<int>(i)));
     }
   }
   return text;

@@ -1,9 +1,11 @@
 #include "platform/durable_file.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <string>
@@ -36,10 +38,14 @@ NewFile::NewFile(fs::path target) : target_(std::move(target)) {
   std::string name = target_.string() + ".XXXXXX";
   const int handle = mkstemp(name.data());
   if (handle < 0) failed("can't be made", target_);
-  close(handle);
   path_ = name;
-  std::error_code error;
-  fs::permissions(path_, fs::perms::group_read | fs::perms::others_read, fs::perm_options::add, error);
+  struct stat old {};
+  const mode_t mask = umask(0);
+  umask(mask);
+  const mode_t mode = stat(target_.c_str(), &old) == 0 ? old.st_mode & 0777U : 0666U & ~mask;
+  const int result = fchmod(handle, mode);
+  close(handle);
+  if (result != 0) failed("can't be made", target_);
 }
 
 NewFile::~NewFile() {
@@ -50,10 +56,12 @@ NewFile::~NewFile() {
 void NewFile::putInPlace(Existing existing) {
   bringToDisk(path_);
   if (existing == Existing::keep) {
-    if (link(path_.c_str(), target_.c_str()) != 0) failed("can't be made", target_);
-    fs::remove(path_);
-  } else {
-    fs::rename(path_, target_);
+    int result = renameat2(AT_FDCWD, path_.c_str(), AT_FDCWD, target_.c_str(), RENAME_NOREPLACE);
+    // A file system that can't do both at once: look first.
+    if (result != 0 && errno == EINVAL && !fs::exists(target_)) result = rename(path_.c_str(), target_.c_str());
+    if (result != 0) failed("can't be made", target_);
+  } else if (rename(path_.c_str(), target_.c_str()) != 0) {
+    failed("can't be replaced", target_);
   }
   path_.clear();
   bringToDisk(folderOf(target_));
@@ -61,11 +69,12 @@ void NewFile::putInPlace(Existing existing) {
 
 void replaceFile(const fs::path& target, std::string_view bytes) {
   NewFile file{target};
+  errno = 0;
   std::ofstream stream(file.path(), std::ios::binary | std::ios::trunc);
   stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   stream.close();
   if (!stream) {
-    errno = ENOSPC;
+    if (errno == 0) errno = EIO;
     failed("can't be written", target);
   }
   file.putInPlace(NewFile::Existing::replace);

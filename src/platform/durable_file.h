@@ -28,7 +28,7 @@ class NewFile {
   std::filesystem::path path_;
 };
 
-/// Replaces the file by the bytes. Throws std::filesystem::filesystem_error; the old file is then as before.
+/// Replaces the file by the bytes. Throws std::filesystem::filesystem_error; the file is then the old or the new one.
 void replaceFile(const std::filesystem::path& target, std::string_view bytes);
 
 }  // namespace noldarz

@@ -1,9 +1,14 @@
 #include "platform/folders.h"
 
+#include <pwd.h>
+#include <unistd.h>
+
 #include <cstdlib>
 #include <fstream>
 #include <string>
 #include <string_view>
+
+#include "platform/failure.h"
 
 namespace noldarz {
 
@@ -29,10 +34,23 @@ fs::path documentsFolder(const fs::path& configuration, const std::string& home)
   return fs::path(home) / "Documents";
 }
 
+std::string homeFolder() {
+  const std::string home = environment("HOME");
+  if (fs::path(home).is_absolute()) return home;
+  const passwd* user = getpwuid(getuid());  // NOLINT(concurrency-mt-unsafe): one thread
+  return user ? user->pw_dir : "/";
+}
+
 }  // namespace
 
+void enterFolder(const fs::path& folder) {
+  std::error_code error;
+  fs::current_path(folder, error);
+  if (error) fail(FailureNumber::noSuchFolder);
+}
+
 Folders Folders::ofUser() {
-  const std::string home = environment("HOME");
+  const std::string home = homeFolder();
   const std::string configured = environment("XDG_CONFIG_HOME");
   Folders folders;
   std::error_code error;

@@ -14,4 +14,7 @@ struct Folders {
   static Folders ofUser();
 };
 
+/// Makes the folder the current one. Fails with noSuchFolder.
+void enterFolder(const std::filesystem::path& folder);
+
 }  // namespace noldarz

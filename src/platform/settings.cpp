@@ -5,7 +5,9 @@
 #include <toml++/toml.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <sstream>
+#include <stdexcept>
 
 #include "platform/durable_file.h"
 
@@ -24,7 +26,12 @@ toml::table read(const fs::path& file) {
 class Lock {
  public:
   explicit Lock(const fs::path& file) : handle_(open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600)) {
-    if (handle_ < 0 || flock(handle_, LOCK_EX) != 0) throw std::runtime_error(file.string() + ": can't be written");
+    int result = -1;
+    do result = handle_ < 0 ? -1 : flock(handle_, LOCK_EX);
+    while (result != 0 && handle_ >= 0 && errno == EINTR);
+    if (result == 0) return;
+    if (handle_ >= 0) close(handle_);
+    throw std::runtime_error(file.string() + ": can't be written");
   }
   Lock(const Lock&) = delete;
   Lock& operator=(const Lock&) = delete;

@@ -2,14 +2,21 @@
 // decimal sign in every locale. Every room uses it; it uses nothing but failure.h.
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "platform/failure.h"
 
 namespace noldarz {
+
+/// Whether the text is a word of the vocabulary, compared exactly.
+inline bool isOneOf(std::span<const std::string_view> vocabulary, std::string_view text) {
+  return std::find(vocabulary.begin(), vocabulary.end(), text) != vocabulary.end();
+}
 
 /// What a text reads as: a number, no number, or a number beyond the range of a double.
 struct ParsedNumber {

@@ -54,7 +54,12 @@ void View::hide() {
 void View::close() {
   if (!loaded_ || closing_) return;
   closing_ = true;
-  run(closingRules_);
+  try {
+    run(closingRules_);
+  } catch (...) {
+    closing_ = false;
+    throw;
+  }
   closing_ = loaded_ = visible_ = modal_ = paintDue_ = false;
   views_.remove(*this);
   views_.settleFront();

@@ -1,6 +1,6 @@
 #include "scenario/input_rules.h"
 
-#include <exception>
+#include <stdexcept>
 
 #include "engine/air.h"
 #include "platform/text.h"
@@ -10,7 +10,6 @@ namespace noldarz {
 
 namespace {
 
-constexpr double leastReleaseHeight = 0.1;  // m
 constexpr std::string_view usersClass{"Custom"};
 
 }  // namespace
@@ -131,7 +130,7 @@ void InputRules::MaxFtlyDstOptn_Click() {
   try {
     settings_.set(
         limitChoice::application, limitChoice::section, limitChoice::key, std::to_string(in_.MaxFtlyDstOptn.value()));
-  } catch (const std::exception& failure) {
+  } catch (const std::runtime_error& failure) {
     status_.tellFault(std::string{"The setting is not kept: "} + failure.what());
   }
 }

@@ -1,7 +1,5 @@
 #include "scenario/links.h"
 
-#include <algorithm>
-
 #include "engine/air.h"
 #include "scenario/queries.h"
 
@@ -12,8 +10,13 @@ namespace {
 std::string faultOfRunName(const std::string& name) { return name.empty() ? "is no name of a run" : faultOfName(name); }
 
 std::string faultOfTerrain(const std::string& terrain) {
-  const bool known = std::find(terrainEntries.begin(), terrainEntries.end(), terrain) != terrainEntries.end();
-  return known ? "" : "is no terrain";
+  return isOneOf(terrainEntries, terrain) ? "" : "is no terrain";
+}
+
+std::string faultOfReleaseHeight(const std::string& height) {
+  const ParsedNumber parsed = parseNumber(height);
+  const bool low = parsed.outcome == ParsedNumber::Outcome::number && parsed.value < leastReleaseHeight;
+  return low ? "m is too low for a release" : "";
 }
 
 }  // namespace
@@ -40,7 +43,7 @@ MainLinks::MainLinks(Databases& databases, const ScenarioInputs& in, const Scena
   dt2a.bind(in.wndveltxt, "wndvel");
   dt2a.bind(in.hudityTxt, "Hmudy");
 
-  dt3.bind(in.htreltxt, "htrel");
+  dt3.bind(in.htreltxt, "htrel", faultOfReleaseHeight);
   dt3.bind(in.htsmul, "htsmul");
   dt3.bind(in.roghwndoptcbo, "terrain", faultOfTerrain);
 

@@ -1,6 +1,8 @@
 // The data links of the main view and their bound fields.
 #pragma once
 
+#include <array>
+
 #include "engine/fields.h"
 #include "platform/store/data_link.h"
 #include "scenario/fields.h"
@@ -11,11 +13,16 @@ namespace noldarz {
 struct MainLinks {
   MainLinks(Databases& databases, const ScenarioInputs& in, const ScenarioFields& fields, StatusLine& status);
 
+  std::array<DataLink*, 5> all() { return {&dt1, &dt2, &dt2a, &dt3, &dt4}; }
+
   DataLink dt1;   // active project
   DataLink dt2;   // working scenario
   DataLink dt2a;  // row of the run in force
   DataLink dt3;   // release heights and terrain of the reference number
   DataLink dt4;   // chemical data of the project
 };
+
+/// The lowest height of release (m).
+inline constexpr double leastReleaseHeight = 0.1;
 
 }  // namespace noldarz

@@ -8,9 +8,11 @@
 
 namespace noldarz {
 
+inline constexpr std::string_view mainViewTitle{" NOLDA-RZ : Dispersion Module  "};
+
 struct MainView {
   explicit MainView(Views& views)
-      : view(views, "dspmnfrm", " NOLDA-RZ : Dispersion Module  "),
+      : view(views, "dspmnfrm", std::string{mainViewTitle}),
         in(view),
         level(view),
         result(view),

@@ -1,5 +1,6 @@
 #include "scenario/required_files.h"
 
+#include <filesystem>
 #include <fstream>
 
 #include "platform/failure.h"
@@ -8,14 +9,12 @@ namespace noldarz {
 
 namespace fs = std::filesystem;
 
-void enterFolder(const fs::path& folder) {
-  std::error_code error;
-  fs::current_path(folder, error);
-  if (error) fail(FailureNumber::noSuchFolder);
-}
+namespace {
 
+/// In the folder ReqFiles/fld1 beside the program's own folder.
 fs::path setupProgram(const Folders& folders) { return folders.program.parent_path() / "ReqFiles" / "fld1" / "setup"; }
 
+/// Overwrites the main module's marker in the user's documents with "File closed", if there is one.
 void closeMarker(const Folders& folders) {
   const fs::path marker = folders.documents / "nldopnd.txt";
   std::error_code error;
@@ -25,6 +24,8 @@ void closeMarker(const Folders& folders) {
   stream.close();
   if (!stream) fail(FailureNumber::readOnly);
 }
+
+}  // namespace
 
 RequiredFiles::RequiredFiles(Views& views, const ScenarioState& state, const Folders& folders, Desktop& desktop)
     : view_(views, "reqfrm", " QUENDARIS : Required files installation"),

@@ -2,7 +2,6 @@
 // the missing parts down.
 #pragma once
 
-#include <filesystem>
 #include <string>
 
 #include "platform/desktop.h"
@@ -33,14 +32,5 @@ class RequiredFiles {
   const Folders& folders_;
   Desktop& desktop_;
 };
-
-/// The setup program: in the folder ReqFiles/fld1 beside the program's own folder.
-std::filesystem::path setupProgram(const Folders& folders);
-
-/// Overwrites the main module's marker in the user's documents with "File closed", if there is one.
-void closeMarker(const Folders& folders);
-
-/// Makes the folder the current one. Fails with noSuchFolder.
-void enterFolder(const std::filesystem::path& folder);
 
 }  // namespace noldarz

@@ -1,6 +1,6 @@
 #include "scenario/run_list.h"
 
-#include "scenario/run_row.h"
+#include "scenario/row_inputs.h"
 
 namespace noldarz {
 
@@ -82,12 +82,8 @@ void RunList::standOnRow(const Run& run, const Trap& skipping) {
 
 void RunList::takeInputs(const Trap& skipping) {
   const DataLink& row = links_.dt2a;
-  skipping.steps([&] { in_.stblclscbo.setText(textIn(row, "StblClas")); },
-                 [&] { in_.prbtoptn.setValue(isTrue(row.value("prbtoptn")) ? 1 : 0); },
-                 [&] { in_.avalftl.setText(textIn(row, "avalftl")); },
-                 [&] { in_.nvalftl.setText(textIn(row, "nvalftl")); },
-                 [&] { in_.avalinj.setText(textIn(row, "avalinj")); },
-                 [&] { in_.nvalinj.setText(textIn(row, "nvalinj")); });
+  skipping.step([&] { in_.stblclscbo.setText(textIn(row, "StblClas")); });
+  takeProbit(row, in_, skipping);
   takeLevels(row, level_, skipping);
   skipping.steps([&] { in_.tempStore.setText(textIn(row, "TemptureTmp")); },
                  [&] { in_.hudityTxt.setText(textIn(row, "Hmudy")); });

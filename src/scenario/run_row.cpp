@@ -2,9 +2,8 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
-
 #include "engine/air.h"
+#include "scenario/row_inputs.h"
 #include "scenario/study_layout.h"
 
 namespace noldarz {
@@ -13,11 +12,7 @@ namespace {
 
 constexpr int unknown = -1;  // the rows of the run could not be read
 
-bool isStabilityClass(std::string_view text) {
-  return std::find(stabilityClassEntries.begin(), stabilityClassEntries.end(), text) != stabilityClassEntries.end();
-}
-
-std::string levelColumn(std::string_view stem, int number) { return std::string{stem} + std::to_string(number); }
+bool isStabilityClass(std::string_view text) { return isOneOf(stabilityClassEntries, text); }
 
 /// A number with two decimals; any other text, such as a mark, as it stands.
 std::string stored(const Field& field) { return Format(field.text(), "0.00"); }
@@ -27,18 +22,6 @@ std::string storedHalf(const Field& field) {
 }
 
 }  // namespace
-
-std::string textIn(const DataLink& row, std::string_view column) {
-  const Cell& cell = row.value(column);
-  if (holdsNothing(cell)) fail(FailureNumber::typeMismatch);
-  return textOf(cell);
-}
-
-void takeLevels(const DataLink& row, const LevelFields& level, const Trap& skipping) {
-  for (int i = 0; i < levelCount; ++i)
-    skipping.steps([&] { level.constn[i].setText(textIn(row, levelColumn("constn", i + 1))); },
-                   [&] { level.conclbl[i].setCaption(textIn(row, levelColumn("constnTxt", i + 1))); });
-}
 
 RunRow::RunRow(ScenarioState& state, const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
                const ScenarioFields& fields, MainLinks& links, Queries& queries, RunList& list, ProbitConstants& probit,
@@ -54,6 +37,10 @@ RunRow::RunRow(ScenarioState& state, const ScenarioInputs& in, const LevelFields
       probit_(probit),
       desktop_(desktop),
       status_(status) {}
+
+void RunRow::settleRequest() {
+  if (fields_.tmr_1.enabled() && links_.dt2a.hasRow()) saveRunRow();
+}
 
 void RunRow::saveRunRow() {
   DataLink& row = links_.dt2a;
@@ -141,17 +128,13 @@ void RunRow::bringUpToDate(const Trap& skipping) {
     set("PoolRadiusRrsls", in_.PoolRadiusRrslstxt.text());
     set("expmass", result_.expmass.isNumeric() ? result_.expmass.text() : "0");
   }
-  skipping.steps([&] { in_.prbtoptn.setValue(isTrue(row.value("prbtoptn")) ? 1 : 0); },
-                 [&] { probit_.showChoice(); },
-                 [&] { in_.avalftl.setText(textIn(row, "avalftl")); },
-                 [&] { in_.nvalftl.setText(textIn(row, "nvalftl")); },
-                 [&] { in_.avalinj.setText(textIn(row, "avalinj")); },
-                 [&] { in_.nvalinj.setText(textIn(row, "nvalinj")); });
+  takeProbit(row, in_, skipping);
+  probit_.showChoice();
 }
 
 void RunRow::update() try { links_.dt2a.update(); } catch (const StoreFailure& failure) {
+  links_.dt2a.cancelUpdate();  // or the next refresh would wait for the file again
   if (failure.reason() != FailureNumber::duplicateKey) throw;
-  links_.dt2a.cancelUpdate();  // the run of this scenario and class is there, under another name
   status_.tellFault(
       fmt::format("No run \"{}\": the stored run of this scenario and class is in force.", state_.scnrUserText));
 }
@@ -196,15 +179,11 @@ void RunRow::storeFlammableMass(double mass) try {
 
 void RunRow::storeRun() {
   DataLink& row = links_.dt2a;
-  bool failed = false;
-  const Trap telling{[&](const RuntimeFailure& failure) {
-    failed = true;
-    status_.tellFault(std::string{"The results are not stored: "} + failure.what());
-  }};
-  const auto set = [&](std::string_view column, const Cell& value) { telling.step([&] { row.set(column, value); }); };
+  std::string fault;
+  const Trap keeping{[&](const RuntimeFailure& failure) { fault = failure.what(); }};
+  const auto set = [&](std::string_view column, const Cell& value) { keeping.step([&] { row.set(column, value); }); };
   if (!row.hasRow()) silently([&] { row.refresh(); });  // it was out of reach when it was looked up last
-  telling.step([&] { row.edit(); });
-  if (failed) return;
+  keeping.step([&] { row.edit(); });
   set("FtlyYcord", storedHalf(level_.isopwdth[2]));
   set("InjYcord", storedHalf(level_.isopwdth[5]));
   set("isopAngle", stored(level_.isopang[2]));
@@ -215,8 +194,14 @@ void RunRow::storeRun() {
     set(levelColumn("constn", i + 1), stored(level_.constn[i]));
     set(levelColumn("constnTxt", i + 1), level_.conclbl[i].caption());
   }
-  telling.steps([&] { row.update(); }, [&] { row.refresh(); });
-  if (!failed) status_.say(fmt::format("Results stored in run \"{}\".", fields_.scnrotxtlbl.text()));
+  bool isStored = false;
+  const bool isOpen = row.hasRow() && row.recordset().isOpenForWriting();
+  keeping.steps([&] { row.update(), isStored = true; },
+                [&] { row.refresh(), isStored = isOpen; });  // tries again what an update could not store
+  if (isStored)
+    status_.say(fmt::format("Results stored in run \"{}\".", fields_.scnrotxtlbl.text()));
+  else
+    status_.tellFault("The results are not stored: " + fault);
 }
 
 }  // namespace noldarz

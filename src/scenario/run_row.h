@@ -26,6 +26,9 @@ class RunRow : public RunStore {
   /// finished run back. A failed step is skipped.
   void saveRunRow();
 
+  /// Before a press: a step that is still asked for runs now, so that the results go into the row of their run.
+  void settleRequest();
+
   /// Stores the flammable mass (lbm) in the working scenario.
   void storeFlammableMass(double mass) override;
   /// Writes the results into the row, in one change: numbers with two decimals, marks as they stand.
@@ -54,11 +57,5 @@ class RunRow : public RunStore {
   StatusLine& status_;
   bool focusDone_ = false;
 };
-
-/// Brings the six levels and their captions from the row that the link stands on. A cell without a value leaves its field.
-void takeLevels(const DataLink& row, const LevelFields& level, const Trap& skipping);
-
-/// The text of a cell. Fails with typeMismatch for a cell without a value.
-std::string textIn(const DataLink& row, std::string_view column);
 
 }  // namespace noldarz

@@ -1,6 +1,5 @@
 #include "scenario/start_up.h"
 
-#include <algorithm>
 #include <filesystem>
 
 #include "engine/air.h"
@@ -51,6 +50,10 @@ StartUp::StartUp(Views& views, MainView& main, ScenarioState& state, MainLinks& 
   view.on(main_.scenario.Tmr_2, Event::timer, [this] { settleFocus(); });
   for (Field* field : {&main_.scenario.clsfrm1, &main_.scenario.exit})
     view.on(*field, Event::click, [this] { main_.view.close(); });
+  const auto noSheet = [this] { status_.say("The explanation sheet is not part of this version."); };
+  view.on(main_.scenario.helpVinf, Event::click, noSheet);
+  for (int i = 0; i < main_.scenario.headings.size(); ++i)
+    view.on(main_.scenario.headings[i], Event::dblClick, noSheet);
 }
 
 void StartUp::start() {
@@ -85,10 +88,9 @@ bool StartUp::openStudy() {
   step([&] { state_.lineWidthFlag = true; });
   step([&] { fields.FatatyDistDsplyLbl.setCaption(""); });
   step([&] { fields.InjuryDistDsplyLbl.setCaption(""); });
-  step([&] { main_.view.setTitle(" NOLDA-RZ : Dispersion Module  "); });
+  step([&] { main_.view.setTitle(mainViewTitle); });
   step([&] { state_.dbPath = studyBeside(); });
-  for (DataLink* link : {&links_.dt1, &links_.dt2, &links_.dt2a, &links_.dt3, &links_.dt4})
-    step([&] { link->setDatabaseName(state_.dbPath); });
+  for (DataLink* link : links_.all()) step([&] { link->setDatabaseName(state_.dbPath); });
   step([&] { queries_.use(links_.dt1, &Queries::buildQryProject, state_.qryProject); });
   step([&] { links_.dt1.refresh(); });
   step([&] { queries_.use(links_.dt2, &Queries::buildQryScenario, state_.qryScenario); });
@@ -127,9 +129,7 @@ void StartUp::takeScenario(const Trap& skipping) {
 
 void StartUp::takeStabilityClass() {
   state_.stblClassStored = links_.dt2.text("StblCls");
-  const auto& classes = stabilityClassEntries;
-  if (std::find(classes.begin(), classes.end(), state_.stblClassStored) != classes.end())
-    main_.in.stblclscbo.setText(state_.stblClassStored);
+  if (isOneOf(stabilityClassEntries, state_.stblClassStored)) main_.in.stblclscbo.setText(state_.stblClassStored);
 }
 
 void StartUp::takeLimitChoice() {
@@ -161,8 +161,7 @@ void StartUp::closeAll() {
   for (const auto name : attachedViews)
     if (View* view = views_.find(name)) view->close();
   // What was typed and not left yet is kept as if the field had been left.
-  for (DataLink* link : {&links_.dt1, &links_.dt2, &links_.dt2a, &links_.dt3, &links_.dt4})
-    status_.skipping().step([&] { link->close(); });
+  for (DataLink* link : links_.all()) status_.skipping().step([&] { link->close(); });
 }
 
 void StartUp::end() { state_.mainWnd = desktop_.activateWindow(std::string{mainModuleTitle}); }

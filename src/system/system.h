@@ -46,7 +46,6 @@ class System {
 
  private:
   void wire();
-  void press();
 
   Folders folders_;
   Settings settings_;
@@ -64,6 +63,7 @@ class System {
   ProbitConstants probit_;
   RunList runList_;
   RunRow runRow_;
+  Effects effects_;
   RunReset runReset_;
   LevelPasses levelPasses_;
   CloseOut closeOut_;

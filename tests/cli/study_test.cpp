@@ -8,6 +8,7 @@
 #include <random>
 
 #include "platform/store/store_failure.h"
+#include "support/process.h"
 #include "support/test_study.h"
 
 namespace noldarz {
@@ -99,6 +100,10 @@ TEST(Study, isRefusedWithFileLineAndName) {
       {"refNo = \"HW-1\"\nhtrel",
        "refNo = \"O'B\"\nhtrel",
        "51: \"O'B\" in column \"refNo\" of table \"Disptbl\" holds a single quote ('), which the study does not take"},
+      {"scenariotxt = \"Torn transfer hose\"",
+       "scenariotxt = \"3' pipe\"",
+       "39: \"3' pipe\" in column \"scenariotxt\" of table \"scenr1\" holds a single quote ('), which the study does "
+       "not take"},
       {"[[Disptbl]]", "[Disptbl]", "51: \"Disptbl\" is no list of rows: each begins with [[\"Disptbl\"]]"},
   };
   for (const auto& [from, to, fault] : cases) {
@@ -138,14 +143,41 @@ TEST(Study, replacesAnotherOnlyByForce) {
 TEST(Study, isNotReplacedUnderAProgramThatWrites) {
   const TestFolder folder;
   ASSERT_EQ(test::makeStudy(folder.study(), exampleStudy("chlorine")), "");
-  const auto running = std::make_shared<Database>(folder.study(), studyLayout());
-  running->run("BEGIN IMMEDIATE; UPDATE Disptbl SET htrel = 3");
-  EXPECT_EQ(test::makeStudy(folder.study(), exampleStudy("lpg")),
-            folder.study().string() + " is held by another program\n");
-  running->run("COMMIT");
-  EXPECT_NE(exported(folder.study()).find("htrel = 3"), std::string::npos);
+  int began[2];
+  ASSERT_EQ(pipe(began), 0);
+  const pid_t writer = test::inProcess([&] {
+    const Database study{folder.study(), studyLayout()};
+    study.run("BEGIN IMMEDIATE; UPDATE Disptbl SET htrel = 3");
+    if (write(began[1], "", 1) != 1) return 1;
+    sleep(1);
+    study.run("COMMIT");
+    try {
+      for (int i = 0; i < 500; ++i, usleep(10000)) study.transact([] {});
+    } catch (const StoreFailure&) {
+      return 0;  // its file is no longer the study
+    }
+    return 2;
+  });
+  char byte = 0;
+  ASSERT_EQ(read(began[0], &byte, 1), 1);
   EXPECT_EQ(test::makeStudy(folder.study(), exampleStudy("lpg")), "");
-  EXPECT_THROW(running->transact([] {}), StoreFailure);  // its file is no longer the study
+  EXPECT_NE(exported(folder.study()).find("Valley Gas Depot"), std::string::npos);
+  EXPECT_EQ(test::statusOf(writer), 0);
+}
+
+TEST(Study, isNotExportedWhereATextCannotHoldIt) {
+  const TestFolder folder;
+  for (const auto& [change, what] : std::map<std::string, std::string>{
+           {"UPDATE Disptbl SET htrel = 9e999", "\"no finite number\" in column \"htrel\""},
+           {"UPDATE [dsptbl-1] SET actvproj = 'yes'", "\"yes\" in column \"actvproj\""}}) {
+    test::makeStudy(folder.study(), exampleStudy("chlorine"));
+    Database{folder.study(), studyLayout()}.run(change);
+    std::ostringstream out;
+    std::ostringstream errors;
+    EXPECT_EQ(exportStudy(folder.study(), out, errors), ExitStatus::refused);
+    EXPECT_NE(errors.str().find(folder.study().string() + " holds " + what), std::string::npos) << errors.str();
+    EXPECT_EQ(out.str(), "");
+  }
 }
 
 TEST(Study, isCheckedBeforeTheProgramStartsOnIt) {

@@ -1,8 +1,8 @@
 #include "platform/settings.h"
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
+#include "support/process.h"
 #include "support/test_study.h"
 
 namespace noldarz {
@@ -42,14 +42,12 @@ TEST(Settings, ofTwoProcessesDoNotUndoEachOther) {
   constexpr int changes = 30;
   std::vector<pid_t> writers;
   for (const char* name : {"a", "b"}) {
-    const pid_t writer = fork();
-    if (writer == 0) {
+    writers.push_back(test::inProcess([&] {
       for (int i = 0; i < changes; ++i) Settings{folder / "config"}.set(name, "s", std::to_string(i), "x");
-      _exit(0);
-    }
-    writers.push_back(writer);
+      return 0;
+    }));
   }
-  for (const pid_t writer : writers) waitpid(writer, nullptr, 0);
+  for (const pid_t writer : writers) EXPECT_EQ(test::statusOf(writer), 0);
   for (const char* name : {"a", "b"})
     for (int i = 0; i < changes; ++i)
       EXPECT_EQ(Settings{folder / "config"}.get(name, "s", std::to_string(i)), "x") << name << i;

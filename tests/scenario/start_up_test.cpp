@@ -191,6 +191,10 @@ TEST(StartUp, keepsWhatWasTypedWhenTheViewCloses) {
   study.field("htreltxt").setText("high");  // no number: stays as it was
   study.run("close");
   EXPECT_EQ(study.rows("SELECT htrel, htsmul FROM Disptbl"), Texts{"1|2.5"});
+  study.run("start");
+  study.field("htreltxt").setText("0.05");  // refused when it is left, so it is no height here either
+  study.run("close");
+  EXPECT_EQ(study.rows("SELECT htrel, htsmul FROM Disptbl"), Texts{"1|2.5"});
 }
 
 TEST(StartUp, namesTheUpperLevelsOfANonFlammableChemical) {

@@ -93,7 +93,11 @@ class TestStudy {
     std::ostringstream errors;
     if (runScript(*session, stream, "test", errors) != ExitStatus::done) throw std::logic_error(errors.str());
   }
-  Field& field(const std::string& name) { return *session->system().mainView().view.find(name); }
+  Field& field(const std::string& name) {
+    Field* found = session->system().mainView().view.find(name);
+    if (!found) throw std::logic_error("no field " + name);
+    return *found;
+  }
   std::string text(const std::string& name) { return field(name).text(); }
   std::string status() { return text("statuslbl"); }
   const RunState& state() { return session->system().state(); }
@@ -119,6 +123,20 @@ class TestStudy {
   std::vector<Json> record;
   std::unique_ptr<ScriptSession> session;
 };
+
+/// The two presses, with the levels of the chlorine example.
+inline void compute(TestStudy& study) {
+  study.run(R"(
+click comput
+enter constn(0) 1000
+enter constn(1) 100
+enter constn(2) 20
+enter constn(3) 2
+enter constn(4) 0.5
+enter constn(5) 0.25
+click comput
+)");
+}
 
 using Texts = std::vector<std::string>;
 

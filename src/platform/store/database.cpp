@@ -105,7 +105,7 @@ Cell Statement::cell(int column) const {
     case SQLITE_INTEGER: return std::int64_t{sqlite3_column_int64(handle(), column)};
     case SQLITE_FLOAT: return sqlite3_column_double(handle(), column);
     default: {
-      const auto* bytes = static_cast<const char*>(sqlite3_column_blob(handle(), column));
+      const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(handle(), column));
       return std::string(bytes, static_cast<std::size_t>(sqlite3_column_bytes(handle(), column)));
     }
   }

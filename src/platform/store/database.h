@@ -77,7 +77,8 @@ class Database {
   std::unique_ptr<sqlite3, int (*)(sqlite3*)> handle_;
 };
 
-/// The open databases by path: links on one path share a connection, which closes with the last of them.
+/// The database that is open: links on one path share a connection, which closes with the last of them. A process must not
+/// open a study twice while it holds a lock on it, since closing the one lets go of the locks of the other.
 class Databases {
  public:
   explicit Databases(const Layout& layout) : layout_(layout) {}

@@ -38,7 +38,7 @@ bool isTruncated(std::string_view head, std::uint64_t size, const fs::path& file
   if (head.size() < headSize) return true;
   if (bigEndian(head, 24, 4) != bigEndian(head, 92, 4)) return false;  // the page count is not to be relied on
   std::error_code error;
-  fs::path journal = file;
+  fs::path journal = fs::canonical(file, error);
   if (fs::exists(journal += "-journal", error)) return false;  // the engine will roll a change back
   const std::uint64_t pageSize = bigEndian(head, 16, 2);
   return size < (pageSize == 1 ? 65536 : pageSize) * bigEndian(head, 28, 4);

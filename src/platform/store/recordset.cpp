@@ -32,7 +32,9 @@ bool isGrouped(std::string_view query) {
   bool quoted = false;
   for (const char c : query) {
     if (c == '\'') quoted = !quoted;
-    if (!quoted) upper += static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    const bool blank = std::isspace(static_cast<unsigned char>(c)) != 0;
+    if (!quoted && !(blank && upper.ends_with(' ')))
+      upper += blank ? ' ' : static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
   }
   return upper.find("GROUP BY") != std::string::npos;
 }
@@ -45,13 +47,14 @@ ColumnType typeOf(const Layout& layout, std::string_view table, std::string_view
 
 }  // namespace
 
-Recordset::Recordset(std::shared_ptr<Database> database, const std::string& query) : database_(std::move(database)) {
+Recordset::Recordset(std::shared_ptr<Database> database, const std::string& query, Access access)
+    : database_(std::move(database)) {
   const std::string_view rest = behindSelect(query);
   Statement statement{*database_, query};
   if (sqlite3_stmt_readonly(statement.handle()) == 0)
     throw StoreFailure(FailureNumber::querySyntax, "the query is no reading statement");
   takeColumns(statement);
-  if (isGrouped(query)) table_.clear();
+  if (access == Access::read || isGrouped(query)) table_.clear();
   if (table_.empty() || !readWithIds(rest)) readRows(statement, false);
 }
 
@@ -86,7 +89,8 @@ void Recordset::readRows(Statement& statement, bool withIds) {
   rows_.clear();
   while (statement.step()) {
     Row& row = rows_.emplace_back();
-    if (withIds) row.id = static_cast<std::int64_t>(numberOf(statement.cell(0)));
+    if (withIds && holdsNothing(statement.cell(0))) table_.clear();  // an outer join: no row of the table
+    if (withIds && !table_.empty()) row.id = static_cast<std::int64_t>(numberOf(statement.cell(0)));
     for (int i = first; i < statement.columnCount(); ++i) row.cells.push_back(statement.cell(i));
   }
 }

@@ -17,9 +17,12 @@ namespace noldarz {
 
 class Recordset {
  public:
+  /// To write a row, the engine is asked for its number in the table beside the columns of the query.
+  enum class Access : std::uint8_t { read, write };
+
   /// Runs the query, which must be a single reading statement, and stands on its first row. All rows are read at once, so
   /// RecordCount is their true number. Fails with a StoreFailure.
-  Recordset(std::shared_ptr<Database> database, const std::string& query);
+  Recordset(std::shared_ptr<Database> database, const std::string& query, Access access = Access::write);
 
   int recordCount() const { return static_cast<int>(rows_.size()); }
   bool eof() const { return at_ >= rows_.size(); }

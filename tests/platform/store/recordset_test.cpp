@@ -164,6 +164,23 @@ TEST_F(RecordsetTest, writesThroughAJoinButNotThroughAGroup) {
     EXPECT_EQ(failureOf([&] { query(text).edit(); }), 3027) << text;
 }
 
+TEST_F(RecordsetTest, readsWhatCannotBeWritten) {
+  Recordset outer = query(
+      "SELECT Disptbl.htrel FROM Orgtn LEFT JOIN Disptbl ON Orgtn.OrgName = Disptbl.refNo");  // finds no row of Disptbl
+  EXPECT_EQ(outer.recordCount(), 1);
+  EXPECT_EQ(failureOf([&] { outer.edit(); }), 3027);
+  addRuns({"b", "c", "a"});
+  Recordset sorted{database, "SELECT scenariotxt FROM maimTbl4All ORDER BY 1 DESC LIMIT 1", Recordset::Access::read};
+  EXPECT_EQ(textOf(sorted.value(0)), "c");
+  EXPECT_EQ(failureOf([&] { sorted.edit(); }), 3027);
+}
+
+TEST_F(RecordsetTest, tellsAGroupFromANameThatSoundsLikeOne) {
+  addRuns({"Pump group by pass"});
+  query("SELECT scenariotxt FROM maimTbl4All WHERE scenariotxt = 'pump group by pass'").edit();
+  EXPECT_EQ(failureOf([&] { query("SELECT scenariotxt FROM maimTbl4All GROUP \n by scenariotxt").edit(); }), 3027);
+}
+
 TEST_F(RecordsetTest, refusesASecondRowWithTheKey) {
   addRuns({"a"});
   EXPECT_EQ(failureOf([&] { addRuns({"A"}); }), 3022);

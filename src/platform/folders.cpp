@@ -35,7 +35,7 @@ fs::path documentsFolder(const fs::path& configuration, const std::string& home)
 }
 
 std::string homeFolder() {
-  const std::string home = environment("HOME");
+  std::string home = environment("HOME");
   if (fs::path(home).is_absolute()) return home;
   const passwd* user = getpwuid(getuid());  // NOLINT(concurrency-mt-unsafe): one thread
   return user ? user->pw_dir : "/";

@@ -22,6 +22,10 @@ struct ScenarioFields {
   Field& dspScnorlst_1;       // stored runs, the last one on top
   Field& redosimul;           // clears the results for a new Compute
   Field& clsfrm1;             // closes the view
+  Field& file;                // menu
+  Field& lnwdth;              // menu: width of the contours
+  Field& no2;                 // 2 pixels
+  Field& no4;                 // 4 pixels
   Field& exit;                // the same from the menu
   Field& helpVinf;            // explanation of the isopleth columns
   FieldArray<8> wndlbl1;      // captions of the eight orientations

@@ -41,6 +41,8 @@ InputRules::InputRules(View& view, ModelState& model, ScenarioState& state, cons
   view.on(fields_.scnrotxtlbl, Event::gotFocus, [this] { scnrTextBefore_ = fields_.scnrotxtlbl.text(); });
   view.on(fields_.scnrotxtlbl, Event::lostFocus, [this] { scnrotxtlbl_LostFocus(); });
   view.on(in_.MaxFtlyDstOptn, Event::click, [this] { MaxFtlyDstOptn_Click(); });
+  view.on(fields_.no2, Event::click, [this] { chooseLineWidth(true); });
+  view.on(fields_.no4, Event::click, [this] { chooseLineWidth(false); });
 }
 
 void InputRules::refuse(Field& field, const std::string& text) {
@@ -123,6 +125,13 @@ void InputRules::scnrotxtlbl_LostFocus() {
     if (name != scnrTextBefore_) askForRunRow();
   }
   scnrTextBefore_.clear();
+}
+
+void InputRules::chooseLineWidth(bool thin) {
+  fields_.no2.setValue(thin ? 1 : 0);
+  fields_.no4.setValue(thin ? 0 : 1);
+  state_.lineWidthFlag = thin;
+  state_.lineWidth = thin ? 2 : 4;
 }
 
 void InputRules::MaxFtlyDstOptn_Click() {

@@ -34,6 +34,8 @@ class InputRules {
   void wndveltxt_LostFocus();
   void scnrotxtlbl_LostFocus();
   void MaxFtlyDstOptn_Click();
+  /// The entry checks itself and unchecks the other.
+  void chooseLineWidth(bool thin);
 
   /// A box with the text, and the focus goes back to the field.
   void refuse(Field& field, const std::string& text);

@@ -11,8 +11,15 @@ constexpr int slotsPerRun = 5;
 }  // namespace
 
 RunList::RunList(ScenarioState& state, const ScenarioInputs& in, const LevelFields& level, const ScenarioFields& fields,
-                 MainLinks& links, Queries& queries, StatusLine& status)
-    : state_(state), in_(in), level_(level), fields_(fields), links_(links), queries_(queries), status_(status) {}
+                 MainLinks& links, Queries& queries, ProbitConstants& probit, StatusLine& status)
+    : state_(state),
+      in_(in),
+      level_(level),
+      fields_(fields),
+      links_(links),
+      queries_(queries),
+      probit_(probit),
+      status_(status) {}
 
 void RunList::clear() { fields_.dspScnorlst_1.setEntries({}); }
 
@@ -26,11 +33,11 @@ void RunList::fill(const Trap& skipping) {
   skipping.step([&] {
     for (; !rows.eof(); rows.moveNext())
       runs_.push_back({rows.text("scenariotxt"),
-                       rows.text("scenariotxt_ac"),
-                       rows.text("scnrotype"),
+                       rows.value("scenariotxt_ac"),
+                       rows.value("scnrotype"),
                        rows.text("scenariotxtUser"),
-                       rows.text("QntyRels"),
-                       rows.text("PoolRadiusRrsls")});
+                       rows.value("QntyRels"),
+                       rows.value("PoolRadiusRrsls")});
   });
   std::vector<std::string> names;
   for (auto run = runs_.rbegin(); run != runs_.rend(); ++run) names.push_back(run->scenariotxtUser);
@@ -57,14 +64,18 @@ void RunList::dspScnorlst_1_DblClick() {
   takeScenario(run);  // a refresh that could not store it has shown the former scenario again
   takeInputs(skipping);
   state_.selectByUserText = 0;
-  if (!status_.hasFault()) status_.say("Run \"" + run.scenariotxtUser + "\" selected. Compute to see its results.");
+  if (!status_.hasFault() && links_.dt2a.hasRow())
+    status_.say("Run \"" + run.scenariotxtUser + "\" selected. Compute to see its results.");
 }
 
 void RunList::takeScenario(const Run& run) const {
-  fields_.scnrotxt.setText(run.scenariotxt_ac);
-  in_.scnrotypetxt.setText(run.scnrotype);
-  in_.QntyRelstxt.setText(run.QntyRels);
-  in_.PoolRadiusRrslstxt.setText(run.PoolRadiusRrsls);
+  const auto take = [](Field& field, const Cell& cell) {
+    if (!holdsNothing(cell)) field.setText(textOf(cell));
+  };
+  take(fields_.scnrotxt, run.scenariotxt_ac);
+  take(in_.scnrotypetxt, run.scnrotype);
+  take(in_.QntyRelstxt, run.QntyRels);
+  take(in_.PoolRadiusRrslstxt, run.PoolRadiusRrsls);
 }
 
 void RunList::standOnRow(const Run& run, const Trap& skipping) {
@@ -76,14 +87,15 @@ void RunList::standOnRow(const Run& run, const Trap& skipping) {
                    [&] { row.refresh(); });
   };
   lookUp(run.scenariotxtUser, 1);
-  // Of several runs with the name it is the one of the entry.
-  if (skipping.holds([&] { return row.recordCount() > 1; })) lookUp(run.scenariotxt, 0);
+  // Of several runs with the name, or none, it is the one of the entry.
+  if (skipping.holds([&] { return row.recordCount() != 1; })) lookUp(run.scenariotxt, 0);
 }
 
 void RunList::takeInputs(const Trap& skipping) {
   const DataLink& row = links_.dt2a;
   skipping.step([&] { in_.stblclscbo.setText(textIn(row, "StblClas")); });
   takeProbit(row, in_, skipping);
+  probit_.showChoice();
   takeLevels(row, level_, skipping);
   skipping.steps([&] { in_.tempStore.setText(textIn(row, "TemptureTmp")); },
                  [&] { in_.hudityTxt.setText(textIn(row, "Hmudy")); });

@@ -10,13 +10,14 @@
 #include "scenario/queries.h"
 #include "scenario/state.h"
 #include "scenario/status_line.h"
+#include "toxic/probit_constants.h"
 
 namespace noldarz {
 
 class RunList {
  public:
   RunList(ScenarioState& state, const ScenarioInputs& in, const LevelFields& level, const ScenarioFields& fields,
-          MainLinks& links, Queries& queries, StatusLine& status);
+          MainLinks& links, Queries& queries, ProbitConstants& probit, StatusLine& status);
 
   /// Fills the list from the run rows of the reference number, the last row on top. The link dt2a then stands on the first
   /// of them. A failed step is skipped.
@@ -31,11 +32,11 @@ class RunList {
   /// What the list keeps of a run.
   struct Run {
     std::string scenariotxt;
-    std::string scenariotxt_ac;
-    std::string scnrotype;
+    Cell scenariotxt_ac;
+    Cell scnrotype;
     std::string scenariotxtUser;
-    std::string QntyRels;
-    std::string PoolRadiusRrsls;
+    Cell QntyRels;
+    Cell PoolRadiusRrsls;
   };
 
   void takeScenario(const Run& run) const;
@@ -48,6 +49,7 @@ class RunList {
   const ScenarioFields& fields_;
   MainLinks& links_;
   Queries& queries_;
+  ProbitConstants& probit_;
   StatusLine& status_;
   std::vector<Run> runs_;  // scnrStore, in the order of the rows
 };

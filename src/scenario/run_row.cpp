@@ -39,7 +39,7 @@ RunRow::RunRow(ScenarioState& state, const ScenarioInputs& in, const LevelFields
       status_(status) {}
 
 void RunRow::settleRequest() {
-  if (fields_.tmr_1.enabled() && links_.dt2a.hasRow()) saveRunRow();
+  if (fields_.tmr_1.enabled() && links_.dt1.database()) saveRunRow();
 }
 
 void RunRow::saveRunRow() {

@@ -31,6 +31,7 @@ struct ScenarioState {
   std::int32_t scnrListLast = 0;      ///< base index of the last run of the list, five slots a run
 
   bool lineWidthFlag = false;  ///< contours are 2 pixels wide, not 4
+  std::int16_t lineWidth = 0;  ///< width of the contours (pixels), once it was chosen
   double mapScale = 0;         ///< drawing units per metre
   std::uint64_t mainWnd = 0;   ///< window of the main module, found at the end; 0: none
 };
@@ -40,14 +41,14 @@ template <class Each>
 void visit(const ScenarioState& state, Each&& each) {
   const auto& [dbPath, moduleTag, chemName, qryProject, qryScenario, qryRunByText, qryRunByClass, qryRunList, qryDisp,
                qryChem, qryOrg, qryPopulation, scnrText, scnrUserText, stblClassStored, scnrKeyByText, selectByUserText,
-               scnrListLast, lineWidthFlag, mapScale, mainWnd] = state;
+               scnrListLast, lineWidthFlag, lineWidth, mapScale, mainWnd] = state;
   each("dbPath", dbPath), each("moduleTag", moduleTag), each("chemName", chemName), each("qryProject", qryProject),
   each("qryScenario", qryScenario), each("qryRunByText", qryRunByText), each("qryRunByClass", qryRunByClass),
   each("qryRunList", qryRunList), each("qryDisp", qryDisp), each("qryChem", qryChem), each("qryOrg", qryOrg),
   each("qryPopulation", qryPopulation), each("scnrText", scnrText), each("scnrUserText", scnrUserText),
   each("stblClassStored", stblClassStored), each("scnrKeyByText", scnrKeyByText),
   each("selectByUserText", selectByUserText), each("scnrListLast", scnrListLast),
-  each("lineWidthFlag", lineWidthFlag), each("mapScale", mapScale), each("mainWnd", mainWnd);
+  each("lineWidthFlag", lineWidthFlag), each("lineWidth", lineWidth), each("mapScale", mapScale), each("mainWnd", mainWnd);
 }
 // clang-format on
 

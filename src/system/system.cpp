@@ -17,7 +17,7 @@ System::System(Desktop& desktop, Folders folders, Effects effects)
       search_(state_, state_, plume_, main_.level, main_.result, progress_, desktop),
       isopleth_(state_, state_, state_, plume_, main_.in, main_.level, main_.result, progress_),
       probit_(state_, main_.in, main_.scenario.chmnmelbl),
-      runList_(state_, main_.in, main_.level, main_.scenario, links_, queries_, status_),
+      runList_(state_, main_.in, main_.level, main_.scenario, links_, queries_, probit_, status_),
       runRow_(state_, main_.in, main_.level, main_.result, main_.scenario, links_, queries_, runList_, probit_, desktop,
               status_),
       effects_{effects.toxic, effects.rows ? effects.rows : &runRow_},

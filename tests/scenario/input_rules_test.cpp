@@ -67,6 +67,16 @@ TEST(InputRules, showTheirBoxesWithTitleAndIcon) {
   EXPECT_EQ(study.record.back(), (Json{{"dropDown", "dspmnfrm.roghwndoptcbo"}}));
 }
 
+TEST(InputRules, takeTheWidthOfTheContours) {
+  TestStudy study;
+  for (const auto& [entry, width] : std::map<std::string, int>{{"no2", 2}, {"no4", 4}}) {
+    study.run("click " + entry);
+    EXPECT_EQ(study.state().lineWidth, width);
+    EXPECT_EQ(study.state().lineWidthFlag, width == 2);
+    EXPECT_EQ(study.field("no2").value() * 2 + study.field("no4").value() * 4, width);
+  }
+}
+
 TEST(InputRules, tellWhenTheStudyIsHeldByAnotherProgram) {
   TestStudy study;
   study.run("start");

@@ -36,6 +36,7 @@ TEST(RunList, bringsTheInputsOfASelectedRunBack) {
                                                                      {"endpt(5)", "0"}})
     EXPECT_EQ(study.text(name), text) << name;
   EXPECT_EQ(study.state().selectByUserText, 0);
+  EXPECT_EQ(study.status(), "Run \"Day\" selected. Compute to see its results.");
   EXPECT_EQ(study.rows("SELECT QntyRels FROM scenr1"), Texts{"0.3"});
   EXPECT_EQ(study.rows("SELECT wndvel, Hmudy FROM maimTbl4All"), (Texts{"6|", "2.5|60"}));
 }
@@ -64,6 +65,28 @@ TEST(RunList, showsEveryRunWithTheLastOnTop) {
             "text 250|PUFF|B");
   EXPECT_EQ(study.state().scnrText, "text 250");
   EXPECT_EQ(study.rows("SELECT scenariotxt, scnrotype FROM scenr1"), Texts{"text 250|PUFF"});
+}
+
+TEST(RunList, bringsTheProbitChoiceOfARunWithItsFields) {
+  TestStudy study;
+  study.run("start\nenter scnrotxtlbl Day\nwait\nchoose stblclscbo F\nwait\nenter scnrotxtlbl Night\nwait");
+  study.execute("UPDATE maimTbl4All SET prbtoptn = 0, avalftl = '-1' WHERE scenariotxtUser = 'Night'");
+  for (const bool own : {true, false, true}) {
+    study.run(std::string{"choose dspScnorlst_1 "} + (own ? "Night" : "Day") + "\ndblclick dspScnorlst_1");
+    EXPECT_EQ(study.text("prbtoptn"), own ? "User input" : "Use software default");
+    EXPECT_EQ(study.field("avalftl").enabled(), own);
+    EXPECT_EQ(study.text("avalftl"), own ? "-1" : "-14.33");
+  }
+}
+
+TEST(RunList, leavesTheScenarioWhereARunHasNoValue) {
+  TestStudy study;
+  study.run("start");
+  study.execute(
+      "INSERT INTO maimTbl4All (OrgName, refNo, scenariotxt, ScenarioOptn) VALUES "
+      "('Harbour Water Works', 'HW-1', 'bare', 'Dispersion')");
+  study.run("close\nstart\nchoose dspScnorlst_1 #0\ndblclick dspScnorlst_1");
+  EXPECT_EQ(study.rows("SELECT scenariotxt, scnrotype, QntyRels FROM scenr1"), Texts{"Torn transfer hose|PLUME|0.3"});
 }
 
 TEST(RunList, loadsNothingWithoutASelectedEntry) {

@@ -127,6 +127,14 @@ TEST(RunRow, ofTheClassBeforeStaysAsItWasWhenTheUserIsQuick) {
   EXPECT_EQ(study.rows("SELECT StblClas, wndvel, constn6 FROM maimTbl4All"), (Texts{"D|6|", "F|3|0.25"}));
 }
 
+TEST(RunRow, isSettledBeforeAPressAlsoWithoutARow) {
+  TestStudy study;
+  study.run("start\nenter scnrotxtlbl Day\nwait\nenter scnrotxtlbl Later\nchoose stblclscbo F");  // no time passes
+  compute(study);
+  EXPECT_EQ(study.runs(), (Texts{"Torn transfer hoseHW-1D|Later|D", "Torn transfer hoseHW-1F|Torn transfer hose|F"}));
+  EXPECT_EQ(study.rows("SELECT constn6 FROM maimTbl4All"), (Texts{"", "0.25"}));
+}
+
 TEST(RunRow, takesNamesThatLookLikePartsOfAQuery) {
   TestStudy study;
   for (const char* name : {"Pump group by pass", "a;b--c", "[x] \\\"y\\\" % _", "Größe"}) {

@@ -128,7 +128,7 @@ ExitStatus checkStudy(const fs::path& file, std::ostream& out, std::ostream& err
       errors << file.string() << " " << fault << '\n';
       return ExitStatus::refused;
     }
-    out << fmt::format("{}: a sound study, {} projects, {} runs, working scenario \"{}\"\n",
+    out << fmt::format("{}: a sound study (projects: {}, runs: {}, working scenario \"{}\")\n",
                        file.string(),
                        cellAt(study, "SELECT count(*) FROM [dsptbl-1]"),
                        cellAt(study, "SELECT count(*) FROM maimTbl4All"),

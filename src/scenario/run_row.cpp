@@ -168,6 +168,7 @@ void RunRow::tellOutcome(int found) {
 }
 
 void RunRow::storeFlammableMass(double mass) try {
+  if (!links_.dt2.database()) return;  // no study is open
   links_.dt2.edit();
   links_.dt2.set("expmass", mass);
   links_.dt2.update();
@@ -179,6 +180,7 @@ void RunRow::storeFlammableMass(double mass) try {
 
 void RunRow::storeRun() {
   DataLink& row = links_.dt2a;
+  if (!row.database()) return status_.say("No study is open: the results are not stored.");
   std::string fault;
   const Trap keeping{[&](const RuntimeFailure& failure) { fault = failure.what(); }};
   const auto set = [&](std::string_view column, const Cell& value) { keeping.step([&] { row.set(column, value); }); };

@@ -34,10 +34,9 @@ std::string faultOfName(std::string_view name) {
   return name.find('\'') == std::string_view::npos ? "" : "holds a single quote ('), which the study does not take";
 }
 
-void Queries::requirePlain(const std::vector<std::string>& names) {
-  for (const auto& name : names)
-    if (const std::string fault = faultOfName(name); !fault.empty())
-      throw StoreFailure(FailureNumber::querySyntax, fmt::format("The name \"{}\" {}", name, fault));
+void requirePlain(std::string_view name) {
+  if (const std::string fault = faultOfName(name); !fault.empty())
+    throw StoreFailure(FailureNumber::querySyntax, fmt::format("The name \"{}\" {}", name, fault));
 }
 
 std::string Queries::quoted(std::string_view name) {

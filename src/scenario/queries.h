@@ -13,6 +13,12 @@
 
 namespace noldarz {
 
+/// Why the study does not take the name, as the end of a sentence that begins with it; empty when it does.
+std::string faultOfName(std::string_view name);
+
+/// Fails with querySyntax for a name that the study does not take.
+void requirePlain(std::string_view name);
+
 class Queries {
  public:
   Queries(ScenarioState& state, const ScenarioInputs& in, const ScenarioFields& fields)
@@ -40,7 +46,7 @@ class Queries {
     link.setRecordSource({});
     names_.clear();
     (this->*build)();
-    requirePlain(names_);
+    for (const auto& name : names_) requirePlain(name);
     link.setRecordSource(text);
   }
 
@@ -50,15 +56,11 @@ class Queries {
  private:
   std::string quoted(std::string_view name);
   std::string runQuery(const std::string& column, std::string_view name);
-  static void requirePlain(const std::vector<std::string>& names);
 
   ScenarioState& state_;
   const ScenarioInputs& in_;
   const ScenarioFields& fields_;
   std::vector<std::string> names_;  // joined into the last text
 };
-
-/// Why the study does not take the name, as the end of a sentence that begins with it; empty when it does.
-std::string faultOfName(std::string_view name);
 
 }  // namespace noldarz

@@ -21,6 +21,11 @@ std::string storedHalf(const Field& field) {
   return field.isNumeric() ? Format(field.number() / 2, "0.00") : field.text();
 }
 
+/// Sets cells of what is open for writing, each as a statement of its own.
+auto setter(DataLink& row, const Trap& trap) {
+  return [&](std::string_view column, const Cell& value) { trap.step([&] { row.set(column, value); }); };
+}
+
 }  // namespace
 
 RunRow::RunRow(ScenarioState& state, const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
@@ -75,12 +80,11 @@ void RunRow::useRunQuery() {
 
 void RunRow::create(const Trap& skipping) {
   DataLink& row = links_.dt2a;
-  const auto set = [&](std::string_view column, const Cell& value) { skipping.step([&] { row.set(column, value); }); };
+  const auto set = setter(row, skipping);
   skipping.step([&] {
     if (fields_.refnolbl.caption().empty() || state_.scnrText.empty())
       throw StoreFailure(FailureNumber::noCurrentRow, "The study has no active project with a working scenario");
-    if (const std::string fault = faultOfName(queries_.runKey()); !fault.empty())
-      throw StoreFailure(FailureNumber::querySyntax, "The name \"" + queries_.runKey() + "\" " + fault);
+    requirePlain(queries_.runKey());
     row.addNew();
   });
   if (!skipping.holds([&] { return row.recordset().isAdding(); })) return;
@@ -118,7 +122,7 @@ void RunRow::settleFocus() {
 
 void RunRow::bringUpToDate(const Trap& skipping) {
   DataLink& row = links_.dt2a;
-  const auto set = [&](std::string_view column, const Cell& value) { skipping.step([&] { row.set(column, value); }); };
+  const auto set = setter(row, skipping);
   if (state_.scnrKeyByText != 0) skipping.step([&] { in_.stblclscbo.setText(textIn(row, "StblClas")); });
   skipping.step([&] { row.edit(); });
   set("scnrotype", in_.scnrotypetxt.text());
@@ -183,7 +187,7 @@ void RunRow::storeRun() {
   if (!row.database()) return status_.say("No study is open: the results are not stored.");
   std::string fault;
   const Trap keeping{[&](const RuntimeFailure& failure) { fault = failure.what(); }};
-  const auto set = [&](std::string_view column, const Cell& value) { keeping.step([&] { row.set(column, value); }); };
+  const auto set = setter(row, keeping);
   if (!row.hasRow()) silently([&] { row.refresh(); });  // it was out of reach when it was looked up last
   keeping.step([&] { row.edit(); });
   set("FtlyYcord", storedHalf(level_.isopwdth[2]));

@@ -48,8 +48,13 @@ std::optional<std::string> ScriptedDesktop::nextReply() {
   return reply;
 }
 
+Reply ScriptedDesktop::unqueuedReply(const MessageBox& box) const {
+  return box.buttons == Buttons::yesNo && answerQuestion_ ? answerQuestion_(box) : box.defaultReply;
+}
+
 Reply ScriptedDesktop::messageBox(const MessageBox& box) {
-  const std::string text = nextReply().value_or(std::string{replyName(box.defaultReply)});
+  const auto queued = nextReply();
+  const std::string text = queued ? *queued : std::string{replyName(unqueuedReply(box))};
   record_({{"box",
             {{"title", box.title},
              {"text", box.text},

@@ -27,6 +27,9 @@ class ScriptedDesktop : public Desktop {
   /// Queues the reply to the next box ("yes", "no", "ok") or dialog ("ok", "cancel", a path).
   void queueReply(std::string reply) { replies_.push_back(std::move(reply)); }
 
+  /// What answers a question, a box of Yes and No, for which no reply is queued.
+  void answerQuestions(std::function<Reply(const MessageBox&)> answer) { answerQuestion_ = std::move(answer); }
+
   /// A box with no queued reply takes its default. Throws ScriptError for a reply that the box doesn't offer.
   Reply messageBox(const MessageBox& box) override;
   /// A dialog with no queued reply is cancelled.
@@ -61,9 +64,11 @@ class ScriptedDesktop : public Desktop {
 
  private:
   std::optional<std::string> nextReply();
+  Reply unqueuedReply(const MessageBox& box) const;
 
   Record record_;
   std::deque<std::string> replies_;
+  std::function<Reply(const MessageBox&)> answerQuestion_;
   Pointer pointer_ = Pointer::standard;
   Field* focused_ = nullptr;
   double now_ = 0;                 // ms

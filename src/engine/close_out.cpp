@@ -31,10 +31,9 @@ void CloseOut::closeRun(const Trap& press) {
   }
   regime.steps([&] { takeFlammableMass(regime); },
                [&] { judgeLastLevel(); },
+               [&] { effects_.toxic.prepareSearch(regime); },
                [&] { reportNegativeLength(); },
-               [&] {
-                 if (effects_.toxic) effects_.toxic->searchLimits();
-               });
+               [&] { effects_.toxic.searchLimits(regime); });
   if (regime.holds([&] { return level_.isoplngt[2].number() > 0; })) storeResults(regime);
   desktop_.setPointer(Pointer::standard);
   mainView_.show();
@@ -61,7 +60,7 @@ void CloseOut::takeFlammableMass(const Trap& regime) {
   const ParsedNumber mass = parseNumber(result_.expmass.text());
   const bool positive = mass.outcome == ParsedNumber::Outcome::number && mass.value > 0;
   if (!positive) result_.expmass.setText("Mass = 0");
-  if (effects_.rows) regime.step([&] { effects_.rows->storeFlammableMass(positive ? mass.value : 0); });
+  regime.step([&] { effects_.rows.storeFlammableMass(positive ? mass.value : 0); });
 }
 
 void CloseOut::judgeLastLevel() {
@@ -86,18 +85,15 @@ void CloseOut::reportNegativeLength() {
 }
 
 void CloseOut::storeResults(const Trap& regime) {
-  regime.steps(
-      [&] {
-        if (effects_.rows) effects_.rows->storeRun();
-      },
-      [&] { command_.comput.setCaption("Results at given concentration"); },
-      [&] {
-        double total = 0;
-        for (int i = 0; i < in_.Givnwnd.size(); ++i) total += in_.Givnwnd[i].number();
-        wind_.windTotal = checked(total);
-      },
-      [&] { wind_.calmPct = 100 - wind_.windTotal; },
-      [&] { result_.calmlbl[0].setCaption(Format(wind_.calmPct, "0.00")); });
+  regime.steps([&] { effects_.rows.storeRun(); },
+               [&] { command_.comput.setCaption("Results at given concentration"); },
+               [&] {
+                 double total = 0;
+                 for (int i = 0; i < in_.Givnwnd.size(); ++i) total += in_.Givnwnd[i].number();
+                 wind_.windTotal = checked(total);
+               },
+               [&] { wind_.calmPct = 100 - wind_.windTotal; },
+               [&] { result_.calmlbl[0].setCaption(Format(wind_.calmPct, "0.00")); });
 }
 
 void CloseOut::openOutputs(const Trap& regime) {

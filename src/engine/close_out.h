@@ -24,7 +24,6 @@ ScaledTime scaledTime(double seconds);
 
 class CloseOut {
  public:
-  /// Without a part of the effects its steps are left out.
   CloseOut(View& mainView, const ModelState& model, const SweepState& sweep, const LevelState& passes,
            WindShareState& wind, const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
            const CommandFields& command, Isopleth& isopleth, Progress& progress, Desktop& desktop, Effects effects);

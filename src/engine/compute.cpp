@@ -47,9 +47,7 @@ void Compute::comput_Click() {
               [&] { model_.htSimul = in_.htsmul.number(); });
   passes_.sweepLevel = 0;
   passes_.widthLevel = 0;
-  press.step([&] {
-    if (effects_.toxic) effects_.toxic->takeProbitConstants();
-  });
+  press.step([&] { effects_.toxic.takeProbitConstants(press); });
   progress_.show();
   if (sweep_.mgcDone == 0 && sweep_.maxConcDone == 0) {
     firstPress(press);

@@ -16,7 +16,6 @@ namespace noldarz {
 
 class Compute {
  public:
-  /// Without toxic effects a press takes no probit constants.
   Compute(View& mainView, ModelState& model, SweepState& sweep, LevelState& passes, LimitState& limits,
           const ScenarioInputs& in, const ResultFields& result, const CommandFields& command, Sweep& search,
           LevelPasses& levelPasses, CloseOut& closeOut, Progress& progress, Desktop& desktop, Effects effects);

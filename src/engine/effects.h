@@ -1,6 +1,7 @@
-// What a press of Compute asks of the rooms above the engine. They implement it, system/ wires it. Where a part is missing
-// a press leaves its steps out.
+// What a press of Compute asks of the rooms above the engine. They implement it, system/ wires it.
 #pragma once
+
+#include "platform/failure.h"
 
 namespace noldarz {
 
@@ -13,9 +14,11 @@ class ToxicEffects {
   virtual ~ToxicEffects() = default;
 
   /// At the start of a press: the constants of the software when `prbtoptn` is 1 (its click), else those of the row.
-  virtual void takeProbitConstants() = 0;
-  /// Finds and shows the fatality and injury limits of the run; clears the report table first.
-  virtual void searchLimits() = 0;
+  virtual void takeProbitConstants(const Trap& press) = 0;
+  /// Clears the report table, and takes the end of the outermost level as the end of the limit search.
+  virtual void prepareSearch(const Trap& regime) = 0;
+  /// Finds and shows the fatality and injury limits of the run.
+  virtual void searchLimits(const Trap& regime) = 0;
 };
 
 /// The rows of the study that a run writes.
@@ -32,10 +35,9 @@ class RunStore {
   virtual void storeRun() = 0;
 };
 
-/// Both; either may be null.
 struct Effects {
-  ToxicEffects* toxic = nullptr;
-  RunStore* rows = nullptr;
+  ToxicEffects& toxic;
+  RunStore& rows;
 };
 
 }  // namespace noldarz

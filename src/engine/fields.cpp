@@ -31,8 +31,9 @@ Field& check(View& view, std::string name, std::string caption, int value) {
 }
 
 /// One of the four probit constants: closed to the user while the software's own are in force.
-Field& constant(View& view, std::string name) {
+Field& constant(View& view, std::string name, std::string_view toolTip) {
   Field& field = view.text(std::move(name));
+  field.setToolTip(toolTip);
   field.disable();
   return field;
 }
@@ -62,14 +63,16 @@ ScenarioInputs::ScenarioInputs(View& view)
       stblclscbo(chosen(view, "stblclscbo", "D", stabilityClassEntries)),
       wndveltxt(view.text("wndveltxt")),
       prbtoptn(check(view, "prbtoptn", "Use software default", 1)),
-      avalftl(constant(view, "avalftl")),
-      nvalftl(constant(view, "nvalftl")),
-      avalinj(constant(view, "avalinj")),
-      nvalinj(constant(view, "nvalinj")),
+      avalftl(constant(view, "avalftl", "PROBIT constant for Fatality(A)")),
+      nvalftl(constant(view, "nvalftl", "PROBIT constant for Fatality(B)")),
+      avalinj(constant(view, "avalinj", "PROBIT constant for Injury(A)")),
+      nvalinj(constant(view, "nvalinj", "PROBIT constant for Injury(B)")),
       hudityTxt(view.text("hudityTxt", "10")),
       MaxFtlyDstOptn(
           check(view, "MaxFtlyDstOptn", "Computes Fatality and Injury dist. limit using Probit Equation.", 1)),
-      Givnwnd(view.array<8>(FieldKind::text, "Givnwnd", "0")) {}
+      Givnwnd(view.array<8>(FieldKind::text, "Givnwnd", "0")) {
+  hudityTxt.setToolTip("Enter only if humidity will affect toxicity");
+}
 
 LevelFields::LevelFields(View& view)
     : constn(view.array<levelCount>(FieldKind::text, "constn", "5")),
@@ -81,8 +84,10 @@ LevelFields::LevelFields(View& view)
       isopang(view.array<levelCount>(FieldKind::text, "isopang", "0")),
       distmaxisop(view.array<levelCount>(FieldKind::text, "distmaxisop", "0")),
       isoparea(view.array<levelCount>(FieldKind::text, "isoparea", "0")) {
-  for (int i = 0; i < levelCount; ++i) conclbl[i].setCaption(levelCaptions.at(static_cast<std::size_t>(i)));
+  for (int i = 0; i < levelCount; ++i) conclbl[i].setCaption(initialLevelCaption(i));
 }
+
+std::string_view initialLevelCaption(int level) { return levelCaptions.at(static_cast<std::size_t>(level)); }
 
 void LevelFields::setResults(int level, std::string_view text) const {
   for (const auto* results : {&bgnpt, &endpt, &isoplngt, &isopwdth, &isopang, &distmaxisop, &isoparea})
@@ -107,11 +112,18 @@ CommandFields::CommandFields(View& view)
     : comput(view.add(FieldKind::button, "comput", "&Compute maximum concentration")),
       getconclvl(view.add(FieldKind::button, "getconclvl", "Get Concentration (ppm):")),
       prntprv(view.add(FieldKind::combo, "prntprv")) {
+  getconclvl.setToolTip("Click to get concentration from database for the chemical selected");
   prntprv.disable();
 }
 
 WaitFields::WaitFields(View& view)
-    : plumepic1(view.add(FieldKind::shape, "plumepic1")), waitlbl1(view.label("waitlbl1")) {}
+    : plumepic1(view.add(FieldKind::shape, "plumepic1")),
+      waitlbl1(view.label("waitlbl1")),
+      progPic1(view.add(FieldKind::picture, "progPic1")),
+      progPic2(view.add(FieldKind::picture, "progPic2")),
+      pctdsp(view.label("pctdsp")) {
+  progPic1.setWidth(progressWidth);
+}
 
 double reachOf(const Field& field) { return std::min(field.number(), farthestDistance); }
 

@@ -70,6 +70,9 @@ struct LevelFields {
   void setResults(int level, std::string_view text) const;
 };
 
+/// The caption that a level has at first, such as "UEL:".
+std::string_view initialLevelCaption(int level);
+
 struct ResultFields {
   explicit ResultFields(View& view);
 
@@ -98,7 +101,13 @@ struct WaitFields {
 
   Field& plumepic1;  // shape that grows while a press runs
   Field& waitlbl1;   // text line
+  Field& progPic1;   // trough of the limit search
+  Field& progPic2;   // its bar
+  Field& pctdsp;     // its percent
 };
+
+/// Full width of a progress bar, in units of its view.
+inline constexpr double progressWidth = 5050;
 
 /// Where a search from the source begins (m).
 inline constexpr double firstDistance = 2;

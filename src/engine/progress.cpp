@@ -7,9 +7,8 @@
 namespace noldarz {
 
 namespace {
-constexpr double fullWidth = 5050;  // units of the shape
-constexpr double startWidth = 210;
-constexpr int colourCount = 15;  // the first entries of the basic palette
+constexpr double startWidth = 210;  // units of the shape
+constexpr int colourCount = 15;     // the first entries of the basic palette
 constexpr std::string_view firstLine = "Computing Maximum Ground Concentration (MGC)";
 }  // namespace
 
@@ -27,6 +26,8 @@ Progress::Progress(Views& views, const ModelState& model, SweepState& sweep, Lev
     wait_.plumepic1.setFillColour({});
     wait_.plumepic1.setVisible(true);
     wait_.waitlbl1.setCaption(firstLine);
+    wait_.progPic2.setWidth(0);
+    wait_.pctdsp.setCaption("");
     desktop_.setPointer(Pointer::hourglass);
     passes.waitShown = 1;
   });
@@ -35,7 +36,7 @@ Progress::Progress(Views& views, const ModelState& model, SweepState& sweep, Lev
 
 void Progress::showProgress() {
   ++stepCount_;
-  if (wait_.plumepic1.width() <= fullWidth) {
+  if (wait_.plumepic1.width() <= progressWidth) {
     wait_.plumepic1.setWidth(wait_.plumepic1.width() + 1);
     return;
   }
@@ -43,6 +44,20 @@ void Progress::showProgress() {
   desktop_.refresh(wait_.waitlbl1);
   wait_.plumepic1.setWidth(startWidth);
   wait_.plumepic1.setFillColour(basicPalette.at(random_() % colourCount));
+}
+
+void Progress::showSearch(std::string_view line) {
+  wait_.plumepic1.setVisible(false);
+  wait_.waitlbl1.setCaption(line);
+  desktop_.refresh(wait_.waitlbl1);
+}
+
+void Progress::showShare(double percent) {
+  wait_.progPic2.setWidth(wait_.progPic1.width() * percent / 100);
+  const std::string text = Format(percent, "0") + " %";
+  if (wait_.pctdsp.caption() == text) return;
+  wait_.pctdsp.setCaption(text);
+  desktop_.refresh(wait_.pctdsp);
 }
 
 std::string Progress::textLine() {

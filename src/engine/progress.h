@@ -1,9 +1,10 @@
-// The wait view `aniwait1` while a press runs: its life, its growing shape and its text line. Nothing of it takes
-// part in the computation. Called by the sweeps and the width pass.
+// The wait view `aniwait1` while a press runs: its life, its growing shape, its text line and the bar of the limit
+// search. Nothing of it takes part in the computation. Called by the sweeps, the width pass and the limit search.
 #pragma once
 
 #include <cstdint>
 #include <random>
+#include <string_view>
 
 #include "engine/fields.h"
 #include "engine/state.h"
@@ -23,6 +24,11 @@ class Progress {
   /// One step of the animation: the shape grows by one unit; past its full width the text line is renewed and the
   /// shape starts again in another colour. Fails with divisionByZero for a sweep that ends at 0.
   void showProgress();
+
+  /// The limit search begins: its line takes the place of the growing shape.
+  void showSearch(std::string_view line);
+  /// The limit search has come so far (%).
+  void showShare(double percent);
 
   /// Steps of all searches since the program began: each calls showProgress() once. For benchmarks.
   std::uint64_t stepCount() const { return stepCount_; }

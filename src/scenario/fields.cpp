@@ -59,7 +59,6 @@ ScenarioFields::ScenarioFields(View& view)
       naturchem(hidden(view, "naturchem")),
       reftmptxt(hidden(view, "reftmptxt")),
       conctemp(hidden(view, "conctemp")),
-      maxdstprtxt(hidden(view, "maxdstprtxt")),
       scnrotxtlbl(withToolTip(view.text("scnrotxtlbl"),
                               "You must always edit scenario text as appropriate first before proceeding further")),
       dspScnorlst_1(withToolTip(view.add(FieldKind::list, "dspScnorlst_1"), "Double click to select scenario ")),
@@ -74,8 +73,6 @@ ScenarioFields::ScenarioFields(View& view)
       wndlbl1(orientationLabels(view)),
       headings(tableHeads(view)),
       conctxt1(withToolTip(hidden(view, "conctxt1"), "Edit Concentration Text")),
-      FatatyDistDsplyLbl(view.label("FatatyDistDsplyLbl")),
-      InjuryDistDsplyLbl(view.label("InjuryDistDsplyLbl")),
       tmr_1(timer(view, "tmr_1", runRowDelay)),
       Tmr_2(timer(view, "Tmr_2", focusDelay)),
       statuslbl(view.label("statuslbl")) {}

@@ -10,32 +10,29 @@ namespace noldarz {
 struct ScenarioFields {
   explicit ScenarioFields(View& view);
 
-  Field& Orglbltxt;           // organisation
-  Field& refnolbl;            // reference number of the project
-  Field& chmnmelbl;           // chemical, with ": " in front once the study is open
-  Field& scnrotxt;            // text of the working scenario; not shown
-  Field& naturchem;           // nature of the chemical; not shown
-  Field& reftmptxt;           // reference number of the row of heights and terrain; not shown
-  Field& conctemp;            // a column of the chemical's data, chosen when it is read; not shown
-  Field& maxdstprtxt;         // end of the last level for the profile (m); not shown
-  Field& scnrotxtlbl;         // name of the run
-  Field& dspScnorlst_1;       // stored runs, the last one on top
-  Field& redosimul;           // clears the results for a new Compute
-  Field& clsfrm1;             // closes the view
-  Field& file;                // menu
-  Field& lnwdth;              // menu: width of the contours
-  Field& no2;                 // 2 pixels
-  Field& no4;                 // 4 pixels
-  Field& exit;                // the same from the menu
-  Field& helpVinf;            // explanation of the isopleth columns
-  FieldArray<8> wndlbl1;      // captions of the eight orientations
-  FieldArray<8> headings;     // heads of the isopleth table; a double click explains them
-  Field& conctxt1;            // editor of a level's caption, hidden until used
-  Field& FatatyDistDsplyLbl;  // fatality distance limit
-  Field& InjuryDistDsplyLbl;  // injury distance limit
-  Field& tmr_1;               // asks for the run row step after the event has ended
-  Field& Tmr_2;               // settles the first focus
-  Field& statuslbl;           // what happened last, and what the study could not take
+  Field& Orglbltxt;        // organisation
+  Field& refnolbl;         // reference number of the project
+  Field& chmnmelbl;        // chemical, with ": " in front once the study is open
+  Field& scnrotxt;         // text of the working scenario; not shown
+  Field& naturchem;        // nature of the chemical; not shown
+  Field& reftmptxt;        // reference number of the row of heights and terrain; not shown
+  Field& conctemp;         // a column of the chemical's data, chosen when it is read; not shown
+  Field& scnrotxtlbl;      // name of the run
+  Field& dspScnorlst_1;    // stored runs, the last one on top
+  Field& redosimul;        // clears the results for a new Compute
+  Field& clsfrm1;          // closes the view
+  Field& file;             // menu
+  Field& lnwdth;           // menu: width of the contours
+  Field& no2;              // 2 pixels
+  Field& no4;              // 4 pixels
+  Field& exit;             // the same from the menu
+  Field& helpVinf;         // explanation of the isopleth columns
+  FieldArray<8> wndlbl1;   // captions of the eight orientations
+  FieldArray<8> headings;  // heads of the isopleth table; a double click explains them
+  Field& conctxt1;         // editor of a level's caption, hidden until used
+  Field& tmr_1;            // asks for the run row step after the event has ended
+  Field& Tmr_2;            // settles the first focus
+  Field& statuslbl;        // what happened last, and what the study could not take
 };
 
 }  // namespace noldarz

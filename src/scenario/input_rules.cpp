@@ -1,7 +1,5 @@
 #include "scenario/input_rules.h"
 
-#include <stdexcept>
-
 #include "engine/air.h"
 #include "platform/text.h"
 #include "scenario/queries.h"
@@ -14,14 +12,9 @@ constexpr std::string_view usersClass{"Custom"};
 
 }  // namespace
 
-std::string_view limitChoiceCaption(int value) {
-  return value == 1 ? "Computes Fatality and Injury dist. limit using Probit Equation."
-                    : "Computes Fatality and Injury dist. limit using using lethal concentration.";
-}
-
 InputRules::InputRules(View& view, ModelState& model, ScenarioState& state, const ScenarioInputs& in,
                        const ResultFields& result, const ScenarioFields& fields, MainLinks& links, PlumeModel& plume,
-                       const Settings& settings, Desktop& desktop, StatusLine& status)
+                       Desktop& desktop, StatusLine& status)
     : model_(model),
       state_(state),
       in_(in),
@@ -29,7 +22,6 @@ InputRules::InputRules(View& view, ModelState& model, ScenarioState& state, cons
       fields_(fields),
       links_(links),
       plume_(plume),
-      settings_(settings),
       desktop_(desktop),
       status_(status) {
   view.on(in_.htreltxt, Event::lostFocus, [this] { htreltxt_LostFocus(); });
@@ -40,7 +32,6 @@ InputRules::InputRules(View& view, ModelState& model, ScenarioState& state, cons
   view.on(in_.wndveltxt, Event::lostFocus, [this] { wndveltxt_LostFocus(); });
   view.on(fields_.scnrotxtlbl, Event::gotFocus, [this] { scnrTextBefore_ = fields_.scnrotxtlbl.text(); });
   view.on(fields_.scnrotxtlbl, Event::lostFocus, [this] { scnrotxtlbl_LostFocus(); });
-  view.on(in_.MaxFtlyDstOptn, Event::click, [this] { MaxFtlyDstOptn_Click(); });
   view.on(fields_.no2, Event::click, [this] { chooseLineWidth(true); });
   view.on(fields_.no4, Event::click, [this] { chooseLineWidth(false); });
 }
@@ -132,16 +123,6 @@ void InputRules::chooseLineWidth(bool thin) {
   fields_.no4.setValue(thin ? 0 : 1);
   state_.lineWidthFlag = thin;
   state_.lineWidth = thin ? 2 : 4;
-}
-
-void InputRules::MaxFtlyDstOptn_Click() {
-  in_.MaxFtlyDstOptn.setCaption(limitChoiceCaption(in_.MaxFtlyDstOptn.value()));
-  try {
-    settings_.set(
-        limitChoice::application, limitChoice::section, limitChoice::key, std::to_string(in_.MaxFtlyDstOptn.value()));
-  } catch (const std::runtime_error& failure) {
-    status_.tellFault(std::string{"The setting is not kept: "} + failure.what());
-  }
 }
 
 }  // namespace noldarz

@@ -8,11 +8,10 @@
 #include "engine/plume_model.h"
 #include "engine/state.h"
 #include "platform/desktop.h"
-#include "platform/settings.h"
+#include "platform/status_line.h"
 #include "scenario/fields.h"
 #include "scenario/links.h"
 #include "scenario/state.h"
-#include "scenario/status_line.h"
 
 namespace noldarz {
 
@@ -20,8 +19,7 @@ class InputRules {
  public:
   /// Subscribes the rules to the events of the view.
   InputRules(View& view, ModelState& model, ScenarioState& state, const ScenarioInputs& in, const ResultFields& result,
-             const ScenarioFields& fields, MainLinks& links, PlumeModel& plume, const Settings& settings,
-             Desktop& desktop, StatusLine& status);
+             const ScenarioFields& fields, MainLinks& links, PlumeModel& plume, Desktop& desktop, StatusLine& status);
 
   /// Asks for the run row step: it runs once this event has ended.
   void askForRunRow() { fields_.tmr_1.enable(); }
@@ -33,7 +31,6 @@ class InputRules {
   void stblclscbo_Click();
   void wndveltxt_LostFocus();
   void scnrotxtlbl_LostFocus();
-  void MaxFtlyDstOptn_Click();
   /// The entry checks itself and unchecks the other.
   void chooseLineWidth(bool thin);
 
@@ -49,20 +46,9 @@ class InputRules {
   const ScenarioFields& fields_;
   MainLinks& links_;
   PlumeModel& plume_;
-  const Settings& settings_;
   Desktop& desktop_;
   StatusLine& status_;
   std::string scnrTextBefore_;  // name of the run when its field took the focus
 };
-
-/// The caption of the choice between the probit equation (1) and lethal concentration.
-std::string_view limitChoiceCaption(int value);
-
-/// The setting that keeps that choice.
-namespace limitChoice {
-inline constexpr const char* application = "noldarz";
-inline constexpr const char* section = "FatltyInjryDistOptnStr";
-inline constexpr const char* key = "FatltyInjryDistOptnStr1";
-}  // namespace limitChoice
 
 }  // namespace noldarz

@@ -2,6 +2,7 @@
 
 #include "engine/air.h"
 #include "scenario/queries.h"
+#include "toxic/probit_constants.h"
 
 namespace noldarz {
 
@@ -11,6 +12,13 @@ std::string faultOfRunName(const std::string& name) { return name.empty() ? "is 
 
 std::string faultOfTerrain(const std::string& terrain) {
   return isOneOf(terrainEntries, terrain) ? "" : "is no terrain";
+}
+
+std::string faultOfHumidity(const std::string& humidity) {
+  const ParsedNumber parsed = parseNumber(humidity);
+  const bool outside =
+      parsed.outcome == ParsedNumber::Outcome::number && (parsed.value < leastHumidity || parsed.value > mostHumidity);
+  return outside ? "% is no relative humidity" : "";
 }
 
 std::string faultOfReleaseHeight(const std::string& height) {
@@ -41,7 +49,7 @@ MainLinks::MainLinks(Databases& databases, const ScenarioInputs& in, const Scena
 
   dt2a.bind(fields.scnrotxtlbl, "scenariotxtUser", faultOfRunName);
   dt2a.bind(in.wndveltxt, "wndvel");
-  dt2a.bind(in.hudityTxt, "Hmudy");
+  dt2a.bind(in.hudityTxt, "Hmudy", faultOfHumidity);
 
   dt3.bind(in.htreltxt, "htrel", faultOfReleaseHeight);
   dt3.bind(in.htsmul, "htsmul");

@@ -4,9 +4,9 @@
 #include <array>
 
 #include "engine/fields.h"
+#include "platform/status_line.h"
 #include "platform/store/data_link.h"
 #include "scenario/fields.h"
-#include "scenario/status_line.h"
 
 namespace noldarz {
 

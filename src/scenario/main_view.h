@@ -1,10 +1,11 @@
-// The main view `dspmnfrm`: the centre of the program. It joins the fields of the engine and of the scenario handling.
-// Built and wired by system/.
+// The main view `dspmnfrm`: the centre of the program. It joins the fields of the engine, of the toxic effects
+// and of the scenario handling. Built and wired by system/.
 #pragma once
 
 #include "engine/fields.h"
 #include "platform/view.h"
 #include "scenario/fields.h"
+#include "toxic/fields.h"
 
 namespace noldarz {
 
@@ -17,6 +18,7 @@ struct MainView {
         level(view),
         result(view),
         command(view),
+        toxic(view),
         scenario(view) {}
 
   View view;
@@ -24,6 +26,7 @@ struct MainView {
   LevelFields level;
   ResultFields result;
   CommandFields command;
+  ToxicFields toxic;
   ScenarioFields scenario;
 };
 

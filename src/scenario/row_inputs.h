@@ -10,14 +10,8 @@
 
 namespace noldarz {
 
-/// The text of a cell. Fails with typeMismatch for a cell without a value.
-std::string textIn(const DataLink& row, std::string_view column);
-
 /// The six levels and their captions.
 void takeLevels(const DataLink& row, const LevelFields& level, const Trap& skipping);
-
-/// The choice of the probit constants, and the four constants.
-void takeProbit(const DataLink& row, const ScenarioInputs& in, const Trap& skipping);
 
 /// "constn" and 3: "constn3".
 std::string levelColumn(std::string_view stem, int number);

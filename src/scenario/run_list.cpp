@@ -94,8 +94,7 @@ void RunList::standOnRow(const Run& run, const Trap& skipping) {
 void RunList::takeInputs(const Trap& skipping) {
   const DataLink& row = links_.dt2a;
   skipping.step([&] { in_.stblclscbo.setText(textIn(row, "StblClas")); });
-  takeProbit(row, in_, skipping);
-  probit_.showChoice();
+  probit_.takeChoiceFromRow(skipping);
   takeLevels(row, level_, skipping);
   skipping.steps([&] { in_.tempStore.setText(textIn(row, "TemptureTmp")); },
                  [&] { in_.hudityTxt.setText(textIn(row, "Hmudy")); });

@@ -5,11 +5,11 @@
 #include <vector>
 
 #include "engine/fields.h"
+#include "platform/status_line.h"
 #include "scenario/fields.h"
 #include "scenario/links.h"
 #include "scenario/queries.h"
 #include "scenario/state.h"
-#include "scenario/status_line.h"
 #include "toxic/probit_constants.h"
 
 namespace noldarz {

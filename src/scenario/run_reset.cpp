@@ -12,17 +12,18 @@ constexpr Colour grey = Colour::fromScreen(0xC0C0C0);
 
 }  // namespace
 
-RunReset::RunReset(SweepState& sweep, LevelState& passes, RawLimitState& limits, const ScenarioInputs& in,
-                   const LevelFields& level, const ResultFields& result, const CommandFields& command,
-                   const ScenarioFields& fields, Desktop& desktop)
+RunReset::RunReset(SweepState& sweep, LevelState& passes, LimitState& limits, RawLimitState& rawLimits,
+                   const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
+                   const CommandFields& command, const ToxicFields& toxic, Desktop& desktop)
     : sweep_(sweep),
       passes_(passes),
       limits_(limits),
+      rawLimits_(rawLimits),
       in_(in),
       level_(level),
       result_(result),
       command_(command),
-      fields_(fields),
+      toxic_(toxic),
       desktop_(desktop) {}
 
 void RunReset::resetRunView() {
@@ -32,7 +33,7 @@ void RunReset::resetRunView() {
   }};
   trap.steps([&] { command_.comput.setCaption("&Compute maximum concentration"); },
              [&] { command_.comput.setBackColour(grey); },
-             [&] { fields_.FatatyDistDsplyLbl.setBackColour(SystemColour::buttonFace); });
+             [&] { toxic_.FatatyDistDsplyLbl.setBackColour(SystemColour::buttonFace); });
   clearState();
   clearResults(trap);
   openInputs(trap);
@@ -42,7 +43,8 @@ void RunReset::clearState() {
   sweep_.concPeak = 0;
   sweep_.mgcDone = 0;
   sweep_.maxConcDone = 0;
-  limits_ = {};
+  rawLimits_ = {};
+  limits_ = {};  // or a click of MaxFtlyDstOptn would give those of one run to another
   passes_.waitShown = 0;
 }
 
@@ -52,8 +54,8 @@ void RunReset::clearResults(const Trap& trap) {
     trap.step([&] { field->setText("0"); });
   trap.steps([&] { result_.tmestbltxt.setCaption("0"); },
              [&] { command_.prntprv.disable(); },
-             [&] { fields_.FatatyDistDsplyLbl.setCaption(""); },
-             [&] { fields_.InjuryDistDsplyLbl.setCaption(""); });
+             [&] { toxic_.FatatyDistDsplyLbl.setCaption(""); },
+             [&] { toxic_.InjuryDistDsplyLbl.setCaption(""); });
   for (int i = 0; i < levelCount; ++i) trap.step([&] { level_.setResults(i, mark::nothing); });
 }
 

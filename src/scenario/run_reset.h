@@ -5,16 +5,16 @@
 #include "engine/fields.h"
 #include "engine/state.h"
 #include "platform/desktop.h"
-#include "scenario/fields.h"
+#include "toxic/fields.h"
 #include "toxic/state.h"
 
 namespace noldarz {
 
 class RunReset {
  public:
-  RunReset(SweepState& sweep, LevelState& passes, RawLimitState& limits, const ScenarioInputs& in,
-           const LevelFields& level, const ResultFields& result, const CommandFields& command,
-           const ScenarioFields& fields, Desktop& desktop);
+  RunReset(SweepState& sweep, LevelState& passes, LimitState& limits, RawLimitState& rawLimits,
+           const ScenarioInputs& in, const LevelFields& level, const ResultFields& result, const CommandFields& command,
+           const ToxicFields& toxic, Desktop& desktop);
 
   /// A failing step shows a box with its number, and the next one runs.
   void resetRunView();
@@ -26,12 +26,13 @@ class RunReset {
 
   SweepState& sweep_;
   LevelState& passes_;
-  RawLimitState& limits_;
+  LimitState& limits_;
+  RawLimitState& rawLimits_;
   const ScenarioInputs& in_;
   const LevelFields& level_;
   const ResultFields& result_;
   const CommandFields& command_;
-  const ScenarioFields& fields_;
+  const ToxicFields& toxic_;
   Desktop& desktop_;
 };
 

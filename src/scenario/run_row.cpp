@@ -30,7 +30,7 @@ auto setter(DataLink& row, const Trap& trap) {
 
 RunRow::RunRow(ScenarioState& state, const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
                const ScenarioFields& fields, MainLinks& links, Queries& queries, RunList& list, ProbitConstants& probit,
-               Desktop& desktop, StatusLine& status)
+               DistanceLimits& limits, Desktop& desktop, StatusLine& status)
     : state_(state),
       in_(in),
       level_(level),
@@ -40,6 +40,7 @@ RunRow::RunRow(ScenarioState& state, const ScenarioInputs& in, const LevelFields
       queries_(queries),
       list_(list),
       probit_(probit),
+      limits_(limits),
       desktop_(desktop),
       status_(status) {}
 
@@ -132,8 +133,7 @@ void RunRow::bringUpToDate(const Trap& skipping) {
     set("PoolRadiusRrsls", in_.PoolRadiusRrslstxt.text());
     set("expmass", result_.expmass.isNumeric() ? result_.expmass.text() : "0");
   }
-  takeProbit(row, in_, skipping);
-  probit_.showChoice();
+  probit_.takeChoiceFromRow(skipping);
 }
 
 void RunRow::update() try { links_.dt2a.update(); } catch (const StoreFailure& failure) {
@@ -163,6 +163,15 @@ void RunRow::restoreLevels() {
   takeLevels(row, level_, status_.skipping());
 }
 
+bool RunRow::takeStoredLevels() {
+  const DataLink& row = links_.dt2a;
+  if (!row.hasRow()) return false;
+  for (int i = 0; i < levelCount; ++i)
+    if (holdsNothing(row.value(levelColumn("constn", i + 1)))) return false;
+  takeLevels(row, level_, status_.skipping());
+  return true;
+}
+
 void RunRow::tellOutcome(int found) {
   if (status_.hasFault()) return;
   const std::string& name = fields_.scnrotxtlbl.text();
@@ -184,12 +193,15 @@ void RunRow::storeFlammableMass(double mass) try {
 
 void RunRow::storeRun() {
   DataLink& row = links_.dt2a;
+  const DistanceLimits::RowLimits limits = limits_.takeRowLimits();
   if (!row.database()) return status_.say("No study is open: the results are not stored.");
   std::string fault;
   const Trap keeping{[&](const RuntimeFailure& failure) { fault = failure.what(); }};
   const auto set = setter(row, keeping);
   if (!row.hasRow()) silently([&] { row.refresh(); });  // it was out of reach when it was looked up last
   keeping.step([&] { row.edit(); });
+  set("FtlyXcord", limits.fatality);
+  set("InjXcord", limits.injury);
   set("FtlyYcord", storedHalf(level_.isopwdth[2]));
   set("InjYcord", storedHalf(level_.isopwdth[5]));
   set("isopAngle", stored(level_.isopang[2]));

@@ -5,12 +5,13 @@
 #include "engine/effects.h"
 #include "engine/fields.h"
 #include "platform/desktop.h"
+#include "platform/status_line.h"
 #include "scenario/fields.h"
 #include "scenario/links.h"
 #include "scenario/queries.h"
 #include "scenario/run_list.h"
 #include "scenario/state.h"
-#include "scenario/status_line.h"
+#include "toxic/distance_limits.h"
 #include "toxic/probit_constants.h"
 
 namespace noldarz {
@@ -19,7 +20,7 @@ class RunRow : public RunStore {
  public:
   RunRow(ScenarioState& state, const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
          const ScenarioFields& fields, MainLinks& links, Queries& queries, RunList& list, ProbitConstants& probit,
-         Desktop& desktop, StatusLine& status);
+         DistanceLimits& limits, Desktop& desktop, StatusLine& status);
 
   /// The run row step: finds the row by the name of the run (`scnrKeyByText` 1) or by scenario and class (0), creates it
   /// when there is none, brings it up to date when there is one, fills the list of stored runs, and brings the levels of a
@@ -28,6 +29,10 @@ class RunRow : public RunStore {
 
   /// Before a press: a step that is still asked for runs now, so that the results go into the row of their run.
   void settleRequest();
+
+  /// The levels that the row holds, with their captions, come into the view. False, with nothing changed, for a row without
+  /// levels.
+  bool takeStoredLevels();
 
   /// Stores the flammable mass (lbm) in the working scenario.
   void storeFlammableMass(double mass) override;
@@ -53,6 +58,7 @@ class RunRow : public RunStore {
   Queries& queries_;
   RunList& list_;
   ProbitConstants& probit_;
+  DistanceLimits& limits_;
   Desktop& desktop_;
   StatusLine& status_;
   bool focusDone_ = false;

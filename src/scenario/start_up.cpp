@@ -4,8 +4,9 @@
 
 #include "engine/air.h"
 #include "platform/text.h"
-#include "scenario/input_rules.h"
+#include "scenario/level_choice.h"
 #include "scenario/study_layout.h"
+#include "toxic/distance_limits.h"
 
 namespace noldarz {
 
@@ -76,6 +77,7 @@ void StartUp::start() {
 
 bool StartUp::openStudy() {
   const ScenarioFields& fields = main_.scenario;
+  const ToxicFields& toxic = main_.toxic;
   std::string fault;
   const auto step = [&](auto&& statement) {
     if (!fault.empty()) return;
@@ -86,8 +88,8 @@ bool StartUp::openStudy() {
     }
   };
   step([&] { state_.lineWidthFlag = true; });
-  step([&] { fields.FatatyDistDsplyLbl.setCaption(""); });
-  step([&] { fields.InjuryDistDsplyLbl.setCaption(""); });
+  step([&] { toxic.FatatyDistDsplyLbl.setCaption(""); });
+  step([&] { toxic.InjuryDistDsplyLbl.setCaption(""); });
   step([&] { main_.view.setTitle(mainViewTitle); });
   step([&] { state_.dbPath = studyBeside(); });
   for (DataLink* link : links_.all()) step([&] { link->setDatabaseName(state_.dbPath); });
@@ -136,7 +138,8 @@ void StartUp::takeLimitChoice() {
   const std::string choice =
       settings_.get(limitChoice::application, limitChoice::section, limitChoice::key).value_or("1");
   main_.in.MaxFtlyDstOptn.setValue(toInteger(strictNumber(choice)));
-  main_.in.MaxFtlyDstOptn.setCaption(limitChoiceCaption(main_.in.MaxFtlyDstOptn.value()));
+  main_.in.MaxFtlyDstOptn.setCaption(main_.in.MaxFtlyDstOptn.value() == 1 ? limitChoice::byProbit
+                                                                          : limitChoice::byConcentrationAtStart);
 }
 
 void StartUp::settleFocus() {
@@ -147,10 +150,7 @@ void StartUp::settleFocus() {
 
 void StartUp::comeToFront() {
   main_.scenario.conctxt1.setVisible(false);
-  if (main_.scenario.naturchem.text() != "Non-Flammable") return;
-  main_.level.conclbl[0].setCaption("Conc. 0");
-  main_.level.conclbl[1].setCaption("Conc. 1");
-  main_.result.expmass.setText("N.A.");
+  nameUpperLevels(main_.scenario, main_.level, main_.result);
 }
 
 void StartUp::paint() {

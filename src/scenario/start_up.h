@@ -9,12 +9,12 @@
 #include "platform/desktop.h"
 #include "platform/folders.h"
 #include "platform/settings.h"
+#include "platform/status_line.h"
 #include "scenario/links.h"
 #include "scenario/main_view.h"
 #include "scenario/queries.h"
 #include "scenario/required_files.h"
 #include "scenario/state.h"
-#include "scenario/status_line.h"
 #include "toxic/probit_constants.h"
 
 namespace noldarz {

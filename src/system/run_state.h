@@ -15,6 +15,8 @@ struct RunState : ModelState,
                   WindShareState,
                   ProbitState,
                   RawLimitState,
+                  StoredLimitState,
+                  LimitSearchState,
                   ToxicState,
                   ScenarioState {};
 
@@ -29,6 +31,8 @@ void visitAll(const RunState& s, Each&& each) {
   visit(static_cast<const WindShareState&>(s), each);
   visit(static_cast<const ProbitState&>(s), each);
   visit(static_cast<const RawLimitState&>(s), each);
+  visit(static_cast<const StoredLimitState&>(s), each);
+  visit(static_cast<const LimitSearchState&>(s), each);
   visit(static_cast<const ScenarioState&>(s), each);
 }
 

@@ -4,7 +4,7 @@
 
 namespace noldarz {
 
-System::System(Desktop& desktop, Folders folders, Effects effects)
+System::System(Desktop& desktop, Folders folders, const Effects* effects)
     : folders_(std::move(folders)),
       settings_(folders_.configuration),
       databases_(studyLayout()),
@@ -16,20 +16,27 @@ System::System(Desktop& desktop, Folders folders, Effects effects)
       progress_(views_, state_, state_, state_, main_.level, desktop),
       search_(state_, state_, plume_, main_.level, main_.result, progress_, desktop),
       isopleth_(state_, state_, state_, plume_, main_.in, main_.level, main_.result, progress_),
-      probit_(state_, main_.in, main_.scenario.chmnmelbl),
-      runList_(state_, main_.in, main_.level, main_.scenario, links_, queries_, probit_, status_),
-      runRow_(state_, main_.in, main_.level, main_.result, main_.scenario, links_, queries_, runList_, probit_, desktop,
+      probit_(state_, main_.in, main_.command, main_.scenario.chmnmelbl, main_.scenario.redosimul, links_.dt2a, desktop,
               status_),
-      effects_{effects.toxic, effects.rows ? effects.rows : &runRow_},
-      runReset_(state_, state_, state_, main_.in, main_.level, main_.result, main_.command, main_.scenario, desktop),
+      limitSearch_(views_, state_, state_, state_, state_, state_, plume_, main_.in, main_.level, main_.toxic,
+                   progress_, desktop),
+      limits_(state_, state_, state_, state_, main_.in, main_.level, main_.toxic, limitSearch_, progress_, links_.dt2a,
+              settings_, status_),
+      toxicEffects_(main_.in, probit_, limits_),
+      runList_(state_, main_.in, main_.level, main_.scenario, links_, queries_, probit_, status_),
+      runRow_(state_, main_.in, main_.level, main_.result, main_.scenario, links_, queries_, runList_, probit_, limits_,
+              desktop, status_),
+      effects_(effects ? *effects : Effects{toxicEffects_, runRow_}),
+      runReset_(state_, state_, state_, state_, main_.in, main_.level, main_.result, main_.command, main_.toxic,
+                desktop),
       levelPasses_(state_, state_, state_, plume_, main_.in, main_.level, main_.result, main_.command, search_,
                    isopleth_, progress_, desktop, [this] { compute_.comput_Click(); }),
       closeOut_(main_.view, state_, state_, state_, state_, main_.in, main_.level, main_.result, main_.command,
                 isopleth_, progress_, desktop, effects_),
       compute_(main_.view, state_, state_, state_, state_, main_.in, main_.result, main_.command, search_, levelPasses_,
                closeOut_, progress_, desktop, effects_),
-      inputRules_(main_.view, state_, state_, main_.in, main_.result, main_.scenario, links_, plume_, settings_,
-                  desktop, status_),
+      inputRules_(main_.view, state_, state_, main_.in, main_.result, main_.scenario, links_, plume_, desktop, status_),
+      levelChoice_(main_.level, main_.result, main_.scenario, links_, desktop, status_),
       requiredFiles_(views_, state_, folders_, desktop),
       startUp_(views_, main_, state_, links_, queries_, probit_, requiredFiles_, folders_, settings_, desktop,
                status_) {
@@ -47,6 +54,9 @@ void System::wire() {
   view.on(fields.dspScnorlst_1, Event::click, [this] { runReset_.resetRunView(); });
   view.on(fields.dspScnorlst_1, Event::dblClick, [this] { runList_.dspScnorlst_1_DblClick(); });
   view.on(fields.redosimul, Event::click, [this] { runReset_.resetRunView(); });
+  view.on(main_.command.getconclvl, Event::click, [this] { levelChoice_.getconclvl_Click(); });
+  view.on(main_.in.MaxFtlyDstOptn, Event::click, [this] { limits_.MaxFtlyDstOptn_Click(); });
+  probit_.subscribe(view);
 }
 
 }  // namespace noldarz

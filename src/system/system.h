@@ -14,6 +14,7 @@
 #include "platform/settings.h"
 #include "platform/view.h"
 #include "scenario/input_rules.h"
+#include "scenario/level_choice.h"
 #include "scenario/main_view.h"
 #include "scenario/required_files.h"
 #include "scenario/run_list.h"
@@ -21,15 +22,14 @@
 #include "scenario/run_row.h"
 #include "scenario/start_up.h"
 #include "system/run_state.h"
-#include "toxic/probit_constants.h"
+#include "toxic/press_effects.h"
 
 namespace noldarz {
 
 class System {
  public:
-  /// `effects`: the toxic effects of a press, without which it leaves their steps out; the rows that it writes, those of
-  /// the study unless others are given.
-  System(Desktop& desktop, Folders folders, Effects effects = {});
+  /// `effects`: what a press asks for in place of the program's own toxic effects and rows.
+  System(Desktop& desktop, Folders folders, const Effects* effects = nullptr);
   System(const System&) = delete;
   System& operator=(const System&) = delete;
 
@@ -39,6 +39,8 @@ class System {
   Views& views() { return views_; }
   const RunState& state() const { return state_; }
   MainView& mainView() { return main_; }
+  RunRow& runRow() { return runRow_; }
+  LimitSearch& limitSearch() { return limitSearch_; }
   const Progress& progress() const { return progress_; }
   const Settings& settings() const { return settings_; }
   /// The study, null when none is open.
@@ -61,6 +63,9 @@ class System {
   Sweep search_;
   Isopleth isopleth_;
   ProbitConstants probit_;
+  LimitSearch limitSearch_;
+  DistanceLimits limits_;
+  PressEffects toxicEffects_;
   RunList runList_;
   RunRow runRow_;
   Effects effects_;
@@ -69,6 +74,7 @@ class System {
   CloseOut closeOut_;
   Compute compute_;
   InputRules inputRules_;
+  LevelChoice levelChoice_;
   RequiredFiles requiredFiles_;
   StartUp startUp_;
 };

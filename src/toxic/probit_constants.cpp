@@ -1,5 +1,9 @@
 #include "toxic/probit_constants.h"
 
+#include <algorithm>
+#include <string>
+
+#include "platform/failure.h"
 #include "platform/text.h"
 
 namespace noldarz {
@@ -36,6 +40,24 @@ constexpr std::array<ProbitRow, 18> table{{
 constexpr ProbitValues stateFallback{"-10.0", "2.0", "-5.0", "2.0"};
 constexpr ProbitValues fieldFallback{"-10.0", "2.0", "-6.0", "2.0"};
 
+constexpr double dryHumidity = 10;     // percent; up to here nothing is corrected
+constexpr double greatestEffect = 80;  // percent; a higher humidity has no more effect
+constexpr double humidityDivisor = 1800;
+
+/// A constant with its field, the column of its row, and its base in the run state.
+struct Constant {
+  Field& field;
+  const char* column;
+  double ProbitState::*base;
+};
+
+std::array<Constant, 4> constantsOf(const ScenarioInputs& in) {
+  return {{{in.avalftl, "avalftl", &ProbitState::prbtAFtl},
+           {in.nvalftl, "nvalftl", &ProbitState::prbtBFtl},
+           {in.avalinj, "avalinj", &ProbitState::prbtAInj},
+           {in.nvalinj, "nvalinj", &ProbitState::prbtBInj}}};
+}
+
 }  // namespace
 
 ProbitValues probitConstantsOf(std::string_view chemical, const ProbitValues& fallback) {
@@ -46,26 +68,146 @@ ProbitValues probitConstantsOf(std::string_view chemical, const ProbitValues& fa
   return constants;
 }
 
+ProbitConstants::ProbitConstants(ProbitState& state, const ScenarioInputs& in, const CommandFields& command,
+                                 const Field& chemical, Field& redosimul, DataLink& row, Desktop& desktop,
+                                 StatusLine& status)
+    : state_(state),
+      in_(in),
+      command_(command),
+      chemical_(chemical),
+      redosimul_(redosimul),
+      row_(row),
+      desktop_(desktop),
+      status_(status) {}
+
+void ProbitConstants::subscribe(View& view) {
+  view.on(in_.prbtoptn, Event::click, [this] { prbtoptn_Click(); });
+  for (const auto& constant : constantsOf(in_)) {
+    Field& field = constant.field;
+    view.on(field, Event::lostFocus, [this, &field] { constant_LostFocus(field); });
+  }
+  view.on(in_.hudityTxt, Event::lostFocus, [this] { hudityTxt_LostFocus(); });
+}
+
 void ProbitConstants::prbtLoadConstants() {
-  const ProbitValues constants = probitConstantsOf(chemical_.caption(), stateFallback);
-  state_ = {
-      strictNumber(constants[0]), strictNumber(constants[1]), strictNumber(constants[2]), strictNumber(constants[3])};
+  const ProbitValues values = probitConstantsOf(chemical_.caption(), stateFallback);
+  const auto constants = constantsOf(in_);
+  for (std::size_t i = 0; i < values.size(); ++i) state_.*constants[i].base = strictNumber(values[i]);
 }
 
 void ProbitConstants::showChoice() {
   const bool own = in_.prbtoptn.value() != 1;
-  for (Field* field : {&in_.avalftl, &in_.nvalftl, &in_.avalinj, &in_.nvalinj}) field->setEnabled(own);
+  for (const auto& constant : constantsOf(in_)) constant.field.setEnabled(own);
   in_.prbtoptn.setCaption(own ? "User input" : "Use software default");
 }
 
 void ProbitConstants::prbtFillDefaults() {
-  showChoice();
+  const Trap trap{[this](const RuntimeFailure& failure) {
+    desktop_.messageBox(information("Msg. No." + std::to_string(failure.number()) +
+                                    "\n3. Please check Probit Equation input variables or try again."));
+    if (refilling_) return;
+    refilling_ = true;
+    for (const int value : {0, 1}) {
+      in_.prbtoptn.setValue(value);
+      silently([&] { prbtoptn_Click(); });
+    }
+    refilling_ = false;
+  }};
+  trap.step([&] { showChoice(); });
   if (in_.prbtoptn.value() != 1) return;
-  const ProbitValues constants = probitConstantsOf(chemical_.caption(), fieldFallback);
-  in_.avalftl.setText(constants[0]);
-  in_.nvalftl.setText(constants[1]);
-  in_.avalinj.setText(constants[2]);
-  in_.nvalinj.setText(constants[3]);
+  const ProbitValues values = probitConstantsOf(chemical_.caption(), fieldFallback);
+  const auto constants = constantsOf(in_);
+  for (std::size_t i = 0; i < values.size(); ++i) trap.step([&] { constants[i].field.setText(values[i]); });
+}
+
+void ProbitConstants::prbtStoreConstants() {
+  const Trap trap{[this](const RuntimeFailure& failure) {
+    desktop_.messageBox(information("Check Variable entered."));
+    command_.comput.disable();
+    redosimul_.disable();
+    status_.tellFault(failure.what());
+  }};
+  if (row_.database())  // else no study is open
+    trap.steps([&] { row_.edit(); },
+               [&] {
+                 for (const auto& constant : constantsOf(in_)) row_.set(constant.column, constant.field.text());
+               },
+               [&] { row_.update(); });
+  trap.steps([&] { command_.comput.enable(); }, [&] { redosimul_.enable(); });
+}
+
+void ProbitConstants::storeChoice() {
+  const bool own = in_.prbtoptn.value() != 1;
+  const Trap skipping = status_.skipping();
+  if (!row_.database() || (own && !row_.hasRow())) return;
+  skipping.steps([&] { row_.edit(); }, [&] { row_.set("prbtoptn", truth(!own)); });
+  if (!own)
+    for (const auto& constant : constantsOf(in_))
+      skipping.step([&] { row_.set(constant.column, constant.field.text()); });
+  skipping.step([&] { row_.update(); });
+}
+
+void ProbitConstants::prbtoptn_Click() {
+  if (in_.prbtoptn.value() == 1)
+    prbtFillDefaults();
+  else
+    showChoice();
+  storeChoice();
+  const Trap skipping = status_.skipping();
+  if (row_.database()) skipping.step([&] { row_.refresh(); });
+  for (const auto& constant : constantsOf(in_)) skipping.step([&] { state_.*constant.base = constant.field.number(); });
+}
+
+void ProbitConstants::takeFromRow(const Trap& regime) {
+  if (!row_.database()) return;
+  for (const auto& constant : constantsOf(in_))
+    regime.step([&] { constant.field.setText(textIn(row_, constant.column)); });
+}
+
+void ProbitConstants::takeChoiceFromRow(const Trap& regime) {
+  regime.step([&] { in_.prbtoptn.setValue(isTrue(row_.value("prbtoptn")) ? 1 : 0); });
+  takeFromRow(regime);
+  showChoice();
+}
+
+void ProbitConstants::constant_LostFocus(Field& left) {
+  prbtStoreConstants();
+  const Trap trap{[&](const RuntimeFailure&) {
+    desktop_.messageBox(critical("Should be Numeric"));
+    silently([&] { desktop_.setFocus(left); });
+  }};
+  for (const auto& constant : constantsOf(in_)) trap.step([&] { state_.*constant.base = constant.field.number(); });
+}
+
+void ProbitConstants::refuseHumidity(std::string_view text) {
+  desktop_.messageBox(critical(std::string{text}));
+  if (in_.hudityTxt.isNumeric()) in_.hudityTxt.setText(plainText(leastHumidity));
+  silently([&] { desktop_.setFocus(in_.hudityTxt); });
+}
+
+void ProbitConstants::hudityTxt_LostFocus() {
+  if (!in_.hudityTxt.isNumeric()) return refuseHumidity("Percent humidity should be Numeric");
+  const double entered = in_.hudityTxt.number();
+  if (entered < leastHumidity || entered > mostHumidity)
+    return refuseHumidity("Percent humidity should be  between 0.1% to 100%");
+  const std::string text = Format(entered, "0.00");
+  in_.hudityTxt.setText(text);
+  if (row_.database()) status_.skipping().step([&] { row_.refresh(); });
+  correctForHumidity(strictNumber(text));
+  prbtStoreConstants();
+}
+
+void ProbitConstants::correctForHumidity(double h) {
+  const double e = std::min(h, greatestEffect);
+  const auto corrected = [&](double base, double share) {
+    return h > dryHumidity ? Format(base + share, "0.00") : plainText(base);
+  };
+  const auto show = [&](Field& A, double a, Field& B, double b) {
+    A.setText(corrected(a, e * (a / humidityDivisor)));
+    B.setText(corrected(b, -e * (b / humidityDivisor)));
+  };
+  show(in_.avalftl, state_.prbtAFtl, in_.nvalftl, state_.prbtBFtl);
+  show(in_.avalinj, state_.prbtAInj, in_.nvalinj, state_.prbtBInj);
 }
 
 }  // namespace noldarz

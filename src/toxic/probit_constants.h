@@ -1,11 +1,15 @@
-// The constants of the two probit expressions, by chemical: a constant A and an exponent B for fatality and for injury. The
-// limit search reads the four fields; the run state keeps the values before a correction for humidity.
+// The constants of the two probit expressions: a constant A and an exponent B for fatality and for injury. They come from a
+// table of chemicals or from the user, shift with humidity, and are kept in the run row. The limit search reads the four
+// fields; the run state keeps the values before a correction for humidity.
 #pragma once
 
 #include <array>
 #include <string_view>
 
 #include "engine/fields.h"
+#include "platform/desktop.h"
+#include "platform/status_line.h"
+#include "platform/store/data_link.h"
 #include "toxic/state.h"
 
 namespace noldarz {
@@ -15,26 +19,62 @@ using ProbitValues = std::array<std::string_view, 4>;
 
 class ProbitConstants {
  public:
-  /// `chemical`: the caption with the name of the chemical.
-  ProbitConstants(ProbitState& state, const ScenarioInputs& in, const Field& chemical)
-      : state_(state), in_(in), chemical_(chemical) {}
+  /// `chemical`: the caption with the name of the chemical. `row`: the link that stands on the run row. `redosimul`: the
+  /// command that is closed with `comput`.
+  ProbitConstants(ProbitState& state, const ScenarioInputs& in, const CommandFields& command, const Field& chemical,
+                  Field& redosimul, DataLink& row, Desktop& desktop, StatusLine& status);
+
+  /// Subscribes the rules of `prbtoptn`, the four fields and `hudityTxt`.
+  void subscribe(View& view);
 
   /// Sets the constants of the run state from the chemical; -10, 2, -5, 2 for one that is not in the table.
   void prbtLoadConstants();
   /// Opens or closes the four fields by `prbtoptn`, and when it is 1 fills them from the chemical; -10, 2, -6, 2 for one
-  /// that is not in the table. Touches neither the run state nor the study.
+  /// that is not in the table. Touches neither the run state nor the study. A failing step shows a box with its number and
+  /// turns `prbtoptn` off and on again.
   void prbtFillDefaults();
   /// The four fields are open to the user unless `prbtoptn` is 1, and its caption says so.
   void showChoice();
+  /// Writes the four fields into the run row and opens `comput` and `redosimul`. A failing step shows a box and closes both
+  /// commands, before the next one runs.
+  void prbtStoreConstants();
+
+  /// Value 1: the constants of the chemical come into the fields and the run row. Else the fields keep what they show, and
+  /// the row the choice. The run state takes the numbers in the fields.
+  void prbtoptn_Click();
+  /// The four constants of the run row come into the fields, each as a statement of its own. A cell without a value leaves
+  /// its field as it is.
+  void takeFromRow(const Trap& regime);
+  /// The same, with the choice of `prbtoptn` before them.
+  void takeChoiceFromRow(const Trap& regime);
 
  private:
+  void constant_LostFocus(Field& left);
+  void hudityTxt_LostFocus();
+  /// Fills the four fields from the base constants at h percent humidity:
+  ///
+  ///   A + e * (A / 1800)      B - e * (B / 1800)      e = h, at most 80; no correction up to h = 10
+  void correctForHumidity(double h);
+  void storeChoice();
+  void refuseHumidity(std::string_view text);
+
   ProbitState& state_;
   const ScenarioInputs& in_;
+  const CommandFields& command_;
   const Field& chemical_;
+  Field& redosimul_;
+  DataLink& row_;
+  Desktop& desktop_;
+  StatusLine& status_;
+  bool refilling_ = false;  // a failing step of prbtFillDefaults fills the fields again, but once
 };
 
 /// The constants of the chemical, from the last row of the table whose words all stand in the name, case included; the
 /// fallback for a name that matches none.
 ProbitValues probitConstantsOf(std::string_view chemical, const ProbitValues& fallback);
+
+/// Least and most relative humidity that can be entered (%).
+inline constexpr double leastHumidity = 0.1;
+inline constexpr double mostHumidity = 100;
 
 }  // namespace noldarz

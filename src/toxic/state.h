@@ -26,6 +26,34 @@ struct RawLimitState {
   double injLimitRaw = 0;  ///< distance past the last injury, 0 when there was none (m)
 };
 
+/// The limits as the plots read them, and the run row holds them.
+struct StoredLimitState {
+  double ftlLimitStored = 0;  ///< fatality distance limit (m)
+  double injLimitStored = 0;  ///< injury distance limit (m)
+};
+
+/// The search along the plume axis, and the walk out of the cloud at one distance.
+struct LimitSearchState {
+  double maxDistPrbt = 0;    ///< end of the search (m)
+  double prbtStep = 0;       ///< distance between two walks (m)
+  double rowFrom = 0;        ///< begin of the band of a row (m)
+  double concPrbt = 0;       ///< centre-line concentration at distAt, four decimals during the walk (ppm)
+  double concRow = 0;        ///< the same as a row shows it (ppm)
+  double crossPath = 0;      ///< length of the walk (m)
+  double exposureMin = 0;    ///< time of the walk (min)
+  double doseStep = 0;       ///< dose of the last step of the walk (mg)
+  double doseSum = 0;        ///< dose of the walk (mg)
+  double doseRow = 0;        ///< the same, four decimals (mg)
+  double probitFtl = 0;      ///< fatality probit of the last step of the walk
+  double probitInj = 0;      ///< injury probit of the last step of the walk
+  double pctFtl = 0;         ///< fatality (%)
+  double pctInj = 0;         ///< injury (%)
+  double halfWidthArea = 0;  ///< half width of the outermost level for the area of a band (m)
+  TableCell areaHa;          ///< area of the band of a row (Ha), or "<0.001"
+  double profileScaleX = 0;  ///< of the profile chart (m per mm)
+  double profileScaleY = 0;  ///< of the profile chart (% per mm)
+};
+
 struct ToxicState {
   /// Report table of the limit search, six cells a row, 20 rows: distance (m), fatality (%), injury (%), area (Ha),
   /// concentration (ppm), dose. The last cells, behind the 20 rows, are never filled.
@@ -48,5 +76,24 @@ void visit(const RawLimitState& state, Each&& each) {
   const auto& [ftlLimitRaw, injLimitRaw] = state;
   each("ftlLimitRaw", ftlLimitRaw), each("injLimitRaw", injLimitRaw);
 }
+
+template <class Each>
+void visit(const StoredLimitState& state, Each&& each) {
+  const auto& [ftlLimitStored, injLimitStored] = state;
+  each("ftlLimitStored", ftlLimitStored), each("injLimitStored", injLimitStored);
+}
+
+// clang-format off
+template <class Each>
+void visit(const LimitSearchState& state, Each&& each) {
+  const auto& [maxDistPrbt, prbtStep, rowFrom, concPrbt, concRow, crossPath, exposureMin, doseStep, doseSum, doseRow,
+               probitFtl, probitInj, pctFtl, pctInj, halfWidthArea, areaHa, profileScaleX, profileScaleY] = state;
+  each("maxDistPrbt", maxDistPrbt), each("prbtStep", prbtStep), each("rowFrom", rowFrom), each("concPrbt", concPrbt),
+  each("concRow", concRow), each("crossPath", crossPath), each("exposureMin", exposureMin), each("doseStep", doseStep),
+  each("doseSum", doseSum), each("doseRow", doseRow), each("probitFtl", probitFtl), each("probitInj", probitInj),
+  each("pctFtl", pctFtl), each("pctInj", pctInj), each("halfWidthArea", halfWidthArea),
+  each("areaHa", cellText(areaHa)), each("profileScaleX", profileScaleX), each("profileScaleY", profileScaleY);
+}
+// clang-format on
 
 }  // namespace noldarz

@@ -55,7 +55,8 @@ TEST(Script, setsAndShowsFieldsByName) {
       {"views", R"j({"views":[{"name":"dspmnfrm","visible":true,"modal":false}],"front":"dspmnfrm"})j"},
       {"state windAtHeight bgnIdx", "{\"state\":\"windAtHeight\",\"value\":0.0}\n{\"state\":\"bgnIdx\",\"value\":0}"},
       {"wait\nwait 500\nfocus htreltxt\nleave htreltxt\ndblclick calmlbl(1)", ""},
-      {"dump aniwait1", R"j({"view":"aniwait1","fields":{"plumepic1":{},"waitlbl1":{}}})j"},
+      {"dump aniwait1",
+       R"j({"view":"aniwait1","fields":{"plumepic1":{},"waitlbl1":{},"progPic1":{"width":5050},"progPic2":{},"pctdsp":{}}})j"},
   };
   for (const auto& [script, out] : cases) {
     const Transcript transcript = run(script);

@@ -93,9 +93,10 @@ TEST(Compute, inputThatIsNoNumberKeepsItsVariable) {
 /// Rooms above the engine that write down when they are asked, and fail if told so.
 class RecordingEffects : public ToxicEffects, public RunStore {
  public:
-  void takeProbitConstants() override { note("constants"); }
+  void takeProbitConstants(const Trap&) override { note("constants"); }
   void storeFlammableMass(double mass) override { note("mass " + Format(mass, "0.00")); }
-  void searchLimits() override { note("limits"); }
+  void prepareSearch(const Trap&) override { note("table"); }
+  void searchLimits(const Trap&) override { note("limits"); }
   void storeRun() override { note("row"); }
 
   std::vector<std::string> asked;
@@ -113,7 +114,8 @@ TEST(Compute, asksTheRoomsAboveInOrderAlsoWhenTheyFail) {
     RecordingEffects effects;
     effects.failing = failing;
     ScriptedDesktop desktop{[](const Json&) {}};
-    System system{desktop, Folders{}, Effects{&effects, &effects}};
+    const Effects rooms{effects, effects};
+    System system{desktop, Folders{}, &rooms};
     MainView& main = system.mainView();
     main.view.show();
     const auto press = [&] {
@@ -127,14 +129,15 @@ TEST(Compute, asksTheRoomsAboveInOrderAlsoWhenTheyFail) {
                                                                        {"vapordnstytxt", "1"},
                                                                        {"wndveltxt", "6"}})
       main.view.find(name)->setText(text);
-    EXPECT_EQ(press(), (std::vector<std::string>{"constants", "mass 0.00", "limits"}));  // no level is complete
+    EXPECT_EQ(press(),
+              (std::vector<std::string>{"constants", "mass 0.00", "table", "limits"}));  // no level is complete
     main.level.constn[1].setText("50");
     EXPECT_EQ(press(), std::vector<std::string>{"constants"});  // refused: no close-out
     const char* levels[] = {"1000", "500", "200", "100", "50", "20"};
     for (int i = 0; i < levelCount; ++i) main.level.constn[i].setText(levels[i]);
     const auto asked = press();
     const std::string mass = "mass " + Format(main.result.expmass.text(), "0.00");
-    EXPECT_EQ(asked, (std::vector<std::string>{"constants", mass, "limits", "row"}));
+    EXPECT_EQ(asked, (std::vector<std::string>{"constants", mass, "table", "limits", "row"}));
     EXPECT_EQ(main.command.comput.caption(), "Concentration distances computed.");
   }
 }

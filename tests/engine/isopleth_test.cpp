@@ -99,7 +99,6 @@ TEST(MaxWidth, marchesOnFromLevelToLevel) {
     EXPECT_GT(level.isopwdth[i + 1].number(), level.isopwdth[i].number());
     EXPECT_GE(level.distmaxisop[i + 1].number(), level.distmaxisop[i].number());
   }
-  EXPECT_EQ(system.state().distAt, system.state().maxWidthDist);
 }
 
 TEST(MaxWidth, stopsAtTheMaximumDistanceWithTheWidthBefore) {

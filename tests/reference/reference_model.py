@@ -3,8 +3,9 @@
 
 A plain second implementation of the model (wind at height, dispersion coefficients, concentration
 formulas) and of the two-press Compute command (sweeps, level passes, isopleth geometry, close-out
-as far as it touches the fields of the view; no database, no limit search).  It shares no code with
-the program and serves only to check it.
+as far as it touches the fields of the view; no database), with the limit search for fatality and
+injury and the report table in the runs of limits.json.  It shares no code with the program and
+serves only to check it.
 
     python3 reference_model.py [FOLDER]    # standard library only, writes the files, by default next to itself
 
@@ -15,6 +16,12 @@ the program and serves only to check it.
                       the names of the enabled fields, and the boxes shown (questions included, line
                       break "\\n"; a press of more than 20 boxes gives their count and the distinct
                       texts in order of first appearance)
+  walks.csv           the crosswind walk at one distance: inputs, sum of the doses, fatality and
+                      injury figure
+  limits.json         whole runs to the limits: inputs, constants, levels, replies; after two presses
+                      with the probit option on the labels, the raw limits, the distance of the walk
+                      and the two limits of the run row (null when the row is not written); the labels
+                      with the option off; the 120 cells of the report table of the finished run
 
 Numbers in the csv files are written with repr(), in full precision.  A statement that fails leaves
 its target as it was.  Python's own exceptions stand for the failures: ValueError (a logarithm or
@@ -54,7 +61,7 @@ def finite(value):
         raise OverflowError(value)
     return value
 
-QUANTUM = {places: Decimal(1).scaleb(-places) for places in (2, 3, 5)}
+QUANTUM = {places: Decimal(1).scaleb(-places) for places in (0, 2, 3, 4, 5)}
 
 def fmt(value, places=2):
     """The number with fixed decimals: its 15-digit decimal form, rounded half away from zero."""
@@ -164,6 +171,35 @@ def ground_concentration(kind, Q, M, Tc, H, u, sy, S):
                       * 0.08205 * ((Tc + 273) / M) * 1000)
     return finite(((Q + Q) * 1000) / (power(H, 2) * (u * 8.55118538)) * (S / sy)
                   * 0.08205 * ((Tc + 273) / M) * 1000)
+
+@lru_cache(maxsize=None)
+def exposure(path):
+    return rounded(path / 90, 4)
+
+def walk(C, M, half_edge, a_ftl, b_ftl, a_inj, b_inj):
+    """The walk out of the cloud at one distance: sum of the doses, fatality and injury figure."""
+    dose = ftl = inj = dose_sum = pct_ftl = pct_inj = 0.0
+    if C > 0:
+        c_ftl, c_inj = finite(power(C, b_ftl)), finite(power(C, b_inj))
+    path = 0.0
+    while path <= half_edge:
+        # Each pass adds what the pass before it gave: the last one is never added.
+        dose_sum, pct_ftl, pct_inj = dose_sum + dose, pct_ftl + ftl, pct_inj + inj
+        if path == 0:
+            path = 0.00001
+        elif path == 1.00001:
+            path = 1.0
+        minutes = exposure(path)
+        dose = (M * C / 24.75) * (minutes * 0.001) / 60
+        ftl = inj = 0.0
+        if C > 0 and minutes > 0:
+            ftl = max(a_ftl + 0.43429 * log(c_ftl * minutes), 0.0)
+            inj = max(a_inj + 0.43429 * log(c_inj * minutes), 0.0)
+        path += 1.0
+    return dose_sum, percent(pct_ftl), percent(pct_inj)
+
+def percent(total):
+    return 100.0 if total > 100 else 0.0 if total < 0.9 else total
 
 # ---------------------------------------------------------------- the Compute command
 
@@ -579,10 +615,133 @@ class Engine:
         shown["enabled"] = [name for name in SWITCHED if name in self.enabled]
         return shown
 
+class LimitEngine(Engine):
+    """The engine with the limits for fatality and injury, the probit option on."""
+
+    def __init__(self, inputs, captions, replies):
+        super().__init__(inputs, captions, replies)
+        self.f.update(maxdstprtxt="0", FatatyDistDsplyLbl="", InjuryDistDsplyLbl="")
+        for name in """maxDistPrbt prbtStep concPrbt concRow doseSum doseRow pctFtl pctInj ftlLimitRaw injLimitRaw
+                ftlLimit injLimit halfWidthAt halfWidthArea rowFrom""".split():
+            setattr(self, name, 0)
+        self.prbtTable, self.runRow = ["0"] * 127, None
+
+    def comput_Click(self):
+        self.ftlLimit = self.injLimit = 0
+        super().comput_Click()
+
+    def closeRun(self):
+        super().closeRun()  # nothing in it reads what the limit search leaves
+        self.prbtTable[:120] = ["0"] * 120
+        try:
+            self.f["maxdstprtxt"] = plain(number(self.endpt[5]))
+        except FAILED:
+            pass
+        attempt(lambda: self.prbtRun(plotMode=True))
+        self.ftlLimit = self.ftlLimitRaw - 1 if self.ftlLimitRaw > 2 else self.ftlLimitRaw
+        self.injLimit = self.injLimitRaw - 1 if self.injLimitRaw > 2 else self.injLimitRaw
+        self.f["FatatyDistDsplyLbl"] = "Fatality dist. limit: " + plain(self.ftlLimit) + " m"
+        self.f["InjuryDistDsplyLbl"] = "Injury dist. limit : " + plain(self.injLimit) + " m"
+        try:
+            if number(self.isoplngt[2]) > 0:
+                self.runRow = [self.ftlLimit if self.ftlLimitRaw else 0.05, self.injLimit if self.injLimitRaw else 0.05]
+        except FAILED:
+            pass
+
+    def lethalLabels(self):
+        """The labels when the probit option is turned off."""
+        ends = ["TO BE COMPUTED"] * 2
+        try:
+            if number(self.endpt[2]) > 0 and number(self.endpt[5]) > 0:
+                ends = [self.endpt[2] + " m", self.endpt[4] + " m"]
+        except FAILED:
+            pass
+        return ["Fatality dist. limit : " + ends[0], "Injury dist. limit : " + ends[1]]
+
+    # ---- the walk downwind
+
+    def calcAt(self):
+        self.calcSigmaYAt()
+        self.calcSigmaZBaseAt()
+        self.calcSigmaZAt()
+
+    def concOnAxis(self, kept):
+        kind = self.f["scnrotypetxt"]
+        if kind not in KINDS:
+            return kept
+        sy, sz, H, z = self.sigmaYAt, self.sigmaZAt, self.htRelease, self.htSimul
+        V = exp(-0.5 * power((z + H) / sz, 2)) + exp(-0.5 * power((H - z) / sz, 2))
+        L = exp(-0.5 * power(0.00001 / sy, 2))
+        K = (300 / self.num("molwttxt")) * 0.08205 * 1000
+        if kind == "PUFF":
+            S = (self.num("QntyRelstxt") * 1000) / (sz * power(sy, 2) * power(6.28318, 1.5))
+        else:
+            S = (self.num("QntyRelstxt") * 1000) / (self.windAtHeight * sz * sy * 6.28318)
+        return finite(K * V * L * S)
+
+    def prbtConcAt(self):
+        self.concPrbt = self.concOnAxis(self.concPrbt)
+
+    def prbtExposure(self):
+        self.concPrbt = rounded(self.concPrbt, 4)
+        self.doseSum, self.pctFtl, self.pctInj = walk(
+            self.concPrbt, self.num("molwttxt"), number(self.isopwdth[4]) / 2,
+            *map(self.num, ("avalftl", "nvalftl", "avalinj", "nvalinj")))
+
+    def prbtHalfWidth(self):
+        attempt(self.calcAt)
+        attempt(lambda: setattr(self, "concAt", self.concOnAxis(self.concAt)))
+        # Outside the level there is no root: the half width of the strip before it stays.
+        attempt(lambda: setattr(self, "halfWidthAt", sqrt(2 * log(self.concAt / self.levelConcAt)) * self.sigmaYAt))
+        self.halfWidthArea = self.halfWidthAt
+
+    def prbtRun(self, plotMode):
+        self.maxDistPrbt = self.num("maxdstprtxt")
+        self.levelConcAt = self.level(5)
+        self.prbtStep = rounded(self.maxDistPrbt / 20)
+        self.distAt = cursor = rounded(number(self.bgnpt[0]) + 0.1)
+        self.rowFrom, halfWidthBefore, row = 0.0, 0.0, 0
+        if self.isoplngt[4] in ("N.A.", ">" + self.f["enddisttxt"]):
+            return
+        if plotMode:
+            self.prbtStep = 1.0 if self.maxDistPrbt <= 1000 else rounded(self.maxDistPrbt / 1000, 0)
+        while self.distAt <= self.maxDistPrbt:
+            self.calcAt()
+            self.prbtConcAt()
+            self.concRow = rounded(self.concPrbt)
+            if self.concRow > 1000000:
+                self.concRow = 950000.0
+            self.prbtExposure()
+            if not plotMode:
+                distRow, areaHa, bandTo = self.distAt, 0.0, self.rowFrom + self.prbtStep
+                while cursor <= bandTo:
+                    self.distAt = cursor
+                    if number(self.endpt[5]) > cursor:
+                        self.prbtHalfWidth()
+                        areaHa += (self.halfWidthArea + halfWidthBefore) * 0.0001
+                    halfWidthBefore = self.halfWidthArea
+                    cursor += 1.0
+                cursor = self.rowFrom = bandTo
+                self.distAt = distRow
+                if self.pctFtl + self.pctInj > 100:
+                    self.pctInj = 100 - self.pctFtl
+                self.doseRow = rounded(self.doseSum, 4)
+                self.prbtTable[6 * row:6 * row + 6] = [
+                    plain(rounded(self.distAt)), plain(rounded(self.pctFtl)), plain(rounded(self.pctInj)),
+                    "<0.001" if areaHa < 0.001 or self.concRow == 0 else fmt(areaHa, 3),
+                    plain(self.concRow), plain(self.doseRow)]
+                row += 1
+            self.distAt += self.prbtStep
+            if self.pctFtl > 0:
+                self.ftlLimitRaw = self.distAt + self.prbtStep
+            if self.pctInj > 0:
+                self.injLimitRaw = self.distAt + self.prbtStep
+
 # ---------------------------------------------------------------- the data files
 
 INPUTS = ("scnrotypetxt stblclscbo roghwndoptcbo htreltxt htsmul QntyRelstxt molwttxt vapordnstytxt"
           " tempStore wndveltxt enddisttxt").split()
+CONSTANTS = "avalftl nvalftl avalinj nvalinj".split()
 # name | inputs in the order above | levels: six texts, or six shares of constn1 behind "*" | options
 RUNS = """
 ground A      | PLUME A Level 1 1 5 17.03 0.6 -34 2 10000          | * .8 .4 .1 .02 .001 .0001
@@ -673,6 +832,59 @@ no number in level 5 | PUFF D Level 1 0 5 29 1 27 6 300            | 1000 500 10
 numbers written otherwise | PLUME D Level 1.0 .0 5e0 +29 1. 2.7E1 6.00 2500.5 | 5e3 1000.0 500. 100 50 20
 """
 
+# molecular weight and constants: some chemicals, the fallback of the start and of the fields, humid ammonia
+PROBITS = (
+    (17.03, -15.85, 2, -8.48, 2), (70.9, -14.33, 2.3, -5.84, 2.3), (98.92, -0.78, 0.9, 2.54, 0.9),
+    (46, -18.6, 3.7, -4.96, 3.7), (57.05, -1.23, 0.7, 1.35, 0.7), (29, -10, 2, -5, 2), (44.1, -10, 2, -6, 2),
+    (17.03, -16.25, 1.95, -8.69, 1.95))
+# half width | concentrations, each with its row of the constants
+WALKS = """
+0       | 0 5, 5e6 2
+0.5     | 48.2 0, 5e6 2
+0.99    | 1e6 1, 5e6 2
+1       | 731.0625 3, 5e6 2
+1.00001 | 0.0001 4, 5e6 2
+1.5     | 98765.4321 6, 1e6 7, 5e6 2
+2       | 0 2, 1000 5, 1200 2, 4000 5, 98765.4321 0, 1e6 6, 5e6 3
+2.5     | 0.0573 4, 4000 5, 9500 5, 5e6 0, 5e6 2
+3       | 0.0001 2, 4000 5, 5000 5, 48.2 4, 731.0625 1, 1e6 1, 5e6 7
+10      | 0 3, 1.2346 4, 48.2 3, 731.0625 2, 4000 6, 98765.4321 1, 1e6 7, 5e6 5
+57.3    | 0.0001 4, 0.0573 2, 0.6 2, 48.2 2, 731.0625 1, 4000 0, 12345.6789 6, 1e6 5
+250     | 0 0, 0.0001 2, 1.2346 3, 4.31 2, 48.2 4, 731.0625 5, 4000 7, 98765.4321 3, 5e6 1
+2000    | 0.0001 3, 0.0573 4, 1.2346 5, 12.5 3, 48.2 1, 731.0625 6, 4000 0, 98765.4321 7, 5e6 2
+"""
+
+# name | inputs and levels as in the runs above | constants of the two probits, A and B | replies
+LIMITS = """
+hurt, none dead           | PLUME D Level 1 1 5 17.03 0.6 -34 6 10000           | * .5 .2 .05 .01 .003 .001            | -15.85 2.0 -8.48 2.0
+heavy pool, F             | POOL F Rural 1 1.5 2 70.9 2.49 -34 2 10000          | * .5 .2 .05 .02 .01 .005             | -14.33 2.3 -5.84 2.3
+heavy puff, D             | PUFF D Urban 2 1 500 70.9 2.49 27 4 10000           | * .6 .3 .1 .03 .01 .002              | -14.33 2.3 -5.84 2.3
+dead and hurt, B          | PLUME B Semi-Urban 1 0 0.5 98.92 3.4 8 3 10000      | * .5 .2 .05 .01 .003 .001            | -0.78 0.9 2.54 0.9
+up to 1000, F             | PLUME F Level 1 1 2 98.92 3.4 8 3 10000             | * .1 .02 .004 .001 .0005 .0002       | -0.78 0.9 2.54 0.9
+far puff, F               | PUFF F Level 1 1 400 57.05 1.97 39 2 20000          | * .4 .1 .01 .001 .0002 .00005        | -1.23 0.7 1.35 0.7
+far, E, above 5 m         | PLUME E Sub-Urban 5 1.5 3 33.99 1.17 27 3 10000     | * .6 .3 .1 .03 .01 .003              | -2.61 1.0 1.08 1.0
+pool, EF                  | POOL EF Sub-Urban 1 0 20 56.06 1.94 27 3 10000      | * .5 .2 .1 .02 .004 .003             | -4.12 1.0 -0.43 1.0
+pool, C                   | POOL C Level 1 0 0.2 46 1.6 21 4 10000              | * .6 .3 .1 .03 .01 .003              | -18.6 3.7 -4.96 3.7
+light, A                  | PLUME A Urban 3 0 10 28.01 0.97 60 2 10000          | * .6 .3 .1 .03 .01 .003              | -7.36 1.0 -3.69 1.0
+fallback of the fields    | PLUME D Level 1 1 5 44.1 1.52 27 6 10000            | * .5 .2 .05 .01 .003 .001            | -10.0 2.0 -6.0 2.0
+fallback of the start, DE | PUFF DE Rural 1 0 100 29 1 27 5.5 10000             | * .5 .2 .05 .01 .003 .001            | -10.0 2.0 -5.0 2.0
+humid, BC                 | PLUME BC Level 1 0 40 17.03 0.6 27 5 10000          | * .5 .2 .05 .01 .003 .001            | -16.25 1.95 -8.69 1.95
+Custom                    | PLUME Custom Level 1 0.5 6 28.01 1.01 27 4.2 10000  | * .8 .6 .3 .1 .04 .02                | -7.36 1.0 -3.69 1.0
+late cloud, AB            | POOL AB Urban 1 0 8 56.06 1.94 27 3 10000           | * .9 .5 .2 .1 .03 .01                | -4.12 1.0 -0.43 1.0
+late cloud, D             | PLUME D Semi-Urban 35 1.5 100 27.03 0.93 60 6 10000 | * .9 .8 .7 .6 .5 .4                  | -9.77 2.4 -0.91 2.4
+late cloud, B             | POOL B Rural 50 10 300 44.1 1.52 -34 5 10000        | * .6 .5 .4 .3 .2 .1                  | -10.0 2.0 -6.0 2.0
+late cloud, F             | PLUME F Rural 30 0 60 44.1 1.3 27 3 40000           | * .9 .8 .7 .6 .5 .4                  | -8.43 1.5 -2.9 1.5
+late puff, CD             | PUFF CD Sub-Urban 40 0 5000 27.03 0.93 27 5 10000   | * .9 .8 .7 .6 .5 .4                  | -9.77 2.4 -0.91 2.4
+neither dead nor hurt     | PLUME E Level 5 1.5 3 64.06 2.2 27 3 10000          | * .6 .3 .1 .03 .01 .003              | -19.19 2.4 -10.34 2.4
+neither, narrow           | PLUME C Level 1 1 0.001 64.06 2.2 27 4 10000        | * .5 .2 .1 .08 .05 .02               | -0.78 0.9 2.54 0.9
+level 5 not applicable    | PLUME C Level 1 1 5 44.1 1.52 27 4 10000            | 20000 5000 1000 500 100 0            | -10.0 2.0 -6.0 2.0
+beyond, No at level 2     | PLUME D Level 1 1 5 44.1 1.52 27 6 1000             | * .1 .01 .00005 .00004 .00003 .00001 | -10.0 2.0 -6.0 2.0 | no
+beyond, No at level 4     | PLUME D Level 1 1 5 44.1 1.52 27 6 1000             | * .1 .01 .005 .002 .00005 .00001     | -10.0 2.0 -6.0 2.0 | no
+beyond, No at the last    | POOL D Level 1 0 5 44.1 1.52 27 6 2000              | * .9 .5 .1 .05 .02 .0005             | -10.0 2.0 -6.0 2.0 | no
+beyond, Yes               | PLUME D Level 1 1 5 44.1 1.52 27 6 200              | * .1 .05 .02 .01 .005 .001           | -10.0 2.0 -6.0 2.0 | yes
+beyond, Yes No            | PLUME F Level 1 1 30 29 1 27 3 1500                 | 20000 5000 2000 30 10 1              | -10.0 2.0 -6.0 2.0 | yes no
+"""
+
 def play(line):
     name, inputs, levels, *options = [part.strip() for part in line.split(" | ")]
     options = dict(option.split("=") for option in "; ".join(options).split("; ") if option)
@@ -696,13 +908,36 @@ def play(line):
             run[press + "BoxCount"] = len(engine.boxes)
             run[press + "Boxes"] = list(dict.fromkeys(engine.boxes))
         if press == "first":  # the levels are set between the presses
-            levels = levels.split()
-            if levels[0] == "*":
-                top = engine.num("constn1")
-                levels = [plain(top * float(s)) if s == "1" else plain(float("%.3g" % (top * float(s)))) for s in levels[1:]]
-            assert len(levels) == len(captions) == 6, name
-            run["levels"] = engine.constn = levels
+            run["levels"] = engine.constn = level_texts(engine, levels.split())
+            assert len(engine.constn) == len(captions) == 6, name
     return run
+
+def level_texts(engine, levels):
+    if levels[0] != "*":
+        return levels
+    top = engine.num("constn1")
+    return [plain(top * float(s)) if s == "1" else plain(float("%.3g" % (top * float(s)))) for s in levels[1:]]
+
+def play_limits(line):
+    name, inputs, levels, constants, *replies = [part.strip() for part in line.split(" | ")]
+    replies = replies[0].split() if replies else []
+    fields = dict(zip(INPUTS + CONSTANTS, inputs.split() + constants.split(), strict=True))
+    engine = LimitEngine(fields, CAPTIONS, replies)
+    engine.comput_Click()
+    engine.constn = level_texts(engine, levels.split())
+    engine.comput_Click()
+    run = {"name": name, "set": fields, "levels": engine.constn, "replies": replies}
+    run.update({key: engine.f[key] for key in ("FatatyDistDsplyLbl", "InjuryDistDsplyLbl")})
+    run.update(ftlLimitRaw=engine.ftlLimitRaw, injLimitRaw=engine.injLimitRaw, maxdstprtxt=engine.f["maxdstprtxt"],
+               row=engine.runRow, lethal=engine.lethalLabels())
+    attempt(lambda: engine.prbtRun(plotMode=False))
+    assert len(engine.prbtTable) == 127 and len(engine.constn) == 6, name
+    run["table"] = engine.prbtTable[:120]
+    return run
+
+def write_json(name, runs):
+    (FOLDER / name).write_text(
+        "[\n" + ",\n".join(json.dumps(run, separators=(",", ":")) for run in runs) + "\n]\n", encoding="ascii")
 
 def coefficient_rows():
     for cls in CLASSES:
@@ -730,6 +965,15 @@ def concentration_rows():
                 yield (kind, *map(repr, (Q, M, Tc, H, z, u, sy, sz, T, concentration(kind, Q, M, T, H, z, u, sy, sz), sy,
                                          ground_concentration(kind, Q, M, Tc, H, u, sy, H / 1.4142))))
 
+def walk_rows():
+    for line in WALKS.strip().splitlines():
+        half_edge, cases = line.split("|")
+        for case in cases.split(","):
+            C, row = case.split()
+            molwt, *constants = PROBITS[int(row)]
+            inputs = (float(C), molwt, float(half_edge), *constants)
+            yield tuple(map(repr, inputs + walk(*inputs)))
+
 FOLDER = Path(sys.argv[1]) if len(sys.argv) > 1 else Path(__file__).parent
 
 def write_csv(name, header, rows):
@@ -742,6 +986,6 @@ if __name__ == "__main__":
     write_csv("coefficients.csv", "class,density,x,sigmaZBase,sigmaZ,sigmaY", coefficient_rows())
     write_csv("wind.csv", "class,terrain,height,wind,windAtHeight", wind_rows())
     write_csv("concentrations.csv", "type,Q,M,Tc,H,z,u,sy,sz,T,conc,sigmaYGround,concGround", concentration_rows())
-    runs = [play(line) for line in RUNS.strip().splitlines()]
-    (FOLDER / "runs.json").write_text(
-        "[\n" + ",\n".join(json.dumps(run, separators=(",", ":")) for run in runs) + "\n]\n", encoding="ascii")
+    write_json("runs.json", [play(line) for line in RUNS.strip().splitlines()])
+    write_csv("walks.csv", "C,M,halfEdge,AFtl,BFtl,AInj,BInj,doseSum,pctFtl,pctInj", walk_rows())
+    write_json("limits.json", [play_limits(line) for line in LIMITS.strip().splitlines()])

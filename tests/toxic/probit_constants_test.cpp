@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
-namespace noldarz {
+#include "support/test_study.h"
+
+namespace noldarz::test {
 namespace {
 
 TEST(ProbitConstants, areThoseOfTheLastRowWhoseWordsStandInTheName) {
@@ -31,31 +33,159 @@ TEST(ProbitConstants, areThoseOfTheLastRowWhoseWordsStandInTheName) {
   for (const auto& [chemical, values] : cases) EXPECT_EQ(probitConstantsOf(chemical, fallback), values) << chemical;
 }
 
-TEST(ProbitConstants, fillTheStateAndTheFieldsFromTheChemical) {
-  Views views;
-  View view{views, "v", ""};
-  const ScenarioInputs in{view};
-  Field& chemical = view.label("chmnmelbl", ": Propane");
-  ProbitState state;
-  ProbitConstants constants{state, in, chemical};
-  constants.prbtLoadConstants();
-  EXPECT_EQ(state.prbtAFtl, -10);
-  EXPECT_EQ(state.prbtAInj, -5);
-  EXPECT_EQ(in.avalinj.text(), "");
+/// A started program on a study of the chemical.
+struct Study : TestStudy {
+  explicit Study(const std::string& chemical)
+      : TestStudy(
+            exampleStudy("chlorine", {{"Flamblechemcl = \"Chlorine\"", "Flamblechemcl = \"" + chemical + "\""}})) {
+    run("start");
+  }
+  Texts shown() { return {text("avalftl"), text("nvalftl"), text("avalinj"), text("nvalinj")}; }
+  Texts base() {
+    const RunState& s = state();
+    return {plainText(s.prbtAFtl), plainText(s.prbtBFtl), plainText(s.prbtAInj), plainText(s.prbtBInj)};
+  }
+  std::string stored() { return rows("SELECT prbtoptn, avalftl, nvalftl, avalinj, nvalinj FROM maimTbl4All").at(0); }
+  /// Texts of the boxes, and the fields to which the program moved the focus, since the last call.
+  Texts told() {
+    Texts lines;
+    for (const Json& entry : record) {
+      if (entry.contains("box"))
+        lines.push_back(entry["box"]["icon"].get<std::string>() + ": " + entry["box"]["text"].get<std::string>());
+      if (entry.contains("focus")) lines.push_back(entry["focus"]);
+    }
+    record.clear();
+    return lines;
+  }
+};
 
-  constants.prbtFillDefaults();
-  EXPECT_EQ(in.avalftl.text() + in.nvalftl.text() + in.avalinj.text() + in.nvalinj.text(), "-10.02.0-6.02.0");
-  EXPECT_FALSE(in.avalftl.enabled());
-  EXPECT_EQ(in.prbtoptn.caption(), "Use software default");
+TEST(ProbitConstants, ofAChemicalThatIsNotInTheTableDifferInTheStateAndTheFields) {
+  Study study{"Propane"};
+  EXPECT_EQ(study.base(), (Texts{"-10", "2", "-5", "2"}));
+  EXPECT_EQ(study.shown(), (Texts{"-10.0", "2.0", "-6.0", "2.0"}));
+  study.run("click comput");  // the click of the choice takes the fields
+  EXPECT_EQ(study.base(), (Texts{"-10", "2", "-6", "2"}));
+}
 
-  in.prbtoptn.setValue(0);
-  in.avalftl.setText("-1");
-  constants.prbtFillDefaults();
-  EXPECT_EQ(in.avalftl.text(), "-1");
-  EXPECT_TRUE(in.avalftl.enabled());
-  EXPECT_EQ(in.prbtoptn.caption(), "User input");
-  EXPECT_EQ(state.prbtAInj, -5);
+TEST(ProbitConstants, areClosedOrOpenToTheUserByHisChoice) {
+  Study study{"Ammonia"};
+  EXPECT_FALSE(study.field("avalftl").enabled());
+  study.run("uncheck prbtoptn");
+  EXPECT_EQ(study.text("prbtoptn"), "User input");
+  EXPECT_TRUE(study.field("avalftl").enabled());
+  EXPECT_EQ(study.stored(), "0|-15.85|2.0|-8.48|2.0");
+  study.run("enter avalftl -9.5\nenter nvalinj 1.5");
+  EXPECT_EQ(study.stored(), "0|-9.5|2.0|-8.48|1.5");
+  EXPECT_EQ(study.base(), (Texts{"-9.5", "2", "-8.48", "1.5"}));
+  study.run("check prbtoptn");
+  EXPECT_EQ(study.text("prbtoptn"), "Use software default");
+  EXPECT_FALSE(study.field("nvalinj").enabled());
+  EXPECT_EQ(study.stored(), "-1|-15.85|2.0|-8.48|2.0");
+  EXPECT_EQ(study.base(), (Texts{"-15.85", "2", "-8.48", "2"}));
+}
+
+TEST(ProbitConstants, ofTheUserComeFromTheRowAtAPress) {
+  Study study{"Ammonia"};
+  study.run("uncheck prbtoptn\nenter avalftl -9.5");
+  study.run("close");
+  study.execute("UPDATE maimTbl4All SET avalinj = '-3.25', nvalinj = NULL");
+  study.run("start\nset avalftl 7\nset nvalinj 8\nclick comput");
+  EXPECT_EQ(study.shown(), (Texts{"-9.5", "2.0", "-3.25", "8"}));
+}
+
+TEST(ProbitConstants, refuseATextThatIsNoNumberAtTheFieldThatWasLeft) {
+  Study study{"Ammonia"};
+  study.run("uncheck prbtoptn\nset avalftl x\nset nvalftl y");
+  study.told();
+  study.run("enter nvalinj 1.5");
+  const std::string box = "critical: Should be Numeric";
+  EXPECT_EQ(study.told(), (Texts{box, "dspmnfrm.nvalinj", box, "dspmnfrm.nvalinj"}));
+  EXPECT_EQ(study.base(), (Texts{"-15.85", "2", "-8.48", "1.5"}));
+  EXPECT_EQ(study.stored(), "0|x|y|-8.48|1.5");  // the row keeps texts
+}
+
+TEST(ProbitConstants, shiftWithHumidityFromTheirBase) {
+  const struct {
+    const char* humidity;
+    const char* shown;
+    Texts constants;
+  } cases[] = {
+      {"0.1", "0.1", {"-15.85", "2", "-8.48", "2"}},
+      {"10", "10", {"-15.85", "2", "-8.48", "2"}},
+      {"10.004", "10", {"-15.85", "2", "-8.48", "2"}},
+      {"10.01", "10.01", {"-15.94", "1.99", "-8.53", "1.99"}},
+      {"45", "45", {"-16.25", "1.95", "-8.69", "1.95"}},
+      {"79.99", "79.99", {"-16.55", "1.91", "-8.86", "1.91"}},
+      {"80", "80", {"-16.55", "1.91", "-8.86", "1.91"}},
+      {"100", "100", {"-16.55", "1.91", "-8.86", "1.91"}},
+  };
+  Study study{"Ammonia"};
+  for (const auto& [humidity, shown, constants] : cases)
+    for (int i = 0; i < 2; ++i) {  // leaving the field again gives the same
+      study.run(std::string{"enter hudityTxt "} + (i == 0 ? humidity : shown));
+      EXPECT_EQ(study.shown(), constants) << humidity;
+      EXPECT_EQ(study.text("hudityTxt"), shown);
+      EXPECT_EQ(study.rows("SELECT Hmudy, avalftl, nvalinj FROM maimTbl4All"),
+                Texts{shown + std::string{"|"} + constants[0] + "|" + constants[3]});
+    }
+  EXPECT_EQ(study.base(), (Texts{"-15.85", "2", "-8.48", "2"}));
+}
+
+TEST(ProbitConstants, refuseAHumidityThatIsNone) {
+  const struct {
+    const char* entered;
+    const char* box;
+    const char* left;
+  } cases[] = {{"wet", "critical: Percent humidity should be Numeric", "wet"},
+               {"\"\"", "critical: Percent humidity should be Numeric", ""},
+               {"0.09", "critical: Percent humidity should be  between 0.1% to 100%", "0.1"},
+               {"100.01", "critical: Percent humidity should be  between 0.1% to 100%", "0.1"}};
+  Study study{"Ammonia"};
+  study.run("enter hudityTxt 45");
+  for (const auto& [entered, box, left] : cases) {
+    study.told();
+    study.run(std::string{"enter hudityTxt "} + entered);
+    EXPECT_EQ(study.told(), (Texts{box, "dspmnfrm.hudityTxt"})) << entered;
+    EXPECT_EQ(study.text("hudityTxt"), left);
+    EXPECT_EQ(study.text("avalftl"), "-16.25");
+    EXPECT_EQ(study.rows("SELECT Hmudy FROM maimTbl4All"), Texts{"45"});
+  }
+}
+
+TEST(ProbitConstants, tellAFailureOfTheStoreAndOpenTheCommandsAgain) {
+  Study study{"Ammonia"};
+  study.run("uncheck prbtoptn");
+  study.told();
+  study.field("redosimul").disable();
+  study.execute("DELETE FROM maimTbl4All");
+  study.run("enter avalftl -9.5");
+  const Texts told = study.told();
+  ASSERT_FALSE(told.empty());
+  for (const auto& line : told) EXPECT_EQ(line, "information: Check Variable entered.");
+  EXPECT_TRUE(study.field("comput").enabled());
+  EXPECT_TRUE(study.field("redosimul").enabled());
+  EXPECT_EQ(study.base().at(0), "-9.5");
+}
+
+TEST(ProbitConstants, fillTheFieldsAgainWhenAStepFails) {
+  for (const bool lasting : {false, true}) {
+    Study study{"Ammonia"};
+    study.run("uncheck prbtoptn\nset avalftl 1\nset nvalftl 9");
+    study.told();
+    int failures = 0;
+    study.session->system().mainView().view.observe([&](Field& field, Property property) {
+      if (field.name() != "prbtoptn" || property != Property::text || (failures > 0 && !lasting)) return;
+      ++failures;
+      fail(FailureNumber::invalidArgument);
+    });
+    study.run("check prbtoptn");
+    const Texts told = study.told();
+    EXPECT_EQ(told.size(), lasting ? 2U : 1U);
+    EXPECT_EQ(told.at(0), "information: Msg. No.5\n3. Please check Probit Equation input variables or try again.");
+    EXPECT_EQ(study.shown(), (Texts{"-15.85", "2.0", "-8.48", "2.0"}));
+    EXPECT_EQ(study.field("prbtoptn").value(), 1);
+  }
 }
 
 }  // namespace
-}  // namespace noldarz
+}  // namespace noldarz::test

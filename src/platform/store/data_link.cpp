@@ -135,6 +135,12 @@ void DataLink::addNew() {
   }
 }
 
+std::string textIn(const DataLink& row, std::string_view column) {
+  const Cell& cell = row.value(column);
+  if (holdsNothing(cell)) fail(FailureNumber::typeMismatch);
+  return textOf(cell);
+}
+
 bool isTrue(const Cell& cell) { return !holdsNothing(cell) && numberOf(cell) != 0; }
 
 }  // namespace noldarz

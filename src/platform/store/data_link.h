@@ -93,6 +93,9 @@ class DataLink {
   std::optional<Recordset> rows_;
 };
 
+/// The text of a cell. Fails with typeMismatch for a cell without a value.
+std::string textIn(const DataLink& row, std::string_view column);
+
 /// Fetches True (-1) or False (0) of a cell; nothing is False.
 bool isTrue(const Cell& cell);
 /// The cell of a truth value.

@@ -1,4 +1,5 @@
-// The status line of the main view: what happened last, and what the study could not take, which nothing else tells.
+// The status line of a view: what happened last, and what the study could not take, which nothing else tells. The rooms
+// that write to the study share it.
 #pragma once
 
 #include <string>

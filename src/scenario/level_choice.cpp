@@ -1,0 +1,93 @@
+#include "scenario/level_choice.h"
+
+#include <array>
+
+#include "platform/text.h"
+
+namespace noldarz {
+
+namespace {
+
+// Columns of the chemical, by level.
+constexpr std::array<std::string_view, levelCount> limitColumns{"UEL", "LEL", "TEEL3", "TEEL2", "TEEL1", "TEEL0"};
+
+}  // namespace
+
+void nameUpperLevels(const ScenarioFields& fields, const LevelFields& level, const ResultFields& result) {
+  if (fields.naturchem.text() != "Non-Flammable") return;
+  level.conclbl[0].setCaption("Conc. 0");
+  level.conclbl[1].setCaption("Conc. 1");
+  result.expmass.setText(mark::notApplicable);
+}
+
+LevelChoice::LevelChoice(const LevelFields& level, const ResultFields& result, const ScenarioFields& fields,
+                         MainLinks& links, Desktop& desktop, StatusLine& status)
+    : level_(level), result_(result), fields_(fields), links_(links), desktop_(desktop), status_(status) {}
+
+std::string LevelChoice::limit(std::string_view column) {
+  links_.dt4.bind(fields_.conctemp, std::string{column});
+  return links_.dt4.hasRow() ? fields_.conctemp.text() : std::string{};
+}
+
+void LevelChoice::fillGaps() {
+  for (int i = 0; i < levelCount; ++i)
+    if (!level_.constn[i].isNumeric()) level_.constn[i].setText(mark::nothing);
+}
+
+void LevelChoice::getconclvl_Click() {
+  const Trap skipping = status_.skipping();
+  for (int i = 0; i < levelCount; ++i) level_.conclbl[i].setValue(0);
+  for (int i = 0; i < levelCount; ++i)
+    skipping.step([&] { level_.constn[i].setText(limit(limitColumns.at(static_cast<std::size_t>(i)))); });
+  fillGaps();
+  if (links_.dt4.database()) skipping.step([&] { links_.dt4.refresh(); });
+  for (int i = 0; i < levelCount; ++i) level_.conclbl[i].setCaption(initialLevelCaption(i));
+  fillGaps();
+  if (fields_.naturchem.text() == "Non-Flammable")
+    nameUpperLevels(fields_, level_, result_);
+  else
+    skipping.step([&] { putInOrder(); });
+  replaceMissing(2, "IDLH");
+  replaceMissing(5, "TWA");
+}
+
+bool LevelChoice::wishesReset() {
+  MessageBox box = critical("Concentrations required in descending order. Wish to reset in order?");
+  box.buttons = Buttons::yesNo;
+  box.defaultReply = Reply::yes;
+  return desktop_.messageBox(box) == Reply::yes;
+}
+
+void LevelChoice::putInOrder() {
+  const auto& constn = level_.constn;
+  const auto& conclbl = level_.conclbl;
+  const auto disordered = [&](int upper) { return constn[upper].number() < constn[upper + 1].number(); };
+  const std::array<double, 3> kept{constn[0].number(), constn[1].number(), constn[2].number()};
+  if (disordered(1) && wishesReset()) {
+    constn[1].setText(plainText(kept[2]));
+    constn[2].setText(plainText(kept[1]));
+    conclbl[1].setCaption("TEEL3/IDLH:");
+    conclbl[2].setCaption("LEL:");
+  }
+  if (disordered(0) && wishesReset()) {
+    constn[0].setText(constn[1].text());
+    constn[1].setText(plainText(kept[0]));
+    conclbl[0].setCaption("TEEL3/IDLH:");
+    conclbl[1].setCaption("UEL:");
+  }
+  if (disordered(2) && wishesReset())
+    for (const auto* pair : {&constn, &conclbl}) {
+      const std::string upper = (*pair)[2].text();
+      (*pair)[2].setText((*pair)[3].text());
+      (*pair)[3].setText(upper);
+    }
+}
+
+void LevelChoice::replaceMissing(int level, std::string_view column) {
+  if (level_.constn[level].text() != mark::nothing) return;
+  const std::string text = limit(column);
+  level_.conclbl[level].setCaption(std::string{column} + ":");
+  level_.constn[level].setText(text);
+}
+
+}  // namespace noldarz

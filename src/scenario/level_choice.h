@@ -1,0 +1,44 @@
+// The button `getconclvl`: the six levels from the limits of the chemical, in descending order.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "engine/fields.h"
+#include "platform/desktop.h"
+#include "platform/status_line.h"
+#include "scenario/fields.h"
+#include "scenario/links.h"
+
+namespace noldarz {
+
+class LevelChoice {
+ public:
+  LevelChoice(const LevelFields& level, const ResultFields& result, const ScenarioFields& fields, MainLinks& links,
+              Desktop& desktop, StatusLine& status);
+
+  /// UEL, LEL, TEEL3, TEEL2, TEEL1 and TEEL0 of the chemical (ppm) become the levels; one without a number becomes 0. Pairs
+  /// of a flammable chemical that are out of order are exchanged, if the user wishes so. A TEEL3 of 0 gives way to the IDLH,
+  /// a TEEL0 of 0 to the TWA. A failed step is skipped.
+  void getconclvl_Click();
+
+ private:
+  /// The chemical's column as the study holds it, through the field `conctemp`.
+  std::string limit(std::string_view column);
+  void fillGaps();
+  void putInOrder();
+  bool wishesReset();
+  void replaceMissing(int level, std::string_view column);
+
+  const LevelFields& level_;
+  const ResultFields& result_;
+  const ScenarioFields& fields_;
+  MainLinks& links_;
+  Desktop& desktop_;
+  StatusLine& status_;
+};
+
+/// Names the two upper levels of a chemical that is not flammable, which are the user's own. Nothing for any other.
+void nameUpperLevels(const ScenarioFields& fields, const LevelFields& level, const ResultFields& result);
+
+}  // namespace noldarz

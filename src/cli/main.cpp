@@ -14,28 +14,54 @@ namespace {
 
 using noldarz::ExitStatus;
 
-/// Enters the folder in which the program starts; a file that was named stays the one of the caller's folder.
-bool enterStartFolder(const std::string& folder, std::string& file) {
-  if (folder.empty()) return true;
-  if (file != "-") file = std::filesystem::absolute(file).string();
-  std::error_code error;
-  std::filesystem::current_path(folder, error);
-  if (error) std::cerr << folder << ": no such folder\n";
-  return !error;
-}
-
 ExitStatus script(const std::string& startFolder, const std::string& file) {
-  std::string path = file;
-  if (!enterStartFolder(startFolder, path)) return ExitStatus::refused;
+  const std::string path = file == "-" ? file : std::filesystem::absolute(file).string();
+  std::error_code error;
+  if (!startFolder.empty()) std::filesystem::current_path(startFolder, error);
+  if (error) {
+    std::cerr << startFolder << ": no such folder\n";
+    return ExitStatus::refused;
+  }
   noldarz::ScriptSession session{
       [](const noldarz::Json& object) { std::cout << noldarz::jsonLine(object) << std::flush; }};
   return noldarz::runScriptFile(session, path, file, std::cerr);
 }
 
-ExitStatus run(const std::string& startFolder, const std::string& file) {
-  std::string path = file;
-  if (!enterStartFolder(startFolder, path)) return ExitStatus::refused;
-  return noldarz::runAndReport(path, file, NOLDARZ_VERSION, std::cout, std::cerr);
+/// The options of `run`, which fill the request when the command line is parsed.
+CLI::App* addRun(CLI::App& app, noldarz::RunRequest& request) {
+  auto* run = app.add_subcommand("run", "Compute the scenario of a study and print and keep its results");
+  run->add_option(
+      "TARGET",
+      request.target,
+      "Start folder of the study (default: the current one), or the script of a release, \"-\" for standard "
+      "input");
+  run->add_option("--start", request.startFolder, "Folder in which a script starts");
+  auto* json = run->add_flag_callback(
+      "--json", [&request] { request.format = noldarz::ReportFormat::json; }, "Print one JSON object");
+  run->add_flag_callback(
+         "--csv",
+         [&request] { request.format = noldarz::ReportFormat::csv; },
+         "Print a line of names and a line of texts, separated by commas")
+      ->excludes(json);
+  run->add_option_function<std::string>(
+         "--answer",
+         [&request](const std::string& reply) {
+           request.answer = reply == "yes" ? noldarz::Reply::yes : noldarz::Reply::no;
+         },
+         "Reply to every question (default: the one that each box proposes)")
+      ->check(CLI::IsMember({"yes", "no"}));
+  run->add_option(
+      "--levels",
+      request.levels,
+      "Six levels in ppm, highest first, separated by commas; an empty one stays as the run or the chemical has it");
+  run->add_flag("--table", request.table, "Print fatality and injury by distance");
+  run->add_option(
+         "--density",
+         request.densities,
+         "Persons per hectare in the rings up to 2, 4, 6, 8 and 10 km, separated by commas: the table with the "
+         "numbers of people")
+      ->each([&request](const std::string&) { request.table = true; });
+  return run;
 }
 
 }  // namespace
@@ -50,9 +76,8 @@ int main(int argc, char** argv) try {
   auto* scriptCommand = app.add_subcommand("script", "Drive every field by name; prints one JSON object a line");
   scriptCommand->add_option("--start", startFolder, "Folder in which the program starts");
   scriptCommand->add_option("FILE", file, "Script, \"-\" for standard input")->required();
-  auto* runCommand = app.add_subcommand("run", "Compute a release and print its inputs, results and isopleths");
-  runCommand->add_option("--start", startFolder, "Folder in which the program starts");
-  runCommand->add_option("FILE", file, "Script of the release, \"-\" for standard input")->required();
+  noldarz::RunRequest request;
+  const auto* runCommand = addRun(app, request);
 
   std::string source;
   bool force = false;
@@ -73,7 +98,7 @@ int main(int argc, char** argv) try {
   }
   ExitStatus status = ExitStatus::done;
   if (scriptCommand->parsed()) status = script(startFolder, file);
-  if (runCommand->parsed()) status = run(startFolder, file);
+  if (runCommand->parsed()) status = noldarz::runAndReport(request, NOLDARZ_VERSION, std::cout, std::cerr);
   if (create->parsed()) status = noldarz::createStudy(file, source, force, std::cerr);
   if (exportCommand->parsed()) status = noldarz::exportStudy(file, std::cout, std::cerr);
   if (check->parsed()) status = noldarz::checkStudy(file, std::cout, std::cerr);

@@ -3,149 +3,117 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <iterator>
 #include <ostream>
-#include <string_view>
-#include <utility>
-#include <vector>
-
-#include "engine/close_out.h"
-#include "engine/plume_model.h"
+#include <set>
+#include <sstream>
 
 namespace noldarz {
 
 namespace {
 
-/// "  name            text unit"
-void line(std::string& page, std::string_view name, std::string_view text, std::string_view unit = "") {
-  page += fmt::format("  {:<34}{:>12}{}{}\n", name, text, unit.empty() ? "" : " ", unit);
+namespace fs = std::filesystem;
+
+bool isScript(const RunRequest& request) {
+  std::error_code error;
+  return request.target == "-" || fs::is_regular_file(request.target, error);
 }
 
-void inputs(std::string& page, const ScenarioInputs& in, bool puff) {
-  page += "Inputs\n";
-  line(page, "Release type", in.scnrotypetxt.text());
-  line(page, puff ? "Quantity released" : "Rate of release", in.QntyRelstxt.text(), puff ? "kg" : "kg/s");
-  line(page, "Molecular weight", in.molwttxt.text(), "g/mol");
-  line(page, "Vapour density, air = 1", in.vapordnstytxt.text());
-  line(page, "Temperature of release", in.tempStore.text(), "deg C");
-  line(page, "Height of release", in.htreltxt.text(), "m");
-  line(page, "Height of simulation, Z axis", in.htsmul.text(), "m");
-  line(page, "Max. distance for simulation", in.enddisttxt.text(), "m");
-  line(page, "Stability class", in.stblclscbo.text());
-  line(page, "Terrain", in.roghwndoptcbo.text());
-  line(page, "Wind velocity", in.wndveltxt.text(), "m/s");
+/// Enters the folder in which the program starts; the script that was named stays the one of the caller's folder.
+std::string enterStartFolder(const RunRequest& request, std::string& script) {
+  if (script != "-") script = fs::absolute(script).string();
+  const std::string folder = isScript(request) ? request.startFolder : request.target;
+  std::error_code error;
+  if (!folder.empty()) fs::current_path(folder, error);
+  return error ? folder + ": no such folder" : "";
 }
 
-/// The unit in which the time of stabilization stands in its field; empty when there was no end point to work it out.
-std::string_view stabilizationUnit(const MainView& main, const RunState& state) {
-  const Field& end = main.level.endpt[levelCount - 1];
-  if (!end.isNumeric() || !(state.windAtHeight > 0) || state.firstPass != 0) return "";
-  return scaledTime(end.number() / state.windAtHeight).unit;
+std::vector<std::string> items(const std::string& list) {
+  std::vector<std::string> found;
+  std::istringstream stream(list.empty() ? list : list + ',');
+  for (std::string item; std::getline(stream, item, ',');) found.push_back(item);
+  return found;
 }
 
-void results(std::string& page, const ResultFields& result, bool puff, std::string_view timeUnit) {
-  page += "\nResults\n";
-  line(page, "Modified wind velocity", result.wndvel.text(), "m/s");
-  line(page, "Maximum ground concentration (MGC)", result.mgctxt.text(), "ppm");
-  line(page, "MGC distance", result.distconctxt.text(), "m");
-  line(page, "Maximum isopleth concentration", result.constn1.text(), "ppm");
-  line(page, "Distance of the peak", result.maxdistconctxt.text(), "m");
-  line(page, "Flammable mass for VCE", result.expmass.text(), result.expmass.isNumeric() ? "lbm" : "");
-  line(page, puff ? "Time for puff dispersion to end" : "Time of stabilization", result.tmestbltxt.text(), timeUnit);
+/// Why the numbers of a list can't be taken; empty when they can.
+std::string faultOf(const char* option, const std::vector<std::string>& numbers, std::size_t count, bool gaps) {
+  if (!numbers.empty() && numbers.size() != count)
+    return fmt::format("{} takes {} numbers, not {}", option, count, numbers.size());
+  for (const auto& number : numbers)
+    if (!isNumeric(number) && !(gaps && number.empty())) return fmt::format("{}: \"{}\" is no number", option, number);
+  return "";
 }
 
-struct Column {
-  std::string_view head;
-  std::string_view unit;
-  const FieldArray<levelCount>& fields;
-};
-
-void isopleths(std::string& page, const LevelFields& level) {
-  const std::vector<Column> columns{{"Level", "", level.conclbl},
-                                    {"Conc.", "ppm", level.constn},
-                                    {"Begin", "m", level.bgnpt},
-                                    {"End", "m", level.endpt},
-                                    {"Length", "m", level.isoplngt},
-                                    {"Width", "m", level.isopwdth},
-                                    {"at", "m", level.distmaxisop},
-                                    {"Angle", "deg", level.isopang},
-                                    {"Area", "Ha", level.isoparea}};
-  std::vector<std::string> rows(levelCount + 2);
-  for (const Column& column : columns) {
-    std::vector<std::string_view> cells{column.head, column.unit};
-    for (int i = 0; i < levelCount; ++i) cells.push_back(column.fields[i].text());
-    std::size_t width = 0;
-    for (const auto cell : cells) width = std::max(width, cell.size());
-    const bool first = &column == &columns.front();
-    for (std::size_t i = 0; i < rows.size(); ++i)
-      rows[i] += first ? fmt::format("  {:<{}}", cells[i], width) : fmt::format("  {:>{}}", cells[i], width);
-  }
-  page += "\nIsopleths\n";
-  for (auto& row : rows) {
-    row.erase(row.find_last_not_of(' ') + 1);
-    page += row + '\n';
-  }
+void pressCompute(ScriptSession& session, const std::vector<std::string>& levels) {
+  session.runLine("click comput");
+  if (session.system().state().mgcDone != 1 || session.system().state().maxConcDone != 1) return;
+  if (!session.system().runRow().takeStoredLevels()) session.runLine("click getconclvl");
+  for (std::size_t i = 0; i < levels.size(); ++i)
+    if (!levels[i].empty()) session.runLine(fmt::format("enter constn({}) \"{}\"", i, levels[i]));
+  session.runLine("click comput");
 }
-
-/// A message as an item of a list, later lines indented.
-std::string messageItem(const Json& box) {
-  std::string text = box["text"];
-  for (std::size_t at = 0; (at = text.find('\n', at)) != std::string::npos; at += 5) text.replace(at, 1, "\n    ");
-  if (box["buttons"] == "yesno") text += fmt::format(" [{}]", box["reply"].get<std::string>());
-  return "  - " + text;
-}
-
-/// The boxes of a run, each said once and counted: a failing statement can show one at every step of a sweep.
-class Messages {
- public:
-  void add(const Json& box) {
-    const auto known = std::find_if(counted_.begin(), counted_.end(), [&](const auto& c) { return c.first == box; });
-    if (known == counted_.end())
-      counted_.emplace_back(box, 1);
-    else
-      ++known->second;
-  }
-  void print(std::string& page) const {
-    if (!counted_.empty()) page += "\nMessages\n";
-    for (const auto& [box, count] : counted_)
-      page += messageItem(box) + (count > 1 ? fmt::format(" ({} times)\n", count) : "\n");
-  }
-
- private:
-  std::vector<std::pair<Json, int>> counted_;  // in the order of their first appearance
-};
 
 /// Why the run is none; empty for a run.
-std::string_view faultOf(System& system) {
-  if (system.state().mgcDone != 1 || system.state().maxConcDone != 1)
-    return "no maximum ground concentration or no peak was found";
+std::string faultOf(System& system, bool ofStudy) {
+  const RunState& state = system.state();
+  if (state.mgcDone != 1 || state.maxConcDone != 1) return "no maximum ground concentration or no peak was found";
   const LevelFields& level = system.mainView().level;
   for (int i = 0; i < levelCount; ++i)
-    if (level.bgnpt[i].text() == mark::inputError) return "the levels were refused";
-  return "";
+    if (level.bgnpt[i].text() == mark::inputError) return "the levels were refused; --levels gives others";
+  if (!ofStudy || system.runRow().isStored()) return "";
+  if (level.isoplngt[2].isNumeric() && level.isoplngt[2].number() > 0)
+    return system.mainView().scenario.statuslbl.text();
+  return "the results are not stored: the level " + level.conclbl[2].caption() + " is not complete";
 }
 
 }  // namespace
 
-ExitStatus runAndReport(const std::string& file, const std::string& name, const std::string& version, std::ostream& out,
-                        std::ostream& errors) {
+ExitStatus runAndReport(const RunRequest& request, const std::string& version, std::ostream& out, std::ostream& errors,
+                        const Folders& folders) {
+  const auto report = [&](const std::string& fault, ExitStatus status) {
+    errors << request.target << ": " << fault << '\n';
+    return status;
+  };
+  const auto levels = items(request.levels);
+  const auto densities = items(request.densities);
+  for (const auto& fault : {faultOf("--levels", levels, levelCount, true), faultOf("--density", densities, 5, false)})
+    if (!fault.empty()) return report(fault, ExitStatus::refused);
+  const bool ofStudy = !isScript(request);
+  std::string script = request.target;
+  if (const std::string fault = enterStartFolder(request, script); !fault.empty()) {
+    errors << fault << '\n';
+    return ExitStatus::refused;
+  }
   Messages messages;
   ScriptSession session{[&](const Json& entry) {
-    if (entry.contains("box")) messages.add(entry["box"]);
-  }};
-  const ExitStatus status = runScriptFile(session, file, name, errors);
-  if (status != ExitStatus::done) return status;
-  const MainView& main = session.system().mainView();
-  const bool puff = main.in.scnrotypetxt.wordIndex(releaseTypes) == static_cast<int>(Release::puff);
-  std::string page = fmt::format("NOLDA-RZ {}, model revision {}: {}\n\n", version, modelRevision, name);
-  inputs(page, main.in, puff);
-  results(page, main.result, puff, stabilizationUnit(main, session.system().state()));
-  isopleths(page, main.level);
-  messages.print(page);
-  out << page;
-  const std::string_view fault = faultOf(session.system());
-  if (fault.empty()) return ExitStatus::done;
-  errors << name << ": " << fault << '\n';
-  return ExitStatus::failed;
+                          if (entry.contains("box")) messages.add(entry["box"]);
+                        },
+                        folders};
+  std::set<std::string> asked;
+  if (request.answer)
+    session.desktop().answerQuestions([&](const MessageBox& box) {
+      const bool again = !asked.insert(box.text).second;
+      return again && request.answer == Reply::yes ? box.defaultReply : *request.answer;
+    });
+  if (!ofStudy) {
+    const ExitStatus status = runScriptFile(session, script, request.target, errors);
+    if (status != ExitStatus::done) return status;
+  } else {
+    session.start();
+    if (!session.system().study())
+      return report(session.system().views().find("reqfrm")->find("reasonlbl")->caption(), ExitStatus::failed);
+    pressCompute(session, levels);
+  }
+  Report printout = reportOf(session.system(), version, request.target, messages);
+  const std::string fault = faultOf(session.system(), ofStudy);
+  if (request.table) {
+    if (fault.empty()) session.system().limitSearch().fillTable();
+    printout.tables.push_back(probitTable(session.system().state(), densities));
+  }
+  out << printed(printout, request.format);
+  if (ofStudy) session.runLine("close");
+  return fault.empty() ? ExitStatus::done : report(fault, ExitStatus::failed);
 }
 
 }  // namespace noldarz

@@ -1,18 +1,38 @@
-// The command `run`: carries out the script of a release and prints inputs, results and the isopleth table for people.
-// Every printed number is the text of its field.
+// The command `run`: computes the active project of a study, or a release that a script describes, and prints the report.
 #pragma once
 
 #include <iosfwd>
+#include <optional>
 #include <string>
 
+#include "cli/report.h"
 #include "cli/script.h"
 
 namespace noldarz {
 
-/// Runs the script FILE ("-": standard input) without its own output, then prints the report. The boxes that came are
-/// part of the report. A line at fault goes to `errors`, and nothing is printed. A script that computes no maximum
-/// ground concentration, or whose levels are refused, has its report printed, its fault told, and the status `failed`.
-ExitStatus runAndReport(const std::string& file, const std::string& name, const std::string& version, std::ostream& out,
-                        std::ostream& errors);
+struct RunRequest {
+  /// A start folder, whose study is computed; or the script of a release, "-" for standard input.
+  std::string target = ".";
+  /// Folder in which a script starts; empty for the current one.
+  std::string startFolder;
+  ReportFormat format = ReportFormat::page;
+  /// Reply to every question; else each takes its default. A Yes that brings the same question back ends in its default.
+  std::optional<Reply> answer;
+  /// Six levels (ppm), separated by commas, or none; an empty one stays as the run or the chemical has it.
+  std::string levels;
+  /// Whether the report table is printed, and for which population densities (persons/Ha): five, separated by commas, or
+  /// none.
+  bool table = false;
+  std::string densities;
+};
+
+/// Computes and prints. A study: the program starts, Compute is pressed twice with the levels of the run, or those of the
+/// chemical for a run that has none yet, and the row is written. A script runs without its own output.
+///
+/// What keeps the run from being one goes to `errors`: a folder, file, line or level at fault has the status `refused`, and
+/// nothing is printed; a study that can't be opened, and a run that found no maximum, whose levels are refused, or whose
+/// results are not stored, has the status `failed` behind its report.
+ExitStatus runAndReport(const RunRequest& request, const std::string& version, std::ostream& out, std::ostream& errors,
+                        const Folders& folders = Folders::ofUser());
 
 }  // namespace noldarz

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include <optional>
+
 #include "engine/air.h"
 #include "scenario/row_inputs.h"
 #include "scenario/study_layout.h"
@@ -100,8 +102,7 @@ void RunRow::create(const Trap& skipping) {
   set("PoolRadiusRrsls", in_.PoolRadiusRrslstxt.text());
   if (isStabilityClass(state_.stblClassStored)) set("StblClas", state_.stblClassStored);
   set("prbtoptn", truth(true));
-  in_.prbtoptn.setValue(1);
-  probit_.showChoice();
+  probit_.chooseDefaults();
   set("avalftl", in_.avalftl.text());
   set("nvalftl", in_.nvalftl.text());
   set("avalinj", in_.avalinj.text());
@@ -180,19 +181,24 @@ void RunRow::tellOutcome(int found) {
   if (found > 1) status_.say(fmt::format("{} runs have the name \"{}\"; rename one of them.", found, name));
 }
 
-void RunRow::storeFlammableMass(double mass) try {
-  if (!links_.dt2.database()) return;  // no study is open
-  links_.dt2.edit();
-  links_.dt2.set("expmass", mass);
-  links_.dt2.update();
-  links_.dt2.refresh();
-} catch (const StoreFailure& failure) {
-  status_.tellFault(failure.what());
-  throw;
+void RunRow::storeFlammableMass(double mass) {
+  DataLink& scenario = links_.dt2;
+  if (!scenario.database()) return;  // no study is open
+  std::optional<RuntimeFailure> met;
+  const Trap telling{[&](const RuntimeFailure& failure) {
+    if (!met) status_.tellFault(failure.what());
+    met = failure;
+  }};
+  telling.steps([&] { scenario.edit(); },
+                [&] { scenario.set("expmass", mass); },
+                [&] { scenario.update(); },
+                [&] { scenario.refresh(); });
+  if (met) throw RuntimeFailure{*met};
 }
 
 void RunRow::storeRun() {
   DataLink& row = links_.dt2a;
+  stored_ = false;
   const DistanceLimits::RowLimits limits = limits_.takeRowLimits();
   if (!row.database()) return status_.say("No study is open: the results are not stored.");
   std::string fault;
@@ -212,11 +218,10 @@ void RunRow::storeRun() {
     set(levelColumn("constn", i + 1), stored(level_.constn[i]));
     set(levelColumn("constnTxt", i + 1), level_.conclbl[i].caption());
   }
-  bool isStored = false;
   const bool isOpen = row.hasRow() && row.recordset().isOpenForWriting();
-  keeping.steps([&] { row.update(), isStored = true; },
-                [&] { row.refresh(), isStored = isOpen; });  // tries again what an update could not store
-  if (isStored)
+  keeping.steps([&] { row.update(), stored_ = true; },
+                [&] { row.refresh(), stored_ = isOpen; });  // tries again what an update could not store
+  if (stored_)
     status_.say(fmt::format("Results stored in run \"{}\".", fields_.scnrotxtlbl.text()));
   else
     status_.tellFault("The results are not stored: " + fault);

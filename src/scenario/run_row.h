@@ -38,6 +38,8 @@ class RunRow : public RunStore {
   void storeFlammableMass(double mass) override;
   /// Writes the results into the row, in one change: numbers with two decimals, marks as they stand.
   void storeRun() override;
+  /// Whether the last storeRun has done so.
+  bool isStored() const { return stored_; }
 
  private:
   void useRunQuery();
@@ -62,6 +64,7 @@ class RunRow : public RunStore {
   Desktop& desktop_;
   StatusLine& status_;
   bool focusDone_ = false;
+  bool stored_ = false;
 };
 
 }  // namespace noldarz

@@ -11,7 +11,7 @@ namespace noldarz {
 ///   number = area (Ha) * percent * density (persons/Ha) / 100      in three decimals
 ///
 /// The ring of 2 km goes by the distance of the row, with the density of the fifth one beyond 10 km. A cell that holds no
-/// number, such as an area of "<0.001", leaves the two numbers as they were.
+/// number, such as an area of "<0.001", leaves the numbers that need it as they were; fatality comes first.
 void absRow(int row, const ReportCells& cells, const DensityFields& density);
 
 }  // namespace noldarz

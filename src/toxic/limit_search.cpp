@@ -52,9 +52,9 @@ LimitSearch::LimitSearch(Views& views, ModelState& model, LimitSearchState& sear
 
 void LimitSearch::prbtRun(Product product, ProfileSink* chart) {
   product_ = product;
-  begin();
-  const std::string& length = level_.isoplngt[walkLevel].text();
   try {
+    begin();
+    const std::string& length = level_.isoplngt[walkLevel].text();
     if (length != mark::notApplicable && length != ">" + in_.enddisttxt.text()) goDownwind(chart);
   } catch (...) {
     end();

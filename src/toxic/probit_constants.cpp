@@ -155,7 +155,7 @@ void ProbitConstants::prbtoptn_Click() {
   storeChoice();
   const Trap skipping = status_.skipping();
   if (row_.database()) skipping.step([&] { row_.refresh(); });
-  for (const auto& constant : constantsOf(in_)) skipping.step([&] { state_.*constant.base = constant.field.number(); });
+  takeBase(skipping);
 }
 
 void ProbitConstants::takeFromRow(const Trap& regime) {
@@ -164,10 +164,27 @@ void ProbitConstants::takeFromRow(const Trap& regime) {
     regime.step([&] { constant.field.setText(textIn(row_, constant.column)); });
 }
 
+void ProbitConstants::chooseDefaults() {
+  const bool wasOwn = in_.prbtoptn.value() != 1;
+  in_.prbtoptn.setValue(1);
+  prbtFillDefaults();
+  if (wasOwn) prbtLoadConstants();
+}
+
 void ProbitConstants::takeChoiceFromRow(const Trap& regime) {
+  const bool wasOwn = in_.prbtoptn.value() != 1;
   regime.step([&] { in_.prbtoptn.setValue(isTrue(row_.value("prbtoptn")) ? 1 : 0); });
   takeFromRow(regime);
   showChoice();
+  // The base is that of this run, or leaving the humidity would put those of the chemical, or of another run, in its row.
+  if (in_.prbtoptn.value() != 1)
+    takeBase(Trap::ignoring());
+  else if (wasOwn)
+    prbtLoadConstants();
+}
+
+void ProbitConstants::takeBase(const Trap& regime) {
+  for (const auto& constant : constantsOf(in_)) regime.step([&] { state_.*constant.base = constant.field.number(); });
 }
 
 void ProbitConstants::constant_LostFocus(Field& left) {
@@ -176,7 +193,7 @@ void ProbitConstants::constant_LostFocus(Field& left) {
     desktop_.messageBox(critical("Should be Numeric"));
     silently([&] { desktop_.setFocus(left); });
   }};
-  for (const auto& constant : constantsOf(in_)) trap.step([&] { state_.*constant.base = constant.field.number(); });
+  takeBase(trap);
 }
 
 void ProbitConstants::refuseHumidity(std::string_view text) {

@@ -33,8 +33,6 @@ class ProbitConstants {
   /// that is not in the table. Touches neither the run state nor the study. A failing step shows a box with its number and
   /// turns `prbtoptn` off and on again.
   void prbtFillDefaults();
-  /// The four fields are open to the user unless `prbtoptn` is 1, and its caption says so.
-  void showChoice();
   /// Writes the four fields into the run row and opens `comput` and `redosimul`. A failing step shows a box and closes both
   /// commands, before the next one runs.
   void prbtStoreConstants();
@@ -42,13 +40,17 @@ class ProbitConstants {
   /// Value 1: the constants of the chemical come into the fields and the run row. Else the fields keep what they show, and
   /// the row the choice. The run state takes the numbers in the fields.
   void prbtoptn_Click();
+  /// `prbtoptn` becomes 1, with the constants of the chemical in the fields and, in place of the user's, in the run state.
+  void chooseDefaults();
   /// The four constants of the run row come into the fields, each as a statement of its own. A cell without a value leaves
   /// its field as it is.
   void takeFromRow(const Trap& regime);
-  /// The same, with the choice of `prbtoptn` before them.
+  /// The same, with the choice of `prbtoptn` before them, and constants of the user's own into the run state.
   void takeChoiceFromRow(const Trap& regime);
 
  private:
+  /// The four fields are open to the user unless `prbtoptn` is 1, and its caption says so.
+  void showChoice();
   void constant_LostFocus(Field& left);
   void hudityTxt_LostFocus();
   /// Fills the four fields from the base constants at h percent humidity:
@@ -56,6 +58,8 @@ class ProbitConstants {
   ///   A + e * (A / 1800)      B - e * (B / 1800)      e = h, at most 80; no correction up to h = 10
   void correctForHumidity(double h);
   void storeChoice();
+  /// The run state takes the numbers in the fields; a text that is none leaves its constant as it was.
+  void takeBase(const Trap& regime);
   void refuseHumidity(std::string_view text);
 
   ProbitState& state_;

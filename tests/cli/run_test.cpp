@@ -25,15 +25,57 @@ std::string shownInReadme(const std::string& command) {
   return block;
 }
 
-TEST(Run, printsWhatTheReadmeShows) {
-  std::filesystem::current_path(NOLDARZ_SOURCE_DIR);
+struct Printed {
+  ExitStatus status;
+  std::string out;
+  std::string errors;
+};
+
+Printed run(const RunRequest& request, const Folders& folders = {"/", "/", "/"}) {
   std::ostringstream out;
   std::ostringstream errors;
-  ASSERT_EQ(
-      runAndReport("examples/chlorine-hose.script", "examples/chlorine-hose.script", NOLDARZ_VERSION, out, errors),
-      ExitStatus::done);
-  EXPECT_EQ(out.str(), shownInReadme("build/release/bin/noldarz-cli run examples/chlorine-hose.script"));
-  EXPECT_EQ(errors.str(), "");
+  const ExitStatus status = runAndReport(request, NOLDARZ_VERSION, out, errors, folders);
+  return {status, out.str(), errors.str()};
+}
+
+RunRequest scriptOf(const std::string& lines) {
+  RunRequest request;
+  request.target = testing::TempDir() + "release.script";
+  std::ofstream(request.target) << lines;
+  return request;
+}
+
+/// A study in a folder of its own, computed by the command.
+struct RunStudy {
+  explicit RunStudy(const std::string& text = test::exampleStudy("chlorine")) {
+    test::makeStudy(folder.study(), text);
+    request.target = folder / "start";
+  }
+  Printed compute() { return run(request, folder.folders()); }
+  std::string row(const std::string& columns) const {
+    Recordset found{std::make_shared<Database>(folder.study(), studyLayout()),
+                    "SELECT " + columns + " FROM maimTbl4All"};
+    std::string line;
+    for (int i = 0; i < static_cast<int>(found.columns().size()); ++i) line += textOf(found.value(i)) + "|";
+    return line;
+  }
+
+  test::TestFolder folder;
+  RunRequest request;
+};
+
+const std::string script =
+    "set scnrotypetxt PLUME\nset QntyRelstxt 5\nset molwttxt 29\nset vapordnstytxt 1\n"
+    "set wndveltxt 6\n";
+
+TEST(Run, printsWhatTheReadmeShows) {
+  std::filesystem::current_path(NOLDARZ_SOURCE_DIR);
+  RunRequest request;
+  request.target = "examples/chlorine-hose.script";
+  const Printed printed = run(request);
+  EXPECT_EQ(printed.status, ExitStatus::done);
+  EXPECT_EQ(printed.out, shownInReadme("build/release/bin/noldarz-cli run examples/chlorine-hose.script"));
+  EXPECT_EQ(printed.errors, "");
 }
 
 TEST(Run, scriptPrintsWhatTheReadmeShows) {
@@ -50,31 +92,126 @@ TEST(Run, computesEveryExampleWithoutAMessage) {
   test::makeStudy(folder.study(), test::exampleStudy("chlorine"));
   for (const auto& example : std::filesystem::directory_iterator(NOLDARZ_SOURCE_DIR "/examples")) {
     if (example.path().extension() != ".script") continue;
-    std::filesystem::current_path(folder / "start");
-    std::ostringstream out;
-    std::ostringstream errors;
-    EXPECT_EQ(runAndReport(example.path(), example.path(), "1", out, errors), ExitStatus::done) << example;
-    EXPECT_EQ(out.str().find("Messages"), std::string::npos) << out.str();
+    RunRequest request;
+    request.target = example.path();
+    request.startFolder = folder / "start";
+    const Printed printed = run(request, folder.folders());
+    EXPECT_EQ(printed.status, ExitStatus::done) << example << printed.errors;
+    EXPECT_EQ(printed.out.find("Messages"), std::string::npos) << printed.out;
   }
 }
 
-TEST(Run, failsWhenNothingWasComputed) {
-  const struct {
-    const char* script;
-    const char* fault;
-  } cases[] = {{"echo hello", "no maximum ground concentration or no peak was found"},
-               {"set scnrotypetxt PLUME\nset QntyRelstxt 5\nset molwttxt 29\nset vapordnstytxt 1\nset wndveltxt 6\n"
-                "click comput\nset constn(1) 50\nclick comput",
-                "the levels were refused"}};
-  for (const auto& [script, fault] : cases) {
-    const std::string file = testing::TempDir() + "none.script";
-    std::ofstream(file) << script;
-    std::ostringstream out;
-    std::ostringstream errors;
-    EXPECT_EQ(runAndReport(file, file, "1", out, errors), ExitStatus::failed);
-    EXPECT_EQ(errors.str(), file + ": " + fault + "\n");
-    EXPECT_NE(out.str().find("Isopleths"), std::string::npos);
+TEST(Run, computesAStudyAndKeepsTheRunSoThatASecondOneGivesTheSameBytes) {
+  RunStudy study;
+  study.request.levels = "1000,100,,,,0.25";  // the study has the others
+  study.request.densities = "10,20,30,40,50";
+  study.request.table = true;
+  for (const ReportFormat format : {ReportFormat::page, ReportFormat::json, ReportFormat::csv}) {
+    study.request.format = format;
+    const Printed first = study.compute();
+    EXPECT_EQ(first.status, ExitStatus::done) << first.errors;
+    const std::string row = study.row("scenariotxtUser, FtlyXcord, InjXcord, endptn2, endptn5, constn5, constnTxt6");
+    EXPECT_EQ(row, "Torn transfer hose|0.05|93.45|393.49|6216.94|0.5|TWA:|");
+    study.request.levels = "";  // of the run, now
+    EXPECT_EQ(study.compute().out, first.out);
+    EXPECT_NE(first.out.find("Results stored in run"), std::string::npos);
   }
+}
+
+TEST(Run, printsTheTextsOfTheFieldsInEveryFormat) {
+  RunStudy study{test::exampleStudy("lpg")};
+  study.request.table = true;
+  study.request.format = ReportFormat::json;
+  const Json json = Json::parse(study.compute().out);
+  EXPECT_EQ(json["version"], NOLDARZ_VERSION);
+  EXPECT_EQ(json["inputs"]["stblclscbo"], "F");
+  EXPECT_EQ(json["inputs"]["avalinj"], "-6.0");
+  EXPECT_EQ(json["units"]["endpt"], "m");
+  ASSERT_EQ(json["isopleths"].size(), 6U);
+  EXPECT_EQ(json["isopleths"][1]["conclbl"], "LEL:");
+  ASSERT_EQ(json["probitTable"].size(), 20U);
+  EXPECT_EQ(json["results"]["expmass"].get<std::string>(),
+            Format(json["results"]["expmass"].get<std::string>(), "0.000"));
+
+  study.request.format = ReportFormat::csv;
+  const std::string csv = study.compute().out;
+  std::istringstream lines{csv};
+  std::string names;
+  std::string texts;
+  std::getline(lines, names);
+  std::getline(lines, texts);
+  EXPECT_TRUE(lines.eof() || lines.peek() == EOF);
+  EXPECT_EQ(std::count(names.begin(), names.end(), ','), std::count(texts.begin(), texts.end(), ','));
+  EXPECT_NE(texts.find("," + json["isopleths"][5]["endpt"].get<std::string>() + ","), std::string::npos);
+  EXPECT_NE(texts.find("\"Results stored in run \"\""), std::string::npos) << texts;
+}
+
+TEST(Run, answersQuestionsAsAsked) {
+  RunStudy study;
+  study.request.levels = "1000,100,20,2,0.5,0.00001";  // the last one never ends
+  study.request.answer = Reply::no;
+  const Printed no = study.compute();
+  EXPECT_EQ(no.status, ExitStatus::done) << no.errors;  // level 2 is complete, so the row is written
+  EXPECT_NE(no.out.find("Wish to simulate beyond 10000 m"), std::string::npos);
+  EXPECT_EQ(no.out.find("Wish to simulate beyond 20000 m"), std::string::npos);
+  study.request.answer = Reply::yes;
+  const Printed yes = study.compute();
+  EXPECT_NE(yes.out.find("Wish to simulate beyond 20000 m"), std::string::npos);
+  EXPECT_NE(yes.out.find("Wish to simulate beyond 1000000 m"), std::string::npos);  // and ends there
+}
+
+TEST(Run, failsBehindTheReportOfWhatIsNoRun) {
+  RunStudy study;
+  Printed printed = study.compute();  // chlorine is not flammable, so two levels are 0
+  EXPECT_EQ(printed.status, ExitStatus::failed);
+  EXPECT_EQ(printed.errors, study.request.target + ": the levels were refused; --levels gives others\n");
+  EXPECT_NE(printed.out.find("Input Err."), std::string::npos);
+
+  study.request.levels = "1000,100,0.01,0.01,0.01,0.01";  // level 2 reaches past the maximum distance
+  printed = study.compute();
+  EXPECT_EQ(printed.status, ExitStatus::failed);
+  EXPECT_NE(printed.errors.find("the results are not stored: the level TEEL3/IDLH: is not complete"),
+            std::string::npos);
+
+  study.request.levels = "1000,100,20,2,0.5,0.25";
+  const Database other{study.folder.study(), studyLayout()};
+  other.run("CREATE TRIGGER full BEFORE UPDATE OF endptn5 ON maimTbl4All BEGIN SELECT RAISE(ABORT, 'no more'); END");
+  printed = study.compute();
+  EXPECT_EQ(printed.status, ExitStatus::failed);
+  EXPECT_NE(printed.errors.find("The results are not stored: "), std::string::npos) << printed.errors;
+
+  printed = run(scriptOf("echo hello"));
+  EXPECT_EQ(printed.status, ExitStatus::failed);
+  EXPECT_NE(printed.errors.find("no maximum ground concentration or no peak was found"), std::string::npos);
+  EXPECT_NE(printed.out.find("Isopleths"), std::string::npos);
+}
+
+TEST(Run, refusesWhatItCanNotTakeAndPrintsNothing) {
+  RunStudy study;
+  const auto refused = [&](const RunRequest& request, const std::string& fault, ExitStatus status) {
+    const Printed printed = run(request, study.folder.folders());
+    EXPECT_EQ(printed.status, status);
+    EXPECT_EQ(printed.out, "");
+    EXPECT_EQ(printed.errors, fault + "\n");
+  };
+  const auto with = [&](auto&& change) {
+    RunRequest request = study.request;
+    change(request);
+    return request;
+  };
+  const std::string& target = study.request.target;
+  refused(with([](auto& r) { r.levels = "1,2"; }), target + ": --levels takes 6 numbers, not 2", ExitStatus::refused);
+  refused(with([](auto& r) { r.levels = "1,2,x,,,"; }), target + ": --levels: \"x\" is no number", ExitStatus::refused);
+  refused(with([](auto& r) { r.densities = "1,,,,"; }), target + ": --density: \"\" is no number", ExitStatus::refused);
+  refused(with([](auto& r) { r.target = "/nowhere"; }), "/nowhere: no such folder", ExitStatus::refused);
+  std::filesystem::remove(study.folder.study());
+  refused(study.request, target + ": " + study.folder.study().string() + " is not there", ExitStatus::failed);
+  test::writeFile(study.folder.study(), "no study");
+  const Printed damaged = study.compute();
+  EXPECT_EQ(damaged.status, ExitStatus::failed);
+  EXPECT_EQ(test::readFile(study.folder.study()), "no study");
+  const RunRequest bad = scriptOf("show nothing");
+  refused(bad, bad.target + ":1: no field \"nothing\" in view dspmnfrm", ExitStatus::refused);
 }
 
 TEST(Run, showsTheTimeInTheUnitOfItsScale) {
@@ -89,29 +226,15 @@ TEST(Run, showsTheTimeInTheUnitOfItsScale) {
 }
 
 TEST(Run, saysARepeatedMessageOnce) {
-  const std::string file = testing::TempDir() + "far.script";
-  std::ofstream(file) << "set scnrotypetxt PLUME\nset QntyRelstxt 5\nset molwttxt 29\nset vapordnstytxt 1\n"
-                         "set wndveltxt 6\nset enddisttxt 40000\nclick comput\nset constn(0) 100\nset constn(1) 50\n"
-                         "set constn(2) 20\nset constn(3) 10\nset constn(4) 3\nset constn(5) 2.5\nclick comput\n";
-  std::ostringstream out;
-  std::ostringstream errors;
-  ASSERT_EQ(runAndReport(file, file, "1", out, errors), ExitStatus::done);
+  const Printed printed = run(
+      scriptOf(script + "set enddisttxt 40000\nclick comput\nset constn(0) 100\nset constn(1) 50\nset constn(2) 20\n"
+                        "set constn(3) 10\nset constn(4) 3\nset constn(5) 2.5\nclick comput\n"));
+  ASSERT_EQ(printed.status, ExitStatus::done);
   const std::string message = "\n  - Can not compute MGC (Maximum Ground Concentration) beyond ";
-  const auto first = out.str().find(message);
+  const auto first = printed.out.find(message);
   ASSERT_NE(first, std::string::npos);
-  EXPECT_EQ(out.str().find(message, first + 1), std::string::npos);
-  EXPECT_NE(out.str().find(" ppm (4 times)\n", first), std::string::npos) << out.str();
-}
-
-TEST(Run, reportsALineAtFaultAndPrintsNothing) {
-  std::ostringstream out;
-  std::ostringstream errors;
-  EXPECT_EQ(runAndReport("/nowhere/a.script", "/nowhere/a.script", "1", out, errors), ExitStatus::refused);
-  EXPECT_EQ(errors.str(), "/nowhere/a.script:0: the file can't be read\n");
-  errors.str("");
-  EXPECT_EQ(runAndReport("/", "/", "1", out, errors), ExitStatus::refused);
-  EXPECT_EQ(errors.str(), "/:0: the file can't be read\n");
-  EXPECT_EQ(out.str(), "");
+  EXPECT_EQ(printed.out.find(message, first + 1), std::string::npos);
+  EXPECT_NE(printed.out.find(" ppm (4 times)\n", first), std::string::npos) << printed.out;
 }
 
 }  // namespace

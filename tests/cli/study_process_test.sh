@@ -51,6 +51,28 @@ echo "no study" >empty/data/orgtn.mdb
 expect 0 '*' script --start empty/start missing.script
 [ "$(cat empty/data/orgtn.mdb)" = "no study" ] || complain "the setup overwrote a file"
 
+# The command that computes a study: the levels that the chemical lacks are given once, and are the run's from then on.
+mkdir -p site/data site/start
+expect 0 '' study create site/data/orgtn.mdb --from "$chlorine"
+expect 1 'site/start: the levels were refused; --levels gives others' run site/start
+expect 0 '' run --levels 1000,100,,,,0.25 site/start
+mv out first
+expect 0 '' run site/start
+cmp -s out first || complain "a second run printed $(diff first out)"
+expect 0 '' run --json --table site/start
+grep -q '"endpt":"6216.94"' out || complain "no end point in $(cat out)"
+expect 2 '*' run --json --csv site/start
+expect 2 'site: --levels takes 6 numbers, not 1' run --levels 5 site
+expect 1 '*' run empty
+cat >site/rows.script <<'END'
+start
+show constn(4)
+rows "SELECT FtlyXcord, InjXcord, constn5, bgnptn1 FROM maimTbl4All"
+END
+expect 0 '' script --start site/start site/rows.script
+grep -qF '{"field":"dspmnfrm.constn(4)","text":"0.5"}' out || complain "the levels did not come back: $(cat out)"
+grep -qF '{"rows":[[0.05,93.45,0.5,7.7]]' out || complain "the limits are not in the row: $(cat out)"
+
 # Killed at random moments while it makes, names and computes runs. Rows are whole: a computed one has all its figures.
 {
   echo start

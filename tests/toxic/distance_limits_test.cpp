@@ -109,6 +109,19 @@ TEST(DistanceLimits, stayToBeComputedWithoutAWholeSetOfLevels) {
   EXPECT_EQ(study.stored(), study.row());
 }
 
+TEST(DistanceLimits, goBackToTheChosenWayWhenTheSearchFails) {
+  Study study{"30"};
+  study.execute("UPDATE maimTbl4All SET prbtoptn = 0, nvalinj = 'high'");
+  study.run("close\nstart\nuncheck MaxFtlyDstOptn");
+  study.compute();
+  EXPECT_EQ(study.field("MaxFtlyDstOptn").value(), 0);
+  EXPECT_EQ(study.text("FatatyDistDsplyLbl"), "Fatality dist. limit : " + study.text("endpt(2)") + " m");
+  EXPECT_EQ(study.state().injLimit, 0);
+  EXPECT_TRUE(study.field("prntprv").enabled());
+  study.run("setting noldarz FatltyInjryDistOptnStr FatltyInjryDistOptnStr1");
+  EXPECT_EQ(study.record.back()["value"], "0");
+}
+
 TEST(DistanceLimits, areSearchedForAtEveryPressBehindTheWaitView) {
   Study study{"30"};
   std::vector<std::string> shown;

@@ -93,6 +93,16 @@ TEST(ProbitConstants, ofTheUserComeFromTheRowAtAPress) {
   EXPECT_EQ(study.shown(), (Texts{"-9.5", "2.0", "-3.25", "8"}));
 }
 
+TEST(ProbitConstants, ofTheUserAreTheBaseOfHumidityInALaterLife) {
+  Study study{"Ammonia"};
+  study.run("uncheck prbtoptn\nenter avalftl -9.5\nclose\nstart\nenter hudityTxt 10");
+  EXPECT_EQ(study.shown(), (Texts{"-9.5", "2", "-8.48", "2"}));
+  EXPECT_EQ(study.stored(), "0|-9.5|2|-8.48|2");
+  // Another run has the constants of the software.
+  study.run("choose stblclscbo F\nwait\nenter hudityTxt 10");
+  EXPECT_EQ(study.shown(), (Texts{"-15.85", "2", "-8.48", "2"}));
+}
+
 TEST(ProbitConstants, refuseATextThatIsNoNumberAtTheFieldThatWasLeft) {
   Study study{"Ammonia"};
   study.run("uncheck prbtoptn\nset avalftl x\nset nvalftl y");

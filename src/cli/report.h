@@ -1,0 +1,69 @@
+// What `noldarz-cli run` prints of a run: a page for people, one JSON object, or a line of a table. Every number is the text
+// of its field, so the same run gives the same bytes.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "cli/scripted_desktop.h"
+#include "system/system.h"
+
+namespace noldarz {
+
+enum class ReportFormat : std::uint8_t { page, json, csv };
+
+/// The boxes of a run, each said once and counted: a failing statement can show one at every step of a sweep.
+class Messages {
+ public:
+  /// Takes a box as the record of a scripted desktop has it.
+  void add(const Json& box);
+  /// In the order of their first appearance.
+  const std::vector<std::pair<Json, int>>& counted() const { return counted_; }
+
+ private:
+  std::vector<std::pair<Json, int>> counted_;
+};
+
+/// A text of a field with the name of the field, its label for people, and its unit.
+struct ReportItem {
+  std::string key;
+  std::string label;
+  std::string text;
+  std::string unit;
+};
+
+struct ReportSection {
+  std::string key;
+  std::string title;
+  std::vector<ReportItem> items;
+};
+
+/// Rows of texts under a head.
+struct ReportTable {
+  std::string key;
+  std::string title;
+  std::vector<ReportItem> columns;  ///< their texts are in the rows
+  std::vector<std::vector<std::string>> rows;
+};
+
+struct Report {
+  std::string version;  ///< of the program
+  std::string source;   ///< what was run
+  std::vector<ReportSection> sections;
+  std::vector<ReportTable> tables;
+  Messages messages;
+  std::string status;  ///< what became of the results; empty without a study
+};
+
+/// Reads the finished run from the fields. `table`: also the report table, which the caller has filled.
+Report reportOf(System& system, std::string version, std::string source, Messages messages);
+
+/// The report table as it stands, with the numbers of people for the densities of the five rings (persons/Ha) if there are.
+ReportTable probitTable(const RunState& state, const std::vector<std::string>& densities);
+
+std::string printed(const Report& report, ReportFormat format);
+
+}  // namespace noldarz

@@ -1,0 +1,53 @@
+#include "engine/close_out.h"
+
+#include <gtest/gtest.h>
+
+#include "support/test_study.h"
+
+namespace noldarz::test {
+namespace {
+
+TEST(CloseOut, sharesOutTheWindOfAFinishedRun) {
+  const struct {
+    const char* each;
+    const char* last;
+    const char* calm;
+  } cases[] = {{"12.5", "12.5", "0.00"}, {"10", "8.25", "21.75"}, {"0", "0", "100.00"}, {"20", "N.A.", "before"}};
+  for (const auto& [each, last, calm] : cases) {
+    TestSystem system;
+    system.setRelease();
+    for (int i = 0; i < 8; ++i) system.main().in.Givnwnd[i].setText(i < 7 ? each : last);
+    system.main().result.calmlbl[0].setCaption("before");
+    system.press();
+    EXPECT_EQ(system.text("calmlbl(0)"), "before");  // no level is complete
+    system.setLevels({"1000", "500", "200", "100", "50", "20"});
+    system.main().result.wndvel.setCaption("before");
+    system.press();
+    EXPECT_EQ(system.text("calmlbl(0)"), std::string{calm} == "before" ? "100.00" : calm);
+    EXPECT_EQ(system.text("comput"), "Concentration distances computed.");
+  }
+}
+
+TEST(CloseOut, asksForALevelWithANegativeLengthAndStillWritesTheRow) {
+  TestStudy study;
+  study.run("start\nenter enddisttxt 3000");
+  const Colour mine{1, 2, 3};
+  study.field("constn(3)").setBackColour(mine);
+  study.field("constn(5)").setBackColour(mine);
+  compute(study);  // the last but one level ends past 3000 m
+  ASSERT_LT(study.field("isoplngt(4)").number(), 0);
+  std::vector<std::string> boxes;
+  for (const Json& entry : study.record)
+    if (entry.contains("box")) boxes.push_back(entry["box"]["text"]);
+  EXPECT_EQ(boxes.back(), "Reset concentration TEEL1:\nNote:Enter concentration < 0.5");
+  EXPECT_EQ(study.field("constn(3)").backColour(), Colour{SystemColour::windowBackground});
+  EXPECT_EQ(study.field("constn(4)").backColour(), attentionColour);
+  EXPECT_TRUE(study.field("constn(4)").enabled());
+  EXPECT_EQ(study.field("constn(5)").backColour(), attentionColour);  // of the question before, and not touched again
+  EXPECT_FALSE(study.field("prntprv").enabled());
+  EXPECT_FALSE(study.session->system().views().find("aniwait1")->loaded());
+  EXPECT_EQ(study.rows("SELECT endptn2 FROM maimTbl4All"), Texts{"393.49"});
+}
+
+}  // namespace
+}  // namespace noldarz::test

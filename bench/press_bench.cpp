@@ -3,6 +3,8 @@
 //
 // A step of the bare loop is the coefficients and the concentration; in the first press the candidate of the maximum
 // ground concentration comes to it, in the width pass of the second one the half width, as in the steps of the press.
+// The limit search of the close-out, 200 to 400 us behind a finished run, is in the press and not in the bare loop;
+// limit_bench.cpp measures it.
 
 #include <benchmark/benchmark.h>
 

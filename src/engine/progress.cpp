@@ -1,5 +1,7 @@
 #include "engine/progress.h"
 
+#include <cmath>
+
 #include "platform/colour.h"
 #include "platform/failure.h"
 #include "platform/text.h"
@@ -28,6 +30,7 @@ Progress::Progress(Views& views, const ModelState& model, SweepState& sweep, Lev
     wait_.waitlbl1.setCaption(firstLine);
     wait_.progPic2.setWidth(0);
     wait_.pctdsp.setCaption("");
+    shownPercent_ = -1;
     desktop_.setPointer(Pointer::hourglass);
     passes.waitShown = 1;
   });
@@ -54,9 +57,10 @@ void Progress::showSearch(std::string_view line) {
 
 void Progress::showShare(double percent) {
   wait_.progPic2.setWidth(wait_.progPic1.width() * percent / 100);
-  const std::string text = Format(percent, "0") + " %";
-  if (wait_.pctdsp.caption() == text) return;
-  wait_.pctdsp.setCaption(text);
+  const double whole = std::floor(percent + 0.5);
+  if (whole == shownPercent_) return;
+  shownPercent_ = whole;
+  wait_.pctdsp.setCaption(Format(percent, "0") + " %");
   desktop_.refresh(wait_.pctdsp);
 }
 

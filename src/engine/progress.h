@@ -45,6 +45,7 @@ class Progress {
   Desktop& desktop_;
   std::minstd_rand random_;  // for the colour of the shape alone; the same at each start of the program
   std::uint64_t stepCount_ = 0;
+  double shownPercent_ = -1;  // of the limit search; -1: none
 };
 
 }  // namespace noldarz

@@ -24,10 +24,16 @@ double doseIn(const Walk& walk, double time) {
   return checked((walk.M * walk.C / molarVolume) * (time * doseFactor) / secondsPerMinute);
 }
 
-double probitAt(const Walk& walk, const Probit& probit, double time) {
-  if (!(walk.C > 0 && time > 0)) return 0;
-  const double y = probit.A + logFactor * naturalLog(checked(std::pow(walk.C, probit.B) * time));
-  return std::max(y, 0.0);
+/// C^B of both probits.
+struct Powers {
+  explicit Powers(const Walk& walk)
+      : fatality(std::pow(walk.C, walk.fatality.B)), injury(std::pow(walk.C, walk.injury.B)) {}
+  double fatality;
+  double injury;
+};
+
+double probitAt(double A, double power, double time) {
+  return std::max(A + logFactor * naturalLog(checked(power * time)), 0.0);
 }
 
 double percentOf(double sum) {
@@ -35,11 +41,12 @@ double percentOf(double sum) {
   return std::min(sum, mostPercent);
 }
 
-void takeStep(const Walk& walk, double time, LimitSearchState& state) {
+void takeStep(const Walk& walk, const Powers& power, double time, LimitSearchState& state) {
+  const bool exposed = walk.C > 0 && time > 0;
   state.exposureMin = time;
   state.doseStep = doseIn(walk, time);
-  state.probitFtl = probitAt(walk, walk.fatality, time);
-  state.probitInj = probitAt(walk, walk.injury, time);
+  state.probitFtl = exposed ? probitAt(walk.fatality.A, power.fatality, time) : 0;
+  state.probitInj = exposed ? probitAt(walk.injury.A, power.injury, time) : 0;
 }
 
 }  // namespace
@@ -50,13 +57,14 @@ void clearWalk(LimitSearchState& state) {
 
 void walkStepByStep(const Walk& walk, LimitSearchState& state) {
   clearWalk(state);
+  const Powers power{walk};
   for (state.crossPath = 0; state.crossPath <= walk.halfEdge; state.crossPath += 1) {
     state.doseSum += state.doseStep;
     state.pctFtl += state.probitFtl;
     state.pctInj += state.probitInj;
     if (state.crossPath == 0) state.crossPath = walkStart;
     if (state.crossPath == 1 + walkStart) state.crossPath = 1;
-    takeStep(walk, timeAt(state.crossPath), state);
+    takeStep(walk, power, timeAt(state.crossPath), state);
   }
   state.pctFtl = percentOf(state.pctFtl);
   state.pctInj = percentOf(state.pctInj);
@@ -71,10 +79,10 @@ void CrosswindWalk::growTo(std::size_t steps) {
   }
 }
 
-bool CrosswindWalk::sumOf(const Probit& probit, double power, std::size_t last, double& sum) const {
+bool CrosswindWalk::sumOf(double A, double power, std::size_t last, double& sum) const {
   // Beyond these the step's own logarithm loses digits, or has no value.
   if (!(power > 1e-290 && power < 1e290)) return false;
-  const double base = probit.A + logFactor * std::log(power);
+  const double base = A + logFactor * std::log(power);
   // The time grows along the path, so the positive probits are those from one step on.
   const auto first = std::partition_point(logTime_.begin() + 1,
                                           logTime_.begin() + static_cast<std::ptrdiff_t>(last),
@@ -95,12 +103,12 @@ void CrosswindWalk::walk(const Walk& walk, LimitSearchState& state) {
   growTo(last);
   double ftl = 0;
   double inj = 0;
-  if (!sumOf(walk.fatality, std::pow(walk.C, walk.fatality.B), last, ftl) ||
-      !sumOf(walk.injury, std::pow(walk.C, walk.injury.B), last, inj))
+  const Powers power{walk};
+  if (!sumOf(walk.fatality.A, power.fatality, last, ftl) || !sumOf(walk.injury.A, power.injury, last, inj))
     return walkStepByStep(walk, state);
   clearWalk(state);
   state.crossPath = static_cast<double>(last) + 1;
-  takeStep(walk, timeAt(static_cast<double>(last)), state);
+  takeStep(walk, power, timeAt(static_cast<double>(last)), state);
   state.doseSum = doseIn(walk, sumTime_[last - 1]);
   state.pctFtl = percentOf(ftl);
   state.pctInj = percentOf(inj);

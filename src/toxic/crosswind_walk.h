@@ -54,8 +54,8 @@ class CrosswindWalk {
 
  private:
   void growTo(std::size_t steps);
-  /// Sum of the probits of the steps before `last`; false where its last bits could tell.
-  bool sumOf(const Probit& probit, double power, std::size_t last, double& sum) const;
+  /// Sum of the probits A + 0.43429 * ln(power * t) of the steps before `last`; false where its last bits could tell.
+  bool sumOf(double A, double power, std::size_t last, double& sum) const;
 
   // By the path of a step in whole metres; 0 stands for the first step.
   std::vector<double> logTime_{0};  // ln t

@@ -48,7 +48,8 @@ CLI::App* addRun(CLI::App& app, noldarz::RunRequest& request) {
          [&request](const std::string& reply) {
            request.answer = reply == "yes" ? noldarz::Reply::yes : noldarz::Reply::no;
          },
-         "Reply to every question (default: the one that each box proposes)")
+         "Reply to every question (default: the one that each box proposes); a question that comes back after a Yes "
+         "takes its default")
       ->check(CLI::IsMember({"yes", "no"}));
   run->add_option(
       "--levels",
@@ -61,13 +62,16 @@ CLI::App* addRun(CLI::App& app, noldarz::RunRequest& request) {
          "Persons per hectare in the rings up to 2, 4, 6, 8 and 10 km, separated by commas: the table with the "
          "numbers of people")
       ->each([&request](const std::string&) { request.table = true; });
+  run->footer(
+      "Exit status: 0 computed (and stored, in a study), 1 no valid run or no study to open, 2 a request that can't be "
+      "taken");
   return run;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) try {
-  CLI::App app{"NOLDA-RZ, dispersion of a released chemical: concentration distances without a screen"};
+  CLI::App app{"NOLDA-RZ, dispersion of a released chemical and what it does to people, without a screen"};
   app.set_version_flag("--version", std::string{"noldarz-cli "} + NOLDARZ_VERSION);
   app.require_subcommand(1);
 

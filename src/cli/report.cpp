@@ -69,6 +69,13 @@ std::string stabilizationUnit(const MainView& main, const RunState& state) {
   return std::string{scaledTime(end.number() / state.windAtHeight).unit};
 }
 
+/// What the limits do not tell; empty when the search had an end.
+std::string limitsNote(const MainView& main, const RunState& state) {
+  const Field& end = main.level.endpt[levelCount - 1];
+  if (state.firstPass != 0 || main.in.MaxFtlyDstOptn.value() != 1 || end.isNumeric()) return "";
+  return "No limits were searched for: the level " + main.level.conclbl[levelCount - 1].caption() + " has no end point";
+}
+
 ReportSection results(const MainView& main, const RunState& state, bool puff) {
   const ResultFields& result = main.result;
   return {"results",
@@ -83,7 +90,8 @@ ReportSection results(const MainView& main, const RunState& state, bool puff) {
                 puff ? "Time for puff dispersion to end" : "Time of stabilization",
                 stabilizationUnit(main, state)),
            item(main.toxic.FatatyDistDsplyLbl, ""),
-           item(main.toxic.InjuryDistDsplyLbl, "")}};
+           item(main.toxic.InjuryDistDsplyLbl, ""),
+           {"limitsNote", "", limitsNote(main, state), ""}}};
 }
 
 ReportTable isopleths(const LevelFields& level) {
@@ -101,7 +109,7 @@ ReportTable isopleths(const LevelFields& level) {
                  {level.distmaxisop, "distmaxisop", "at", "m"},
                  {level.isopang, "isopang", "Angle", "deg"},
                  {level.isoparea, "isoparea", "Area", "Ha"}};
-  ReportTable table{"isopleths", "Isopleths", {}, std::vector<std::vector<std::string>>(levelCount)};
+  ReportTable table{"isopleths", "Isopleths", {}, std::vector<std::vector<std::string>>(levelCount), 1};
   for (const auto& [fields, key, label, unit] : columns) {
     table.columns.push_back({key, label, "", unit});
     for (int i = 0; i < levelCount; ++i) table.rows[static_cast<std::size_t>(i)].push_back(fields[i].text());
@@ -125,7 +133,7 @@ std::string lines(const ReportTable& table) {
     for (const auto& row : table.rows) cells.emplace_back(row[column]);
     std::size_t width = 0;
     for (const auto cell : cells) width = std::max(width, cell.size());
-    const bool words = column == 0 && table.key == "isopleths";
+    const bool words = column < table.wordColumns;
     for (std::size_t i = 0; i < page.size(); ++i)
       page[i] += words ? fmt::format("  {:<{}}", cells[i], width) : fmt::format("  {:>{}}", cells[i], width);
   }
@@ -137,12 +145,17 @@ std::string lines(const ReportTable& table) {
   return text;
 }
 
-/// A message as an item of a list, later lines indented.
-std::string messageLine(const Json& box, int count) {
+/// A message with the reply to a question and how often it came.
+std::string messageText(const Json& box, int count) {
   std::string text = box["text"];
-  for (std::size_t at = 0; (at = text.find('\n', at)) != std::string::npos; at += 5) text.replace(at, 1, "\n    ");
   if (box["buttons"] == "yesno") text += fmt::format(" [{}]", box["reply"].get<std::string>());
-  return "  - " + text + (count > 1 ? fmt::format(" ({} times)\n", count) : "\n");
+  return count > 1 ? text + fmt::format(" ({} times)", count) : text;
+}
+
+std::string withLineBreaks(std::string text, std::string_view lineBreak) {
+  for (std::size_t at = 0; (at = text.find('\n', at)) != std::string::npos; at += lineBreak.size())
+    text.replace(at, 1, lineBreak);
+  return text;
 }
 
 std::string page(const Report& report) {
@@ -153,7 +166,8 @@ std::string page(const Report& report) {
   }
   for (const ReportTable& table : report.tables) text += '\n' + table.title + '\n' + lines(table);
   if (!report.messages.counted().empty()) text += "\nMessages\n";
-  for (const auto& [box, count] : report.messages.counted()) text += messageLine(box, count);
+  for (const auto& [box, count] : report.messages.counted())
+    text += "  - " + withLineBreaks(messageText(box, count), "\n    ") + '\n';
   if (!report.status.empty()) text += '\n' + report.status + '\n';
   return text;
 }
@@ -213,7 +227,7 @@ std::string csv(const Report& report) {
         add(fmt::format("{}({})", table.columns[column].key, i), table.rows[i][column]);
   std::string messages;
   for (const auto& [box, count] : report.messages.counted())
-    messages += (messages.empty() ? "" : "\n") + box["text"].get<std::string>();
+    messages += (messages.empty() ? "" : " | ") + withLineBreaks(messageText(box, count), " ");
   add("messages", messages);
   add("status", report.status);
   return head + '\n' + row + '\n';

@@ -47,6 +47,7 @@ struct ReportTable {
   std::string title;
   std::vector<ReportItem> columns;  ///< their texts are in the rows
   std::vector<std::vector<std::string>> rows;
+  std::size_t wordColumns = 0;  ///< columns of words, from the left; the others are numbers
 };
 
 struct Report {
@@ -58,7 +59,7 @@ struct Report {
   std::string status;  ///< what became of the results; empty without a study
 };
 
-/// Reads the finished run from the fields. `table`: also the report table, which the caller has filled.
+/// Reads the finished run from the fields.
 Report reportOf(System& system, std::string version, std::string source, Messages messages);
 
 /// The report table as it stands, with the numbers of people for the densities of the five rings (persons/Ha) if there are.

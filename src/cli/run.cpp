@@ -20,15 +20,6 @@ bool isScript(const RunRequest& request) {
   return request.target == "-" || fs::is_regular_file(request.target, error);
 }
 
-/// Enters the folder in which the program starts; the script that was named stays the one of the caller's folder.
-std::string enterStartFolder(const RunRequest& request, std::string& script) {
-  if (script != "-") script = fs::absolute(script).string();
-  const std::string folder = isScript(request) ? request.startFolder : request.target;
-  std::error_code error;
-  if (!folder.empty()) fs::current_path(folder, error);
-  return error ? folder + ": no such folder" : "";
-}
-
 std::vector<std::string> items(const std::string& list) {
   std::vector<std::string> found;
   std::istringstream stream(list.empty() ? list : list + ',');
@@ -37,7 +28,7 @@ std::vector<std::string> items(const std::string& list) {
 }
 
 /// Why the numbers of a list can't be taken; empty when they can.
-std::string faultOf(const char* option, const std::vector<std::string>& numbers, std::size_t count, bool gaps) {
+std::string faultOfList(const char* option, const std::vector<std::string>& numbers, std::size_t count, bool gaps) {
   if (!numbers.empty() && numbers.size() != count)
     return fmt::format("{} takes {} numbers, not {}", option, count, numbers.size());
   for (const auto& number : numbers)
@@ -45,26 +36,66 @@ std::string faultOf(const char* option, const std::vector<std::string>& numbers,
   return "";
 }
 
+/// Why the request can't be taken; empty when it can.
+std::string refusal(const RunRequest& request) {
+  const bool ofStudy = !isScript(request);
+  if (ofStudy && !request.startFolder.empty()) return "--start goes with a script";
+  if (!ofStudy && !request.levels.empty()) return "--levels goes with a study";
+  const std::string fault = faultOfList("--levels", items(request.levels), levelCount, true);
+  return fault.empty() ? faultOfList("--density", items(request.densities), ringCount, false) : fault;
+}
+
+/// Enters the folder in which the program starts. Empty, or why not.
+std::string enterStartFolder(const RunRequest& request) {
+  const bool ofStudy = !isScript(request);
+  const std::string& folder = ofStudy ? request.target : request.startFolder;
+  std::error_code error;
+  if (!folder.empty()) fs::current_path(folder, error);
+  if (!error) return "";
+  return folder + (ofStudy ? ": no such folder or script" : ": no such folder");
+}
+
+/// Each question takes the reply of the request, if there is one.
+void prepareAnswers(ScriptedDesktop& desktop, const RunRequest& request) {
+  if (!request.answer) return;
+  desktop.answerQuestions([answer = *request.answer, asked = std::set<std::string>{}](const MessageBox& box) mutable {
+    const bool again = !asked.insert(box.text).second;
+    return again && answer == Reply::yes ? box.defaultReply : answer;
+  });
+}
+
+bool foundMaximum(const RunState& state) { return state.mgcDone == 1 && state.maxConcDone == 1; }
+
 void pressCompute(ScriptSession& session, const std::vector<std::string>& levels) {
   session.runLine("click comput");
-  if (session.system().state().mgcDone != 1 || session.system().state().maxConcDone != 1) return;
+  if (!foundMaximum(session.system().state())) return;
   if (!session.system().runRow().takeStoredLevels()) session.runLine("click getconclvl");
   for (std::size_t i = 0; i < levels.size(); ++i)
     if (!levels[i].empty()) session.runLine(fmt::format("enter constn({}) \"{}\"", i, levels[i]));
   session.runLine("click comput");
 }
 
-/// Why the run is none; empty for a run.
-std::string faultOf(System& system, bool ofStudy) {
-  const RunState& state = system.state();
-  if (state.mgcDone != 1 || state.maxConcDone != 1) return "no maximum ground concentration or no peak was found";
+/// Why there is no valid run, or none in the study; empty when there is.
+std::string faultOfRun(System& system, bool ofStudy) {
+  if (!foundMaximum(system.state())) return "no maximum ground concentration or no peak was found";
   const LevelFields& level = system.mainView().level;
   for (int i = 0; i < levelCount; ++i)
-    if (level.bgnpt[i].text() == mark::inputError) return "the levels were refused; --levels gives others";
+    if (level.bgnpt[i].text() == mark::inputError)
+      return ofStudy ? "the levels were refused; --levels gives others" : "the levels were refused";
   if (!ofStudy || system.runRow().isStored()) return "";
-  if (level.isoplngt[2].isNumeric() && level.isoplngt[2].number() > 0)
-    return system.mainView().scenario.statuslbl.text();
-  return "the results are not stored: the level " + level.conclbl[2].caption() + " is not complete";
+  if (Trap::ignoring().holds([&] { return isStorable(level); })) return system.mainView().scenario.statuslbl.text();
+  return "the results are not stored: the level " + level.conclbl[storingLevel].caption() + " is not complete";
+}
+
+/// Why the run gives no table; empty when it does.
+std::string addTable(System& system, const std::vector<std::string>& densities, Report& report) {
+  try {
+    system.limitSearch().fillTable();
+  } catch (const RuntimeFailure& failure) {
+    return std::string{"no table of fatality and injury: "} + failure.what();
+  }
+  report.tables.push_back(probitTable(system.state(), densities));
+  return "";
 }
 
 }  // namespace
@@ -75,42 +106,31 @@ ExitStatus runAndReport(const RunRequest& request, const std::string& version, s
     errors << request.target << ": " << fault << '\n';
     return status;
   };
-  const auto levels = items(request.levels);
-  const auto densities = items(request.densities);
-  for (const auto& fault : {faultOf("--levels", levels, levelCount, true), faultOf("--density", densities, 5, false)})
-    if (!fault.empty()) return report(fault, ExitStatus::refused);
+  if (const std::string fault = refusal(request); !fault.empty()) return report(fault, ExitStatus::refused);
   const bool ofStudy = !isScript(request);
-  std::string script = request.target;
-  if (const std::string fault = enterStartFolder(request, script); !fault.empty()) {
+  const std::string script = request.target == "-" ? "-" : fs::absolute(request.target).string();
+  if (const std::string fault = enterStartFolder(request); !fault.empty()) {
     errors << fault << '\n';
     return ExitStatus::refused;
   }
   Messages messages;
-  ScriptSession session{[&](const Json& entry) {
-                          if (entry.contains("box")) messages.add(entry["box"]);
-                        },
-                        folders};
-  std::set<std::string> asked;
-  if (request.answer)
-    session.desktop().answerQuestions([&](const MessageBox& box) {
-      const bool again = !asked.insert(box.text).second;
-      return again && request.answer == Reply::yes ? box.defaultReply : *request.answer;
-    });
-  if (!ofStudy) {
-    const ExitStatus status = runScriptFile(session, script, request.target, errors);
-    if (status != ExitStatus::done) return status;
-  } else {
+  const auto record = [&](const Json& entry) {
+    if (entry.contains("box")) messages.add(entry["box"]);
+  };
+  ScriptSession session{record, folders};
+  prepareAnswers(session.desktop(), request);
+  if (ofStudy) {
     session.start();
     if (!session.system().study())
       return report(session.system().views().find("reqfrm")->find("reasonlbl")->caption(), ExitStatus::failed);
-    pressCompute(session, levels);
+    pressCompute(session, items(request.levels));
+  } else if (const ExitStatus status = runScriptFile(session, script, request.target, errors);
+             status != ExitStatus::done) {
+    return status;
   }
   Report printout = reportOf(session.system(), version, request.target, messages);
-  const std::string fault = faultOf(session.system(), ofStudy);
-  if (request.table) {
-    if (fault.empty()) session.system().limitSearch().fillTable();
-    printout.tables.push_back(probitTable(session.system().state(), densities));
-  }
+  std::string fault = faultOfRun(session.system(), ofStudy);
+  if (request.table && fault.empty()) fault = addTable(session.system(), items(request.densities), printout);
   out << printed(printout, request.format);
   if (ofStudy) session.runLine("close");
   return fault.empty() ? ExitStatus::done : report(fault, ExitStatus::failed);

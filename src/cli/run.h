@@ -16,7 +16,7 @@ struct RunRequest {
   /// Folder in which a script starts; empty for the current one.
   std::string startFolder;
   ReportFormat format = ReportFormat::page;
-  /// Reply to every question; else each takes its default. A Yes that brings the same question back ends in its default.
+  /// Reply to every question; else each takes its default. A question that comes back after a Yes takes its default.
   std::optional<Reply> answer;
   /// Six levels (ppm), separated by commas, or none; an empty one stays as the run or the chemical has it.
   std::string levels;
@@ -29,9 +29,9 @@ struct RunRequest {
 /// Computes and prints. A study: the program starts, Compute is pressed twice with the levels of the run, or those of the
 /// chemical for a run that has none yet, and the row is written. A script runs without its own output.
 ///
-/// What keeps the run from being one goes to `errors`: a folder, file, line or level at fault has the status `refused`, and
-/// nothing is printed; a study that can't be opened, and a run that found no maximum, whose levels are refused, or whose
-/// results are not stored, has the status `failed` behind its report.
+/// The reason why there is no valid run goes to `errors`. A request, folder, file or line at fault has the status `refused`,
+/// and nothing is printed. A study that can't be opened has the status `failed`, and so has, behind its report, a run that
+/// found no maximum, whose levels are refused, whose results are not stored, or that gives no table.
 ExitStatus runAndReport(const RunRequest& request, const std::string& version, std::ostream& out, std::ostream& errors,
                         const Folders& folders = Folders::ofUser());
 

@@ -30,7 +30,8 @@ class ScriptedDesktop : public Desktop {
   /// What answers a question, a box of Yes and No, for which no reply is queued.
   void answerQuestions(std::function<Reply(const MessageBox&)> answer) { answerQuestion_ = std::move(answer); }
 
-  /// A box with no queued reply takes its default. Throws ScriptError for a reply that the box doesn't offer.
+  /// A box with no queued reply takes the answer to questions if it is one and there is such, else its default. Throws
+  /// ScriptError for a reply that the box doesn't offer.
   Reply messageBox(const MessageBox& box) override;
   /// A dialog with no queued reply is cancelled.
   std::filesystem::path fileDialog(const FileDialog& dialog) override;

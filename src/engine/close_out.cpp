@@ -34,7 +34,7 @@ void CloseOut::closeRun(const Trap& press) {
                [&] { effects_.toxic.prepareSearch(regime); },
                [&] { reportNegativeLength(); },
                [&] { effects_.toxic.searchLimits(regime); });
-  if (regime.holds([&] { return level_.isoplngt[2].number() > 0; })) storeResults(regime);
+  if (regime.holds([&] { return isStorable(level_); })) storeResults(regime);
   desktop_.setPointer(Pointer::standard);
   mainView_.show();
   progress_.close();

@@ -70,6 +70,11 @@ struct LevelFields {
   void setResults(int level, std::string_view text) const;
 };
 
+/// A run is stored when this level has a positive length.
+inline constexpr int storingLevel = 2;
+/// Whether it has. Fails as Field::number() does for a mark.
+inline bool isStorable(const LevelFields& level) { return level.isoplngt[storingLevel].number() > 0; }
+
 /// The caption that a level has at first, such as "UEL:".
 std::string_view initialLevelCaption(int level);
 

@@ -13,8 +13,9 @@ constexpr std::array<std::string_view, levelCount> limitColumns{"UEL", "LEL", "T
 
 }  // namespace
 
-void nameUpperLevels(const ScenarioFields& fields, const LevelFields& level, const ResultFields& result) {
-  if (fields.naturchem.text() != "Non-Flammable") return;
+bool isFlammable(const ScenarioFields& fields) { return fields.naturchem.text() != "Non-Flammable"; }
+
+void nameUpperLevels(const LevelFields& level, const ResultFields& result) {
   level.conclbl[0].setCaption("Conc. 0");
   level.conclbl[1].setCaption("Conc. 1");
   result.expmass.setText(mark::notApplicable);
@@ -42,13 +43,11 @@ void LevelChoice::getconclvl_Click() {
   fillGaps();
   if (links_.dt4.database()) skipping.step([&] { links_.dt4.refresh(); });
   for (int i = 0; i < levelCount; ++i) level_.conclbl[i].setCaption(initialLevelCaption(i));
-  fillGaps();
-  if (fields_.naturchem.text() == "Non-Flammable")
-    nameUpperLevels(fields_, level_, result_);
-  else
+  if (isFlammable(fields_))
     skipping.step([&] { putInOrder(); });
-  replaceMissing(2, "IDLH");
-  replaceMissing(5, "TWA");
+  else
+    nameUpperLevels(level_, result_);
+  skipping.steps([&] { replaceMissing(2, "IDLH"); }, [&] { replaceMissing(5, "TWA"); });
 }
 
 bool LevelChoice::wishesReset() {

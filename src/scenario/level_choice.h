@@ -38,7 +38,9 @@ class LevelChoice {
   StatusLine& status_;
 };
 
-/// Names the two upper levels of a chemical that is not flammable, which are the user's own. Nothing for any other.
-void nameUpperLevels(const ScenarioFields& fields, const LevelFields& level, const ResultFields& result);
+bool isFlammable(const ScenarioFields& fields);
+
+/// Names the two upper levels of a chemical that is not flammable: they are the user's own, and there is no flammable mass.
+void nameUpperLevels(const LevelFields& level, const ResultFields& result);
 
 }  // namespace noldarz

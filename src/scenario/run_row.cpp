@@ -103,10 +103,7 @@ void RunRow::create(const Trap& skipping) {
   if (isStabilityClass(state_.stblClassStored)) set("StblClas", state_.stblClassStored);
   set("prbtoptn", truth(true));
   probit_.chooseDefaults();
-  set("avalftl", in_.avalftl.text());
-  set("nvalftl", in_.nvalftl.text());
-  set("avalinj", in_.avalinj.text());
-  set("nvalinj", in_.nvalinj.text());
+  probit_.setCells(skipping);
   set("TemptureTmp", in_.tempStore.text());
   skipping.steps([&] { row.set("qntystor", links_.dt4.value("qntychem")); },
                  [&] { row.set("pipholradstor", links_.dt4.value("pipetxt")); });

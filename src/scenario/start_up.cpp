@@ -150,7 +150,7 @@ void StartUp::settleFocus() {
 
 void StartUp::comeToFront() {
   main_.scenario.conctxt1.setVisible(false);
-  nameUpperLevels(main_.scenario, main_.level, main_.result);
+  if (!isFlammable(main_.scenario)) nameUpperLevels(main_.level, main_.result);
 }
 
 void StartUp::paint() {

@@ -10,7 +10,7 @@ namespace noldarz {
 namespace {
 
 // Outer ends of the rings, closed (m); the last ring has none.
-constexpr std::array<double, 4> ringEnds{2000, 4000, 6000, 8000};
+constexpr std::array<double, ringCount - 1> ringEnds{2000, 4000, 6000, 8000};
 
 int ringOf(double distance) {
   int ring = 0;

@@ -13,15 +13,15 @@ namespace {
 constexpr double walkingSpeed = 90;    // m/min
 constexpr double logFactor = 0.43429;  // before the natural logarithm
 constexpr double molarVolume = 24.75;  // l/mol
-constexpr double doseFactor = 0.001;   // in the time of a step
-constexpr double secondsPerMinute = 60;
+constexpr double doseFactor = 0.001;   // of the time in the dose, as the model has it
+constexpr double doseDivisor = 60;     // the same
 constexpr double mostPercent = 100;
 constexpr double leastPercent = 0.9;  // less counts as none
 
 double timeAt(double path) { return rounded(path / walkingSpeed, 4); }
 
 double doseIn(const Walk& walk, double time) {
-  return checked((walk.M * walk.C / molarVolume) * (time * doseFactor) / secondsPerMinute);
+  return checked((walk.M * walk.C / molarVolume) * (time * doseFactor) / doseDivisor);
 }
 
 /// C^B of both probits.

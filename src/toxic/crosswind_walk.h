@@ -33,11 +33,11 @@ void clearWalk(LimitSearchState& state);
 
 /// Walks step by step: along the path y of 0.00001, 1, 2, 3 ... m while it is at most halfEdge
 ///
-///   t    = y / 90, in four decimals                            time at 90 m/min (min)
-///   dose = (M * C / 24.75) * (t * 0.001) / 60                  (mg)
-///   y    = A + 0.43429 * ln(C^B * t), 0 where it is negative   for fatality and for injury; 0 while C or t is 0
+///   t      = y / 90, in four decimals                            time at 90 m/min (min)
+///   dose   = (M * C / 24.75) * (t * 0.001) / 60                  (mg)
+///   probit = A + 0.43429 * ln(C^B * t), 0 where it is negative   for fatality and for injury; 0 while C or t is 0
 ///
-/// and sums all steps but the last into doseSum, pctFtl and pctInj. A sum above 100 becomes 100, one below 0.9 becomes 0:
+/// (0.43429 is 1 / ln 10, which makes the logarithm a decimal one), and sums all steps but the last into doseSum, pctFtl and pctInj. A sum above 100 becomes 100, one below 0.9 becomes 0:
 /// these clamped sums are the percent figures. Leaves the path behind the last step in crossPath, and its values in
 /// exposureMin, doseStep, probitFtl and probitInj.
 ///
@@ -49,12 +49,14 @@ void walkStepByStep(const Walk& walk, LimitSearchState& state);
 /// figure into 0 or back, the walk goes step by step.
 class CrosswindWalk {
  public:
-  /// What walkStepByStep does, in a time that grows with the logarithm of the path.
+  /// What walkStepByStep does. The first walk of a length takes a time that grows with it, and its tables are kept; then it
+  /// is the logarithm of the length.
   void walk(const Walk& walk, LimitSearchState& state);
 
  private:
   void growTo(std::size_t steps);
-  /// Sum of the probits A + 0.43429 * ln(power * t) of the steps before `last`; false where its last bits could tell.
+  /// Sum of the probits A + 0.43429 * ln(power * t) of the steps before `last`; false when rounding
+  /// could decide whether it reaches the least percent, or the power lies outside the safe range.
   bool sumOf(double A, double power, std::size_t last, double& sum) const;
 
   // By the path of a step in whole metres; 0 stands for the first step.

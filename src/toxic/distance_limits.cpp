@@ -16,11 +16,11 @@ constexpr int injuryLevel = 4;
 constexpr int outermost = levelCount - 1;
 
 constexpr double noLimit = 0.05;  // m, stands in the row for nobody
-constexpr Colour noLimitColour = Colour::fromScreen(1171279);
+constexpr Colour noLimitColour = Colour::fromScreen(0x11DF4F);
 
 constexpr std::string_view searchLine{"Now Computing maximum fatality and Injury distance"};
 
-/// A raw limit lies two steps past the last distance; one of 1 m comes off again.
+/// A raw limit lies two steps past the last distance; 1 m comes off, whatever the step.
 double limitOf(double raw) { return raw > 2 ? raw - 1 : raw; }
 
 }  // namespace

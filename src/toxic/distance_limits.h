@@ -32,7 +32,7 @@ class DistanceLimits {
 
   /// The limits are shown by the way now chosen, stored in the run row if there are any, and the choice is kept as a
   /// setting. By the probit equation they are those that the search has found; by lethal concentration the end point of level
-  /// 2 for fatality, of level 4 for injury.
+  /// 2 for fatality, of level 4 for injury. A probit limit of nobody goes into the row as 0 here.
   void MaxFtlyDstOptn_Click();
 
   /// What the row of a finished run holds as limits (m): a probit limit of nobody is 0.05.
@@ -40,7 +40,7 @@ class DistanceLimits {
     Cell fatality;
     Cell injury;
   };
-  /// The stored limits take the same numbers; a mark leaves its one as it was.
+  /// The stored limits take the same numbers; a mark leaves that limit unchanged.
   RowLimits takeRowLimits();
 
  private:
@@ -72,6 +72,7 @@ namespace limitChoice {
 inline constexpr std::string_view byProbit{"Computes Fatality and Injury dist. limit using Probit Equation."};
 inline constexpr std::string_view byConcentration{
     "Computes Fatality and Injury dist. limit using lethal concentration."};
+// As the start-up shows it, the word twice.
 inline constexpr std::string_view byConcentrationAtStart{
     "Computes Fatality and Injury dist. limit using using lethal concentration."};
 inline constexpr const char* application = "noldarz";

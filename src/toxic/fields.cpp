@@ -45,6 +45,7 @@ ReportCells::ReportCells(View& view)
       Absftltxt(view.array<tableRows>(FieldKind::label, "Absftltxt")),
       AbsInjtxt(view.array<tableRows>(FieldKind::label, "AbsInjtxt")) {}
 
-DensityFields::DensityFields(View& view) : populatndnsty(view.array<5>(FieldKind::text, "populatndnsty", "0")) {}
+DensityFields::DensityFields(View& view)
+    : populatndnsty(view.array<ringCount>(FieldKind::text, "populatndnsty", "0")) {}
 
 }  // namespace noldarz

@@ -2,11 +2,10 @@
 // the absolute numbers work on.
 #pragma once
 
-#include <cstddef>
-
 #include "engine/fields.h"
 #include "platform/field.h"
 #include "platform/view.h"
+#include "toxic/state.h"
 
 namespace noldarz {
 
@@ -29,12 +28,6 @@ struct ProfileProgress {
   Field& probrLbl;  // text
 };
 
-/// Rows of the report table.
-inline constexpr int tableRows = 20;
-/// Cells of a row: distance (m), fatality (%), injury (%), area (Ha), concentration (ppm), dose (mg).
-inline constexpr int rowCells = 6;
-inline constexpr std::size_t tableCells = std::size_t{tableRows} * rowCells;
-
 /// The report table as the report shows it.
 struct ReportCells {
   explicit ReportCells(View& view);
@@ -44,11 +37,14 @@ struct ReportCells {
   FieldArray<tableRows> AbsInjtxt;  // people who are hurt in it
 };
 
+/// Rings of 2 km around the source.
+inline constexpr int ringCount = 5;
+
 /// Population density of the sector shown, by ring of 2 km (persons/Ha).
 struct DensityFields {
   explicit DensityFields(View& view);
 
-  FieldArray<5> populatndnsty;
+  FieldArray<ringCount> populatndnsty;
 };
 
 }  // namespace noldarz

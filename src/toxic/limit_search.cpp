@@ -1,7 +1,5 @@
 #include "toxic/limit_search.h"
 
-#include <algorithm>
-
 #include "engine/gaussian.h"
 #include "platform/colour.h"
 #include "platform/failure.h"
@@ -15,7 +13,7 @@ constexpr int outermost = levelCount - 1;
 constexpr int walkLevel = 4;  // people walk to the edge of this one
 
 constexpr double behindBegin = 0.1;     // m, from the begin of level 0 to the first distance
-constexpr double fineStepReach = 1000;  // m, with a step of 1 m; beyond it the way is cut into as many steps
+constexpr double fineStepReach = 1000;  // m, walked by 1 m; beyond it the step grows
 constexpr double stripLength = 1;       // m
 constexpr double hectaresPerSquareMetre = 0.0001;
 constexpr double leastArea = 0.001;  // Ha
@@ -55,6 +53,7 @@ void LimitSearch::prbtRun(Product product, ProfileSink* chart) {
   try {
     begin();
     const std::string& length = level_.isoplngt[walkLevel].text();
+    // Compared with the text that the user sees, not with the distance of the press.
     if (length != mark::notApplicable && length != ">" + in_.enddisttxt.text()) goDownwind(chart);
   } catch (...) {
     end();
@@ -176,8 +175,7 @@ void LimitSearch::addBand() {
 
 void LimitSearch::finishRow(ProfileSink* chart) {
   addBand();
-  search_.pctFtl = std::clamp(search_.pctFtl, 0.0, 100.0);
-  search_.pctInj = std::clamp(search_.pctInj, 0.0, 100.0);
+  // Each is 0 to 100 behind the walk.
   if (search_.pctFtl + search_.pctInj > 100) search_.pctInj = 100 - search_.pctFtl;
   if (chart)
     drawCurves(*chart);

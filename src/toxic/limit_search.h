@@ -35,7 +35,8 @@ class LimitSearch {
               const LevelState& passes, PlumeModel& plume, const ScenarioInputs& in, const LevelFields& level,
               const ToxicFields& fields, Progress& progress, Desktop& desktop);
 
-  /// The limits alone, into ftlLimitRaw and injLimitRaw: at up to a thousand distances.
+  /// The limits alone, into ftlLimitRaw and injLimitRaw: every 1 m up to 1000 m, beyond by a thousandth of the way rounded
+  /// to whole metres, so at some 1500 distances at most.
   void findLimits() { prbtRun(Product::limits, nullptr); }
   /// The rows of prbtTable, whose 20 rows the caller has cleared: a twentieth of the way apart, from the begin of level 0 on.
   void fillTable() { prbtRun(Product::table, nullptr); }
@@ -69,7 +70,8 @@ class LimitSearch {
   /// below the level.
   void prbtHalfWidth();
 
-  /// Area of the cloud of the outermost level between rowFrom and the next row (Ha), in strips of 1 m.
+  /// Area of the cloud of the outermost level from rowFrom to one step behind it (Ha), in strips of 1 m. The half width of the
+  /// last strip goes on to the next band and, as halfWidthAt, beyond the search.
   void addBand();
   void drawCurves(ProfileSink& chart);
   void writeRow();

@@ -136,14 +136,16 @@ void ProbitConstants::prbtStoreConstants() {
   trap.steps([&] { command_.comput.enable(); }, [&] { redosimul_.enable(); });
 }
 
+void ProbitConstants::setCells(const Trap& regime) {
+  for (const auto& constant : constantsOf(in_)) regime.step([&] { row_.set(constant.column, constant.field.text()); });
+}
+
 void ProbitConstants::storeChoice() {
   const bool own = in_.prbtoptn.value() != 1;
   const Trap skipping = status_.skipping();
   if (!row_.database() || (own && !row_.hasRow())) return;
   skipping.steps([&] { row_.edit(); }, [&] { row_.set("prbtoptn", truth(!own)); });
-  if (!own)
-    for (const auto& constant : constantsOf(in_))
-      skipping.step([&] { row_.set(constant.column, constant.field.text()); });
+  if (!own) setCells(skipping);
   skipping.step([&] { row_.update(); });
 }
 

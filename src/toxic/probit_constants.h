@@ -30,12 +30,14 @@ class ProbitConstants {
   /// Sets the constants of the run state from the chemical; -10, 2, -5, 2 for one that is not in the table.
   void prbtLoadConstants();
   /// Opens or closes the four fields by `prbtoptn`, and when it is 1 fills them from the chemical; -10, 2, -6, 2 for one
-  /// that is not in the table. Touches neither the run state nor the study. A failing step shows a box with its number and
-  /// turns `prbtoptn` off and on again.
+  /// that is not in the table. Touches neither the run state nor the study, but for a failing step, which shows a box with
+  /// its number and turns `prbtoptn` off and on again, each with its click.
   void prbtFillDefaults();
   /// Writes the four fields into the run row and opens `comput` and `redosimul`. A failing step shows a box and closes both
-  /// commands, before the next one runs.
+  /// commands before the next one runs, so that a failure of the row ends with both open.
   void prbtStoreConstants();
+  /// Sets the cells of the four constants in the row that is open for writing, each as a statement of its own.
+  void setCells(const Trap& regime);
 
   /// Value 1: the constants of the chemical come into the fields and the run row. Else the fields keep what they show, and
   /// the row the choice. The run state takes the numbers in the fields.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <string>
 #include <variant>
 
@@ -54,10 +55,17 @@ struct LimitSearchState {
   double profileScaleY = 0;  ///< of the profile chart (% per mm)
 };
 
+/// Rows of the report table.
+inline constexpr int tableRows = 20;
+/// Cells of a row: distance (m), fatality (%), injury (%), area (Ha), concentration (ppm), dose (mg).
+inline constexpr int rowCells = 6;
+inline constexpr std::size_t tableCells = std::size_t{tableRows} * rowCells;
+/// Cells behind the rows, which are never filled.
+inline constexpr std::size_t spareCells = 7;
+
 struct ToxicState {
-  /// Report table of the limit search, six cells a row, 20 rows: distance (m), fatality (%), injury (%), area (Ha),
-  /// concentration (ppm), dose. The last cells, behind the 20 rows, are never filled.
-  std::array<TableCell, 127> prbtTable{};
+  /// Report table of the limit search, row by row.
+  std::array<TableCell, tableCells + spareCells> prbtTable{};
 };
 
 inline std::string cellText(const TableCell& cell) {

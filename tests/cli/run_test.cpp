@@ -6,7 +6,6 @@
 #include <fstream>
 #include <sstream>
 
-#include "engine/close_out.h"
 #include "support/test_study.h"
 
 namespace noldarz {
@@ -121,17 +120,21 @@ TEST(Run, computesAStudyAndKeepsTheRunSoThatASecondOneGivesTheSameBytes) {
 TEST(Run, printsTheTextsOfTheFieldsInEveryFormat) {
   RunStudy study{test::exampleStudy("lpg")};
   study.request.table = true;
+  study.request.densities = "40,30,20,10,0";
   study.request.format = ReportFormat::json;
   const Json json = Json::parse(study.compute().out);
   EXPECT_EQ(json["version"], NOLDARZ_VERSION);
   EXPECT_EQ(json["inputs"]["stblclscbo"], "F");
   EXPECT_EQ(json["inputs"]["avalinj"], "-6.0");
   EXPECT_EQ(json["units"]["endpt"], "m");
+  // 0.107 Ha of 75.05 % at 40 persons/Ha
+  EXPECT_EQ(json["probitTable"][1]["AbsInjtxt"], "3.212");
   ASSERT_EQ(json["isopleths"].size(), 6U);
   EXPECT_EQ(json["isopleths"][1]["conclbl"], "LEL:");
   ASSERT_EQ(json["probitTable"].size(), 20U);
-  EXPECT_EQ(json["results"]["expmass"].get<std::string>(),
-            Format(json["results"]["expmass"].get<std::string>(), "0.000"));
+  const std::string mass = json["results"]["expmass"];
+  ASSERT_TRUE(isNumeric(mass));
+  EXPECT_EQ(mass, Format(mass, "0.000"));
 
   study.request.format = ReportFormat::csv;
   const std::string csv = study.compute().out;
@@ -153,6 +156,7 @@ TEST(Run, answersQuestionsAsAsked) {
   const Printed no = study.compute();
   EXPECT_EQ(no.status, ExitStatus::done) << no.errors;  // level 2 is complete, so the row is written
   EXPECT_NE(no.out.find("Wish to simulate beyond 10000 m"), std::string::npos);
+  EXPECT_NE(no.out.find("No limits were searched for: the level TWA: has no end point"), std::string::npos);
   EXPECT_EQ(no.out.find("Wish to simulate beyond 20000 m"), std::string::npos);
   study.request.answer = Reply::yes;
   const Printed yes = study.compute();
@@ -180,6 +184,14 @@ TEST(Run, failsBehindTheReportOfWhatIsNoRun) {
   EXPECT_EQ(printed.status, ExitStatus::failed);
   EXPECT_NE(printed.errors.find("The results are not stored: "), std::string::npos) << printed.errors;
 
+  RunRequest late = scriptOf(script +
+                             "click comput\nset constn(0) 1000\nset constn(1) 500\nset constn(2) 200\nset "
+                             "constn(3) 100\nset constn(4) 50\nset constn(5) 20\nclick comput\nset molwttxt x");
+  late.table = true;
+  printed = run(late);
+  EXPECT_EQ(printed.errors, late.target + ": no table of fatality and injury: the text is no number\n");
+  EXPECT_EQ(printed.out.find("Injury  "), std::string::npos);
+
   printed = run(scriptOf("echo hello"));
   EXPECT_EQ(printed.status, ExitStatus::failed);
   EXPECT_NE(printed.errors.find("no maximum ground concentration or no peak was found"), std::string::npos);
@@ -203,7 +215,11 @@ TEST(Run, refusesWhatItCanNotTakeAndPrintsNothing) {
   refused(with([](auto& r) { r.levels = "1,2"; }), target + ": --levels takes 6 numbers, not 2", ExitStatus::refused);
   refused(with([](auto& r) { r.levels = "1,2,x,,,"; }), target + ": --levels: \"x\" is no number", ExitStatus::refused);
   refused(with([](auto& r) { r.densities = "1,,,,"; }), target + ": --density: \"\" is no number", ExitStatus::refused);
-  refused(with([](auto& r) { r.target = "/nowhere"; }), "/nowhere: no such folder", ExitStatus::refused);
+  refused(with([](auto& r) { r.startFolder = "/"; }), target + ": --start goes with a script", ExitStatus::refused);
+  RunRequest scripted = scriptOf("echo hello");
+  scripted.levels = "6,5,4,3,2,1";
+  refused(scripted, scripted.target + ": --levels goes with a study", ExitStatus::refused);
+  refused(with([](auto& r) { r.target = "/nowhere"; }), "/nowhere: no such folder or script", ExitStatus::refused);
   std::filesystem::remove(study.folder.study());
   refused(study.request, target + ": " + study.folder.study().string() + " is not there", ExitStatus::failed);
   test::writeFile(study.folder.study(), "no study");
@@ -212,17 +228,6 @@ TEST(Run, refusesWhatItCanNotTakeAndPrintsNothing) {
   EXPECT_EQ(test::readFile(study.folder.study()), "no study");
   const RunRequest bad = scriptOf("show nothing");
   refused(bad, bad.target + ":1: no field \"nothing\" in view dspmnfrm", ExitStatus::refused);
-}
-
-TEST(Run, showsTheTimeInTheUnitOfItsScale) {
-  const struct {
-    double seconds, value;
-    const char* unit;
-  } cases[] = {{0, 0, "s"}, {60, 60, "s"}, {61, 61.0 / 60, "min"}, {3600, 60, "min"}, {3601, 3601.0 / 3600, "h"}};
-  for (const auto& [seconds, value, unit] : cases) {
-    EXPECT_EQ(scaledTime(seconds).value, value);
-    EXPECT_EQ(scaledTime(seconds).unit, unit);
-  }
 }
 
 TEST(Run, saysARepeatedMessageOnce) {

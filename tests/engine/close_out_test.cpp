@@ -12,7 +12,10 @@ TEST(CloseOut, sharesOutTheWindOfAFinishedRun) {
     const char* each;
     const char* last;
     const char* calm;
-  } cases[] = {{"12.5", "12.5", "0.00"}, {"10", "8.25", "21.75"}, {"0", "0", "100.00"}, {"20", "N.A.", "before"}};
+  } cases[] = {{"12.5", "12.5", "0.00"},
+               {"10", "8.25", "21.75"},
+               {"0", "0", "100.00"},
+               {"20", "N.A.", "100.00"}};  // the sum is not taken, and nothing is taken off
   for (const auto& [each, last, calm] : cases) {
     TestSystem system;
     system.setRelease();
@@ -21,10 +24,20 @@ TEST(CloseOut, sharesOutTheWindOfAFinishedRun) {
     system.press();
     EXPECT_EQ(system.text("calmlbl(0)"), "before");  // no level is complete
     system.setLevels({"1000", "500", "200", "100", "50", "20"});
-    system.main().result.wndvel.setCaption("before");
     system.press();
-    EXPECT_EQ(system.text("calmlbl(0)"), std::string{calm} == "before" ? "100.00" : calm);
+    EXPECT_EQ(system.text("calmlbl(0)"), calm);
     EXPECT_EQ(system.text("comput"), "Concentration distances computed.");
+  }
+}
+
+TEST(CloseOut, showsTheTimeInTheUnitOfItsScale) {
+  const struct {
+    double seconds, value;
+    const char* unit;
+  } cases[] = {{0, 0, "s"}, {60, 60, "s"}, {61, 61.0 / 60, "min"}, {3600, 60, "min"}, {3601, 3601.0 / 3600, "h"}};
+  for (const auto& [seconds, value, unit] : cases) {
+    EXPECT_EQ(scaledTime(seconds).value, value);
+    EXPECT_EQ(scaledTime(seconds).unit, unit);
   }
 }
 

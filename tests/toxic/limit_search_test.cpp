@@ -44,6 +44,7 @@ void checkRun(const nlohmann::json& run) {
     return yes ? Reply::yes : Reply::no;
   });
   system.press();
+  EXPECT_TRUE(replies.empty());
   for (const char* name : {"FatatyDistDsplyLbl", "InjuryDistDsplyLbl", "maxdstprtxt"})
     EXPECT_EQ(system.text(name), run.at(name).get<std::string>()) << name;
   EXPECT_NEAR(system.state().ftlLimitRaw, run.at("ftlLimitRaw").get<double>(), 1e-9);

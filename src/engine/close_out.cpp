@@ -1,5 +1,6 @@
 #include "engine/close_out.h"
 
+#include "engine/wind_share.h"
 #include "platform/text.h"
 
 namespace noldarz {
@@ -87,11 +88,7 @@ void CloseOut::reportNegativeLength() {
 void CloseOut::storeResults(const Trap& regime) {
   regime.steps([&] { effects_.rows.storeRun(); },
                [&] { command_.comput.setCaption("Results at given concentration"); },
-               [&] {
-                 double total = 0;
-                 for (int i = 0; i < in_.Givnwnd.size(); ++i) total += in_.Givnwnd[i].number();
-                 wind_.windTotal = checked(total);
-               },
+               [&] { wind_.windTotal = windSum(in_); },
                [&] { wind_.calmPct = 100 - wind_.windTotal; },
                [&] { result_.calmlbl[0].setCaption(Format(wind_.calmPct, "0.00")); });
 }

@@ -72,6 +72,8 @@ ScenarioInputs::ScenarioInputs(View& view)
           check(view, "MaxFtlyDstOptn", "Computes Fatality and Injury dist. limit using Probit Equation.", 1)),
       Givnwnd(view.array<8>(FieldKind::text, "Givnwnd", "0")) {
   hudityTxt.setToolTip("Enter only if humidity will affect toxicity");
+  enddisttxt.setToolTip("Limit : 50000 m");
+  stblclscbo.setToolTip("Always select Stability class from dropdown");
 }
 
 LevelFields::LevelFields(View& view)
@@ -84,7 +86,11 @@ LevelFields::LevelFields(View& view)
       isopang(view.array<levelCount>(FieldKind::text, "isopang", "0")),
       distmaxisop(view.array<levelCount>(FieldKind::text, "distmaxisop", "0")),
       isoparea(view.array<levelCount>(FieldKind::text, "isoparea", "0")) {
-  for (int i = 0; i < levelCount; ++i) conclbl[i].setCaption(initialLevelCaption(i));
+  for (int i = 0; i < levelCount; ++i) {
+    constn[i].setToolTip("Enter concentration (ppm) as desired in descending order.");
+    conclbl[i].setCaption(initialLevelCaption(i));
+    conclbl[i].setToolTip("Click to edit text");
+  }
 }
 
 std::string_view initialLevelCaption(int level) { return levelCaptions.at(static_cast<std::size_t>(level)); }
@@ -113,6 +119,7 @@ CommandFields::CommandFields(View& view)
       getconclvl(view.add(FieldKind::button, "getconclvl", "Get Concentration (ppm):")),
       prntprv(view.add(FieldKind::combo, "prntprv")) {
   getconclvl.setToolTip("Click to get concentration from database for the chemical selected");
+  prntprv.setToolTip("Print Reoprt Preview Options");
   prntprv.disable();
 }
 

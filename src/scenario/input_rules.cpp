@@ -9,11 +9,14 @@ namespace noldarz {
 namespace {
 
 constexpr std::string_view usersClass{"Custom"};
+constexpr double farthestSimulation = 50000;  // m, of what is entered; extensions go on
+constexpr double nearestSimulation = 1000;    // m
 
 }  // namespace
 
 InputRules::InputRules(View& view, ModelState& model, ScenarioState& state, const ScenarioInputs& in,
-                       const ResultFields& result, const ScenarioFields& fields, MainLinks& links, PlumeModel& plume,
+                       const LevelFields& level, const ResultFields& result, const CommandFields& command,
+                       const ScenarioFields& fields, MainLinks& links, PlumeModel& plume, WindShare& wind,
                        Desktop& desktop, StatusLine& status)
     : model_(model),
       state_(state),
@@ -22,6 +25,7 @@ InputRules::InputRules(View& view, ModelState& model, ScenarioState& state, cons
       fields_(fields),
       links_(links),
       plume_(plume),
+      wind_(wind),
       desktop_(desktop),
       status_(status) {
   view.on(in_.htreltxt, Event::lostFocus, [this] { htreltxt_LostFocus(); });
@@ -32,12 +36,19 @@ InputRules::InputRules(View& view, ModelState& model, ScenarioState& state, cons
   view.on(in_.wndveltxt, Event::lostFocus, [this] { wndveltxt_LostFocus(); });
   view.on(fields_.scnrotxtlbl, Event::gotFocus, [this] { scnrTextBefore_ = fields_.scnrotxtlbl.text(); });
   view.on(fields_.scnrotxtlbl, Event::lostFocus, [this] { scnrotxtlbl_LostFocus(); });
+  view.on(in_.enddisttxt, Event::lostFocus, [this] { enddisttxt_LostFocus(); });
+  for (int i = 0; i < levelCount; ++i)
+    view.on(level.constn[i], Event::lostFocus, [this, &constn = level.constn[i]] { constn_LostFocus(constn); });
+  for (int i = 0; i < in_.Givnwnd.size(); ++i)
+    view.on(in_.Givnwnd[i], Event::lostFocus, [this, &share = in_.Givnwnd[i]] { Givnwnd_LostFocus(share); });
+  view.on(command.prntprv, Event::click, [this, &list = command.prntprv] { prntprv_Click(list); });
   view.on(fields_.no2, Event::click, [this] { chooseLineWidth(true); });
   view.on(fields_.no4, Event::click, [this] { chooseLineWidth(false); });
 }
 
-void InputRules::refuse(Field& field, const std::string& text) {
+void InputRules::refuse(Field& field, const std::string& text, std::string_view replacement) {
   desktop_.messageBox(critical(text));
+  if (!replacement.empty()) field.setText(replacement);
   status_.skipping().step([&] { desktop_.setFocus(field); });
 }
 
@@ -51,15 +62,42 @@ void InputRules::saveHeights() {
 }
 
 void InputRules::htreltxt_LostFocus() {
-  if (!in_.htreltxt.isNumeric()) {
+  if (!in_.htreltxt.isNumeric())
     refuse(in_.htreltxt, "Height of release should be Numeric");
-  } else if (in_.htreltxt.number() < leastReleaseHeight) {
-    desktop_.messageBox(critical("Height of release should be > or = 0.1 m"));
-    in_.htreltxt.setText("1");
-    status_.skipping().step([&] { desktop_.setFocus(in_.htreltxt); });
-  } else {
+  else if (in_.htreltxt.number() < leastReleaseHeight)
+    refuse(in_.htreltxt, "Height of release should be > or = 0.1 m", "1");
+  else
     saveHeights();
+}
+
+void InputRules::enddisttxt_LostFocus() {
+  Field& field = in_.enddisttxt;
+  const auto& [outcome, distance] = field.parsed();
+  if (outcome != ParsedNumber::Outcome::number)
+    refuse(field, "Variable should be Numeric", outcome == ParsedNumber::Outcome::outOfRange ? "10000" : "");
+  else if (distance > farthestSimulation)
+    refuse(field, "Max. Distance for simulation (m) should be < 50000 m", "50000");
+  else if (distance < nearestSimulation)
+    refuse(field, "Min. Distance for simulation (m) should be > 1000 m", "1000");
+}
+
+void InputRules::constn_LostFocus(Field& constn) {
+  if (!constn.isNumeric())
+    refuse(constn, "ppm should be Numeric");
+  else if (constn.number() <= 0)
+    refuse(constn, "ppm should be > 0", "1");
+}
+
+void InputRules::Givnwnd_LostFocus(Field& share) {
+  const bool numeric = share.isNumeric();
+  if (numeric && share.number() >= 0) {
+    wind_.shareOut();
+    return;
   }
+  if (!numeric) desktop_.messageBox(information("Variable error."));
+  desktop_.messageBox(information("Variable required."));
+  share.setText("0");
+  status_.skipping().step([&] { desktop_.setFocus(share); });
 }
 
 void InputRules::roghwndoptcbo_LostFocus() {
@@ -116,6 +154,10 @@ void InputRules::scnrotxtlbl_LostFocus() {
     if (name != scnrTextBefore_) askForRunRow();
   }
   scnrTextBefore_.clear();
+}
+
+void InputRules::prntprv_Click(const Field& list) {
+  status_.say("\"" + list.text() + "\" is not part of this version.");
 }
 
 void InputRules::chooseLineWidth(bool thin) {

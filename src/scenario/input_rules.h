@@ -1,12 +1,14 @@
-// The rules of the fields that write to the study when they lose the focus: heights, terrain, stability class, wind, name of
-// the run.
+// The rules of the input fields when they are left: heights, distance, terrain, stability class, wind, levels, shares of the
+// wind, name of the run. What passes is stored; what does not gives a box and, in most cases, the focus back.
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "engine/fields.h"
 #include "engine/plume_model.h"
 #include "engine/state.h"
+#include "engine/wind_share.h"
 #include "platform/desktop.h"
 #include "platform/status_line.h"
 #include "scenario/fields.h"
@@ -18,24 +20,30 @@ namespace noldarz {
 class InputRules {
  public:
   /// Subscribes the rules to the events of the view.
-  InputRules(View& view, ModelState& model, ScenarioState& state, const ScenarioInputs& in, const ResultFields& result,
-             const ScenarioFields& fields, MainLinks& links, PlumeModel& plume, Desktop& desktop, StatusLine& status);
+  InputRules(View& view, ModelState& model, ScenarioState& state, const ScenarioInputs& in, const LevelFields& level,
+             const ResultFields& result, const CommandFields& command, const ScenarioFields& fields, MainLinks& links,
+             PlumeModel& plume, WindShare& wind, Desktop& desktop, StatusLine& status);
 
   /// Asks for the run row step: it runs once this event has ended.
   void askForRunRow() { fields_.tmr_1.enable(); }
 
  private:
   void htreltxt_LostFocus();
+  void enddisttxt_LostFocus();
+  void constn_LostFocus(Field& constn);
+  void Givnwnd_LostFocus(Field& share);
   void roghwndoptcbo_LostFocus();
   void stblclscbo_LostFocus();
   void stblclscbo_Click();
   void wndveltxt_LostFocus();
   void scnrotxtlbl_LostFocus();
+  /// The choice of an output: none of their views is there yet.
+  void prntprv_Click(const Field& list);
   /// The entry checks itself and unchecks the other.
   void chooseLineWidth(bool thin);
 
-  /// A box with the text, and the focus goes back to the field.
-  void refuse(Field& field, const std::string& text);
+  /// A box with the text, and the focus goes back to the field, with the replacement in it if there is one.
+  void refuse(Field& field, const std::string& text, std::string_view replacement = {});
   void refuseEntry(Field& field);
   void saveHeights();
 
@@ -46,6 +54,7 @@ class InputRules {
   const ScenarioFields& fields_;
   MainLinks& links_;
   PlumeModel& plume_;
+  WindShare& wind_;
   Desktop& desktop_;
   StatusLine& status_;
   std::string scnrTextBefore_;  // name of the run when its field took the focus

@@ -14,6 +14,7 @@
 #include "platform/settings.h"
 #include "platform/view.h"
 #include "scenario/input_rules.h"
+#include "scenario/level_captions.h"
 #include "scenario/level_choice.h"
 #include "scenario/main_view.h"
 #include "scenario/required_files.h"
@@ -73,7 +74,9 @@ class System {
   LevelPasses levelPasses_;
   CloseOut closeOut_;
   Compute compute_;
+  WindShare windShare_;
   InputRules inputRules_;
+  LevelCaptions levelCaptions_;
   LevelChoice levelChoice_;
   RequiredFiles requiredFiles_;
   StartUp startUp_;

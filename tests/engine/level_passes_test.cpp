@@ -34,6 +34,7 @@ TEST_F(LevelPassesTest, refuseLevelsThatAreOutOfOrder) {
       {{"99999999", "50", "40", "30", "20", "10"}, 1},
   };
   for (const auto& [levels, marked] : cases) {
+    system.session.desktop().forgetFields();  // the focus is in no level of the case before
     system.setLevels(levels);
     system.press();
     const auto boxes = system.record;

@@ -1,4 +1,4 @@
-// The rules of the fields that write to the study when they lose the focus.
+// The rules of the input fields when they are left.
 
 #include "scenario/input_rules.h"
 
@@ -10,6 +10,7 @@ namespace noldarz {
 namespace {
 
 using test::TestStudy;
+using test::TestSystem;
 using test::Texts;
 
 const std::string heights = "SELECT htrel, htsmul, terrain FROM Disptbl";
@@ -54,6 +55,108 @@ TEST(InputRules, testAFieldWhenItIsLeft) {
     EXPECT_EQ(study.rows(query), Texts{row}) << field << typed;
     EXPECT_EQ(study.session->desktop().focused() == &study.field(field), *box != 0) << field << typed;
   }
+}
+
+TEST(InputRules, testWhatIsNotStored) {
+  const struct {
+    const char* field;
+    const char* typed;
+    Texts boxes;
+    const char* text;
+  } cases[] = {
+      {"enddisttxt", "50000", {}, "50000"},
+      {"enddisttxt", "1000", {}, "1000"},
+      {"enddisttxt", "far", {"critical: Variable should be Numeric"}, "far"},
+      {"enddisttxt", "1e999", {"critical: Variable should be Numeric"}, "10000"},
+      {"enddisttxt", "50000.01", {"critical: Max. Distance for simulation (m) should be < 50000 m"}, "50000"},
+      {"enddisttxt", "999.9", {"critical: Min. Distance for simulation (m) should be > 1000 m"}, "1000"},
+      {"constn(4)", "0.001", {}, "0.001"},
+      {"constn(0)", "", {"critical: ppm should be Numeric"}, ""},
+      {"constn(5)", "0", {"critical: ppm should be > 0"}, "1"},
+      {"constn(3)", "-2", {"critical: ppm should be > 0"}, "1"},
+      {"Givnwnd(2)", "", {"information: Variable error.", "information: Variable required."}, "0"},
+      {"Givnwnd(7)", "calm", {"information: Variable error.", "information: Variable required."}, "0"},
+      {"Givnwnd(0)", "-1", {"information: Variable required."}, "0"},
+      {"Givnwnd(0)", "60", {"critical: 1. Total Wind percentage can not be > 100%"}, "60"},
+      {"Givnwnd(0)", "5", {}, "5"},
+  };
+  TestStudy study;
+  for (const auto& [field, typed, boxes, text] : cases) {
+    study.run("close\nstart");
+    study.record.clear();
+    study.run(std::string{"enter "} + field + " \"" + typed + "\"");
+    Texts told;
+    for (const Json& entry : study.record)
+      if (entry.contains("box"))
+        told.push_back(entry["box"]["icon"].get<std::string>() + ": " + entry["box"]["text"].get<std::string>());
+    EXPECT_EQ(told, boxes) << field << typed;
+    EXPECT_EQ(study.text(field), text) << field << typed;
+    const bool kept = !boxes.empty() && boxes[0].find("Total") == std::string::npos;
+    EXPECT_EQ(study.session->desktop().focused() == &study.field(field), kept) << field << typed;
+  }
+}
+
+TEST(InputRules, shareOutTheWind) {
+  const struct {
+    Texts shares;  // the last ones are 0
+    const char* entered;
+    const char* calm;
+    double total;
+    const char* box;
+  } cases[] = {
+      {{"12.5", "12.5", "12.5", "12.5", "12.5", "12.5", "12.5"}, "12.5", "0.00", 100, ""},
+      {{"33.3", "33.3"}, "33.4", "0.00", 100, ""},
+      {{"90"}, "10.01", "-0.01", 100.01, "1. Total Wind percentage can not be > 100%"},
+      {{}, "0", "100.00", 0.001, "1. No wind in 8 orientation, 100% calm"},
+      {{"10", "20"}, "0.25", "69.75", 30.25, ""},
+      {{"10", "x"}, "20", "100.00", 0.001, "1. No wind in 8 orientation, 100% calm"},  // no sum was taken yet
+  };
+  for (const auto& [shares, entered, calm, total, box] : cases) {
+    TestSystem system;
+    for (std::size_t i = 0; i < shares.size(); ++i) system.main().in.Givnwnd[static_cast<int>(i)].setText(shares[i]);
+    system.session.runLine(std::string{"enter Givnwnd(7) "} + entered);
+    EXPECT_EQ(system.takeBoxes(), *box ? Texts{box} : Texts{});
+    EXPECT_EQ(system.text("calmlbl(0)"), calm);
+    EXPECT_EQ(system.state().windTotal, total);
+  }
+}
+
+TEST(LevelCaptions, areEditedInPlaceAndGoIntoTheRow) {
+  TestStudy study;
+  study.run("start\ncheck conclbl(3)");
+  EXPECT_TRUE(study.field("conctxt1").visible());
+  EXPECT_EQ(study.text("conctxt1"), "TEEL2:");
+  EXPECT_EQ(study.session->desktop().focused(), &study.field("conctxt1"));
+  study.run("set conctxt1 AEGL-2:\nleave conctxt1");
+  EXPECT_EQ(study.text("conclbl(3)"), "AEGL-2:");
+  EXPECT_EQ(study.field("conclbl(3)").value(), 0);
+  EXPECT_FALSE(study.field("conctxt1").visible());
+  EXPECT_EQ(study.rows("SELECT constnTxt1, constnTxt4 FROM maimTbl4All"), Texts{"Conc. 0|AEGL-2:"});
+}
+
+TEST(LevelCaptions, mayNotBeEmpty) {
+  TestStudy study;
+  study.run("start\ncheck conclbl(3)\nset conctxt1 \"\"");
+  study.record.clear();
+  EXPECT_THROW(study.run("focus htsmul"), std::logic_error);  // the focus stays
+  EXPECT_EQ(study.record.at(0)["box"]["text"], "Variable required");
+  EXPECT_EQ(study.text("conctxt1"), "TEEL2:");
+  EXPECT_EQ(study.text("conclbl(3)"), "TEEL2:");
+  EXPECT_EQ(study.session->desktop().focused(), &study.field("conctxt1"));
+  study.run("focus htsmul");
+  EXPECT_FALSE(study.field("conctxt1").visible());
+  study.run("focus conclbl(5)");
+  EXPECT_EQ(study.text("conctxt1"), "Conc. 5");
+}
+
+TEST(InputRules, sayThatAnOutputIsNotThereYet) {
+  TestStudy study;
+  study.run("start");
+  compute(study);
+  study.record.clear();
+  study.run("choose prntprv #3");
+  EXPECT_EQ(study.status(), "\"Plot Hazard Zones\" is not part of this version.");
+  EXPECT_TRUE(study.record.empty());
 }
 
 TEST(InputRules, showTheirBoxesWithTitleAndIcon) {

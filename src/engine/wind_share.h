@@ -1,0 +1,33 @@
+// How the wind is shared out over the eight orientations, and what is left for calm. Called when a share is left, by the
+// close-out, and before a wind rose.
+#pragma once
+
+#include "engine/fields.h"
+#include "engine/state.h"
+#include "platform/desktop.h"
+#include "platform/text.h"
+
+namespace noldarz {
+
+/// Sum of the eight shares (%), without the last bits of the addition. Fails for a share that is no number.
+double windSum(const ScenarioInputs& in);
+
+class WindShare {
+ public:
+  WindShare(WindShareState& state, const ScenarioInputs& in, const ResultFields& result, Desktop& desktop)
+      : state_(state), in_(in), result_(result), desktop_(desktop) {}
+
+  /// Sums the shares into windTotal and shows what is left for calm. A sum above 100 % shows a box, and false comes back; one
+  /// of 0 shows a box and counts as 0.001. A share that is no number leaves the sum as it was.
+  bool shareOut();
+
+ private:
+  void showCalm(double percent) { result_.calmlbl[0].setCaption(Format(percent, "0.00")); }
+
+  WindShareState& state_;
+  const ScenarioInputs& in_;
+  const ResultFields& result_;
+  Desktop& desktop_;
+};
+
+}  // namespace noldarz

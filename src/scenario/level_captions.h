@@ -1,0 +1,33 @@
+// The captions of the levels: a click on one opens an editor over it, and what is entered there goes into the run row.
+#pragma once
+
+#include "engine/fields.h"
+#include "platform/desktop.h"
+#include "platform/status_line.h"
+#include "scenario/fields.h"
+#include "scenario/links.h"
+
+namespace noldarz {
+
+class LevelCaptions {
+ public:
+  /// Subscribes the rules of the captions and of their editor `conctxt1`.
+  LevelCaptions(View& view, const LevelFields& level, const ScenarioFields& fields, MainLinks& links, Desktop& desktop,
+                StatusLine& status);
+
+ private:
+  void conclbl_GotFocus(int level);
+  void conclbl_Click(int level);
+  void conctxt1_LostFocus();
+  /// All six go into the run row in one change.
+  void storeCaptions();
+
+  const LevelFields& level_;
+  const ScenarioFields& fields_;
+  MainLinks& links_;
+  Desktop& desktop_;
+  StatusLine& status_;
+  int concEditIdx_ = 0;  // level that the editor is for
+};
+
+}  // namespace noldarz

@@ -95,19 +95,8 @@ void ScriptedDesktop::setFocus(Field& field) {
   moveFocus(&field);
 }
 
-bool ScriptedDesktop::moveFocus(Field* field) {
-  if (field == focused_) return true;
-  if (Field* left = std::exchange(focused_, nullptr)) {
-    left->fire(Event::lostFocus);
-    if (focused_) return focused_ == field;  // the rule took the focus back, or elsewhere
-  }
-  focused_ = field;
-  if (field) field->fire(Event::gotFocus);
-  return focused_ == field;
-}
-
 void ScriptedDesktop::forgetFields() {
-  focused_ = nullptr;
+  focus_.forget();
   dues_.clear();
 }
 

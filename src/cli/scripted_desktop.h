@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/desktop.h"
+#include "platform/focus.h"
 #include "platform/view.h"
 
 namespace noldarz {
@@ -50,8 +51,8 @@ class ScriptedDesktop : public Desktop {
 
   /// Moves the focus as a user does; null: to nowhere. The field that had it runs its lostFocus rule first, which may
   /// keep the focus: then it does not move. Tells whether it arrived.
-  bool moveFocus(Field* field);
-  Field* focused() const { return focused_; }
+  bool moveFocus(Field* field) { return focus_.moveTo(field); }
+  Field* focused() const { return focus_.holder(); }
   /// Before its fields go: no field has the focus, no timer is due.
   void forgetFields();
 
@@ -71,7 +72,7 @@ class ScriptedDesktop : public Desktop {
   std::deque<std::string> replies_;
   std::function<Reply(const MessageBox&)> answerQuestion_;
   Pointer pointer_ = Pointer::standard;
-  Field* focused_ = nullptr;
+  Focus focus_;
   double now_ = 0;                 // ms
   std::map<Field*, double> dues_;  // enabled timers, and when they fall due
 };

@@ -1,0 +1,247 @@
+#include "desktop/binder.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QEvent>
+#include <QFocusEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
+#include <QTimer>
+#include <QWidget>
+#include <utility>
+
+namespace noldarz {
+
+namespace {
+
+QString qt(const std::string& text) { return QString::fromStdString(text); }
+
+}  // namespace
+
+QString widgetName(const std::string& fieldName) {
+  QString name = qt(fieldName);
+  return name.replace('(', '_').remove(')');
+}
+
+Binder::Binder(View& view, QWidget& form, Front front) : view_(view), form_(form), front_(std::move(front)) {
+  for (Field& field : view.fields()) bind(field);
+  reportSpareWidgets();
+  view.observe([this](Field& field, Property property) { show(field, property); });
+}
+
+void Binder::bind(Field& field) {
+  const QString name = widgetName(field.name());
+  if (field.kind() == FieldKind::timer) return bindTimer(field);
+  if (field.kind() == FieldKind::menu) {
+    auto* menu = form_.findChild<QMenu*>(name);
+    if (QAction* action = menu ? menu->menuAction() : form_.findChild<QAction*>(name))
+      return bindAction(field, *action);
+  } else if (auto* widget = form_.findChild<QWidget*>(name)) {
+    widgets_[&field] = widget;
+    fields_[widget] = &field;
+    connectEvents(field, *widget);
+    return showAll(field);
+  }
+  faults_ << "no widget " + name;
+}
+
+void Binder::bindAction(Field& field, QAction& action) {
+  actions_[&field] = &action;
+  fields_[&action] = &field;
+  connect(&action, &QAction::triggered, this, [this, &field] { send(field, Event::click); });
+  showAll(field);
+}
+
+void Binder::bindTimer(Field& field) {
+  auto* timer = new QTimer(this);
+  connect(timer, &QTimer::timeout, this, [this, &field] { send(field, Event::timer); });
+  const auto follow = [timer, &field] {
+    if (field.enabled() && field.view().loaded())
+      timer->start(field.value());
+    else
+      timer->stop();
+  };
+  view_.onLoad(follow);
+  view_.onClose([timer] { timer->stop(); });
+  view_.observe([&field, follow](Field& changed, Property property) {
+    if (&changed == &field && property == Property::enabled) follow();
+  });
+  follow();
+}
+
+void Binder::send(Field& field, Event event) const {
+  if (!showing_) front_.deliver([&field, event] { field.fire(event); });
+}
+
+void Binder::connectEvents(Field& field, QWidget& widget) {
+  widget.installEventFilter(this);
+  if (auto* edit = qobject_cast<QLineEdit*>(&widget)) {
+    connect(edit, &QLineEdit::textEdited, this, [this, &field](const QString& text) {
+      field.setText(text.toStdString());
+      send(field, Event::change);
+    });
+  } else if (auto* check = qobject_cast<QCheckBox*>(&widget)) {
+    connect(check, &QCheckBox::clicked, this, [this, &field](bool on) {
+      field.setValue(on ? 1 : 0);
+      send(field, Event::click);
+    });
+  } else if (auto* button = qobject_cast<QPushButton*>(&widget)) {
+    connect(button, &QPushButton::clicked, this, [this, &field] { send(field, Event::click); });
+  } else if (auto* combo = qobject_cast<QComboBox*>(&widget)) {
+    if (combo->lineEdit()) combo->lineEdit()->installEventFilter(this), fields_[combo->lineEdit()] = &field;
+    connect(combo, &QComboBox::editTextChanged, this, [this, &field](const QString& text) {
+      if (!showing_) field.setText(text.toStdString());
+    });
+    connect(combo, &QComboBox::activated, this, [this, &field, combo](int entry) {
+      field.setText(combo->itemText(entry).toStdString());
+      send(field, Event::click);
+    });
+  } else if (auto* list = qobject_cast<QListWidget*>(&widget)) {
+    connect(list, &QListWidget::itemClicked, this, [this, &field, list](QListWidgetItem* item) {
+      field.select(list->row(item));
+      send(field, Event::click);
+    });
+    connect(list, &QListWidget::itemDoubleClicked, this, [this, &field](QListWidgetItem*) {
+      send(field, Event::dblClick);
+    });
+  }
+}
+
+namespace {
+
+/// Whether the event tells that the user has come to the widget. A window that becomes active tells nothing: it gives the
+/// focus to the widget that had it, behind a box too; a press of a key or button there does.
+bool tellsFocus(const QWidget& widget, const QEvent& event) {
+  switch (event.type()) {
+    case QEvent::FocusIn: {
+      const auto reason = static_cast<const QFocusEvent&>(event).reason();
+      return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
+    }
+    case QEvent::MouseButtonPress: return (widget.focusPolicy() & Qt::ClickFocus) != 0;
+    case QEvent::KeyPress: return true;
+    default: return false;
+  }
+}
+
+}  // namespace
+
+bool Binder::eventFilter(QObject* watched, QEvent* event) {
+  const auto found = fields_.find(watched);
+  const auto* widget = qobject_cast<QWidget*>(watched);
+  if (found == fields_.end() || !widget) return false;
+  Field& field = *found->second;
+  if (field.takesFocus() && tellsFocus(*widget, *event)) front_.focusArrived(field);
+  if (event->type() == QEvent::MouseButtonDblClick && field.kind() == FieldKind::label) send(field, Event::dblClick);
+  return false;
+}
+
+QWidget* Binder::widgetOf(const Field& field) const {
+  const auto found = widgets_.find(&field);
+  return found == widgets_.end() ? nullptr : found->second;
+}
+
+void Binder::showAll(const Field& field) {
+  for (const Property property : {Property::entries,
+                                  Property::text,
+                                  Property::value,
+                                  Property::enabled,
+                                  Property::visible,
+                                  Property::toolTip,
+                                  Property::backColour})
+    show(field, property);
+}
+
+void Binder::show(const Field& field, Property property) {
+  const QScopedValueRollback<bool> showing{showing_, true};
+  if (const auto action = actions_.find(&field); action != actions_.end()) {
+    if (property == Property::text) action->second->setText(qt(field.caption()));
+    if (property == Property::value) action->second->setChecked(field.value() == 1);
+    if (property == Property::enabled) action->second->setEnabled(field.enabled());
+    return;
+  }
+  QWidget* widget = widgetOf(field);
+  if (!widget) return;
+  switch (property) {
+    case Property::text: return showText(field, *widget);
+    case Property::value: return showValue(field, *widget);
+    case Property::entries: return showEntries(field, *widget);
+    case Property::enabled: return widget->setEnabled(field.enabled());
+    case Property::visible: return widget->setVisible(field.visible());
+    case Property::toolTip: return widget->setToolTip(qt(field.toolTip()));
+    case Property::backColour: return showColour(field, *widget);
+    case Property::width:
+      if (auto* bar = qobject_cast<QProgressBar*>(widget)) bar->setValue(static_cast<int>(field.width()));
+      return;
+    default: return;
+  }
+}
+
+void Binder::showText(const Field& field, QWidget& widget) {
+  const QString text = qt(field.text());
+  if (auto* edit = qobject_cast<QLineEdit*>(&widget)) {
+    if (edit->text() != text) edit->setText(text);
+  } else if (auto* label = qobject_cast<QLabel*>(&widget)) {
+    label->setText(text);
+  } else if (auto* button = qobject_cast<QAbstractButton*>(&widget)) {
+    button->setText(text);
+  } else if (auto* combo = qobject_cast<QComboBox*>(&widget)) {
+    if (combo->isEditable())
+      combo->setEditText(text);
+    else
+      combo->setCurrentIndex(combo->findText(text));
+  } else if (auto* list = qobject_cast<QListWidget*>(&widget)) {
+    list->setCurrentRow(field.listIndex());
+  }
+}
+
+void Binder::showValue(const Field& field, QWidget& widget) {
+  if (auto* check = qobject_cast<QCheckBox*>(&widget)) check->setChecked(field.value() == 1);
+}
+
+void Binder::showEntries(const Field& field, QWidget& widget) {
+  QStringList entries;
+  for (const auto& entry : field.entries()) entries << qt(entry);
+  if (auto* combo = qobject_cast<QComboBox*>(&widget)) {
+    const QString text = combo->currentText();
+    combo->clear();
+    combo->addItems(entries);
+    if (combo->isEditable())
+      combo->setEditText(text);
+    else
+      combo->setCurrentIndex(-1);
+  } else if (auto* list = qobject_cast<QListWidget*>(&widget)) {
+    list->clear();
+    list->addItems(entries);
+  }
+}
+
+void Binder::showColour(const Field& field, QWidget& widget) {
+  const Colour colour = field.backColour();
+  if (colour == defaultBackColour(field.kind()) || colour.system != SystemColour::none) {
+    widget.setStyleSheet("");
+    return;
+  }
+  // Marked fields are light, so their text is dark in every theme.
+  widget.setStyleSheet(QString("QWidget { background-color: %1; color: black } QWidget:disabled { color: gray }")
+                           .arg(qt(colourText(colour))));
+}
+
+void Binder::reportSpareWidgets() {
+  for (QWidget* widget : form_.findChildren<QWidget*>()) {
+    const bool ours = qobject_cast<QLineEdit*>(widget) || qobject_cast<QAbstractButton*>(widget) ||
+                      qobject_cast<QComboBox*>(widget) || qobject_cast<QListWidget*>(widget) ||
+                      qobject_cast<QProgressBar*>(widget) || qobject_cast<QLabel*>(widget);
+    const QString name = widget->objectName();
+    if (ours && !name.isEmpty() && !name.startsWith("qt_") && !name.startsWith("caption") && !fields_.contains(widget))
+      faults_ << "no field " + name;
+  }
+}
+
+}  // namespace noldarz

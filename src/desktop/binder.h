@@ -1,0 +1,63 @@
+// Connects the fields of a view with the widgets of its form, both ways, by name: `constn(0)` is the widget `constn_0`. It
+// holds no rule: what a user does becomes the event of the field, what the logic sets becomes what the widget shows.
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <map>
+
+#include "platform/view.h"
+
+class QAction;
+class QWidget;
+
+namespace noldarz {
+
+class Binder : public QObject {
+ public:
+  /// What the binder asks of the desktop.
+  struct Front {
+    /// A widget has taken the focus on the screen.
+    std::function<void(Field&)> focusArrived;
+    /// Runs an event of the user; the screen then follows what it has changed.
+    std::function<void(const std::function<void()>&)> deliver;
+  };
+
+  Binder(View& view, QWidget& form, Front front);
+
+  QWidget* widgetOf(const Field& field) const;
+  /// Fields without a widget, and named widgets of the form without a field.
+  const QStringList& faults() const { return faults_; }
+
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void bind(Field& field);
+  void bindAction(Field& field, QAction& action);
+  void bindTimer(Field& field);
+  void connectEvents(Field& field, QWidget& widget);
+  void show(const Field& field, Property property);
+  void showAll(const Field& field);
+  void showText(const Field& field, QWidget& widget);
+  void showValue(const Field& field, QWidget& widget);
+  void showEntries(const Field& field, QWidget& widget);
+  void showColour(const Field& field, QWidget& widget);
+  void reportSpareWidgets();
+  void send(Field& field, Event event) const;
+
+  View& view_;
+  QWidget& form_;
+  Front front_;
+  std::map<const Field*, QWidget*> widgets_;
+  std::map<const Field*, QAction*> actions_;
+  std::map<const QObject*, Field*> fields_;
+  QStringList faults_;
+  bool showing_ = false;  // what a widget reports now comes from the logic
+};
+
+/// "constn_0" for "constn(0)".
+QString widgetName(const std::string& fieldName);
+
+}  // namespace noldarz

@@ -1,0 +1,77 @@
+// The desktop port on Qt: a window a view, real boxes and dialogs, the focus of the screen kept in step with the focus of the
+// logic.
+#pragma once
+
+#include <QMainWindow>
+#include <QTimer>
+#include <map>
+#include <memory>
+
+#include "desktop/binder.h"
+#include "platform/desktop.h"
+#include "platform/focus.h"
+
+class QComboBox;
+
+namespace noldarz {
+
+/// The window of a view. Closing it closes the view, which may refuse.
+class ViewWindow : public QMainWindow {
+ public:
+  ViewWindow(View& view, std::function<void(const std::function<void()>&)> deliver)
+      : view_(view), deliver_(std::move(deliver)) {}
+  View& view() const { return view_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  View& view_;
+  std::function<void(const std::function<void()>&)> deliver_;
+};
+
+class QtDesktop : public Desktop {
+ public:
+  QtDesktop();
+
+  /// Makes the windows of the views that have a form.
+  void attach(Views& views);
+
+  Reply messageBox(const MessageBox& box) override;
+  std::filesystem::path fileDialog(const FileDialog& dialog) override;
+  void printerDialog() override;
+  void setFocus(Field& field) override;
+  void openDropDown(Field& field) override;
+  void refresh(Field& field) override;
+  void setPointer(Pointer pointer) override;
+  void clearClipboard() override;
+  std::uint64_t activateWindow(const std::string& title) override;
+  void runProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments) override;
+
+  /// Runs a piece of the logic; the screen then follows what it has changed.
+  void deliver(const std::function<void()>& work);
+  ViewWindow* windowOf(const View& view) const;
+  QWidget* widgetOf(const Field& field) const;
+  /// What the forms and the views do not have in common.
+  QStringList faults() const;
+
+ private:
+  struct Bound {
+    std::unique_ptr<ViewWindow> window;
+    std::unique_ptr<Binder> binder;
+  };
+
+  void focusArrived(Field& field);
+  void followFocus() const;
+  void followViews();
+
+  Views* views_ = nullptr;
+  std::map<const View*, Bound> bound_;
+  Focus focus_;
+  int depth_ = 0;  // of pieces of the logic
+  bool boxOpen_ = false;
+  QTimer later_;  // what waits for the end of the screen's event: the focus, a list that opens
+  QComboBox* dropDown_ = nullptr;
+};
+
+}  // namespace noldarz

@@ -61,7 +61,9 @@ void Binder::bindAction(Field& field, QAction& action) {
 
 void Binder::bindTimer(Field& field) {
   auto* timer = new QTimer(this);
-  connect(timer, &QTimer::timeout, this, [this, &field] { send(field, Event::timer); });
+  connect(timer, &QTimer::timeout, this, [this, &field] {
+    if (!front_.busy()) send(field, Event::timer);
+  });
   const auto follow = [timer, &field] {
     if (field.enabled() && field.view().loaded())
       timer->start(field.value());

@@ -23,6 +23,8 @@ class Binder : public QObject {
     std::function<void(Field&)> focusArrived;
     /// Runs an event of the user; the screen then follows what it has changed.
     std::function<void(const std::function<void()>&)> deliver;
+    /// Whether a piece of the logic runs, or waits in a box: a timer that is due then waits for its next turn.
+    std::function<bool()> busy;
   };
 
   Binder(View& view, QWidget& form, Front front);

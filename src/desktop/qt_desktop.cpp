@@ -64,10 +64,11 @@ void QtDesktop::attach(Views& views) {
       Bound& bound = bound_[view];
       bound.window = std::make_unique<ViewWindow>(*view, [this](const auto& work) { deliver(work); });
       form.setUp(*bound.window);
-      bound.binder = std::make_unique<Binder>(
-          *view,
-          *bound.window,
-          Binder::Front{[this](Field& field) { focusArrived(field); }, [this](const auto& work) { deliver(work); }});
+      bound.binder = std::make_unique<Binder>(*view,
+                                              *bound.window,
+                                              Binder::Front{[this](Field& field) { focusArrived(field); },
+                                                            [this](const auto& work) { deliver(work); },
+                                                            [this] { return boxOpen_ || depth_ > 0; }});
     }
 }
 

@@ -108,6 +108,22 @@ TEST(DesktopWindow, givesTheFocusBackToARefusedFieldWithOneBox) {
   EXPECT_TRUE(window.system->views().open().empty());
 }
 
+TEST(DesktopWindow, letsATimerWaitWhileABoxIsOpen) {
+  Window window;
+  bool fired = false;
+  window.system->mainView().view.on(window.field("tmr_1"), Event::timer, [&] { fired = true; });
+  QTimer::singleShot(400, [&] {  // longer than the timer's interval
+    EXPECT_FALSE(fired);
+    qobject_cast<QMessageBox*>(QApplication::activeModalWidget())->accept();
+  });
+  window.desktop.deliver([&] {
+    window.field("tmr_1").enable();
+    window.desktop.messageBox(information("Wait"));
+  });
+  QTest::qWait(400);
+  EXPECT_TRUE(fired);
+}
+
 TEST(DesktopWindow, showsWhatTheLogicSetsAndTellsWhatTheUserDoes) {
   Window window;
   window.field("constn(3)").setText("77");

@@ -12,7 +12,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScopedValueRollback>
-#include <QSignalBlocker>
 #include <QTimer>
 #include <QWidget>
 #include <utility>
@@ -22,6 +21,20 @@ namespace noldarz {
 namespace {
 
 QString qt(const std::string& text) { return QString::fromStdString(text); }
+
+/// Whether the event tells that the user has come to the widget. A window that becomes active tells nothing: it gives the
+/// focus to the widget that had it, behind a box too; a press of a key or button there does.
+bool tellsFocus(const QWidget& widget, const QEvent& event) {
+  switch (event.type()) {
+    case QEvent::FocusIn: {
+      const auto reason = static_cast<const QFocusEvent&>(event).reason();
+      return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
+    }
+    case QEvent::MouseButtonPress: return (widget.focusPolicy() & Qt::ClickFocus) != 0;
+    case QEvent::KeyPress: return true;
+    default: return false;
+  }
+}
 
 }  // namespace
 
@@ -115,24 +128,6 @@ void Binder::connectEvents(Field& field, QWidget& widget) {
     });
   }
 }
-
-namespace {
-
-/// Whether the event tells that the user has come to the widget. A window that becomes active tells nothing: it gives the
-/// focus to the widget that had it, behind a box too; a press of a key or button there does.
-bool tellsFocus(const QWidget& widget, const QEvent& event) {
-  switch (event.type()) {
-    case QEvent::FocusIn: {
-      const auto reason = static_cast<const QFocusEvent&>(event).reason();
-      return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
-    }
-    case QEvent::MouseButtonPress: return (widget.focusPolicy() & Qt::ClickFocus) != 0;
-    case QEvent::KeyPress: return true;
-    default: return false;
-  }
-}
-
-}  // namespace
 
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
   const auto found = fields_.find(watched);

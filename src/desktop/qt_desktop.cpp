@@ -62,13 +62,15 @@ void QtDesktop::attach(Views& views) {
     for (const Form& form : forms) {
       if (view->name() != form.view) continue;
       Bound& bound = bound_[view];
-      bound.window = std::make_unique<ViewWindow>(*view, [this](const auto& work) { deliver(work); });
+      bound.window = std::make_unique<ViewWindow>(*view, [this](const auto& work) {
+        if (!busy()) deliver(work);  // a window is not closed under a piece of the logic
+      });
       form.setUp(*bound.window);
       bound.binder = std::make_unique<Binder>(*view,
                                               *bound.window,
                                               Binder::Front{[this](Field& field) { focusArrived(field); },
                                                             [this](const auto& work) { deliver(work); },
-                                                            [this] { return boxOpen_ || depth_ > 0; }});
+                                                            [this] { return busy(); }});
     }
 }
 
@@ -103,8 +105,7 @@ void QtDesktop::focusArrived(Field& field) {
   if (boxOpen_ || depth_ > 0 || focus_.holder() == &field) return;
   deliver([&] { focus_.moveTo(&field); });
   // The screen still moves the focus now; a rule that kept it gets it back behind that.
-  QMetaObject::invokeMethod(
-      QApplication::instance(), [this] { followFocus(); }, Qt::QueuedConnection);
+  later_.start();
 }
 
 Reply QtDesktop::messageBox(const MessageBox& box) {

@@ -61,6 +61,8 @@ class QtDesktop : public Desktop {
     std::unique_ptr<Binder> binder;
   };
 
+  /// Whether a piece of the logic runs, or waits in a box.
+  bool busy() const { return boxOpen_ || depth_ > 0; }
   void focusArrived(Field& field);
   void followFocus() const;
   void followViews();

@@ -72,7 +72,7 @@ void InputRules::htreltxt_LostFocus() {
 
 void InputRules::enddisttxt_LostFocus() {
   Field& field = in_.enddisttxt;
-  const auto& [outcome, distance] = field.parsed();
+  const auto [outcome, distance] = field.parsed();
   if (outcome != ParsedNumber::Outcome::number)
     refuse(field, "Variable should be Numeric", outcome == ParsedNumber::Outcome::outOfRange ? "10000" : "");
   else if (distance > farthestSimulation)

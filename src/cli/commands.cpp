@@ -98,6 +98,7 @@ void set(ScriptSession& session, const Words& words) {
 
 void enter(ScriptSession& session, const Words& words) {
   Field& field = usableField(session, words[1], {FieldKind::text, FieldKind::combo}, "typed into");
+  if (field.locked()) throw ScriptError("the field " + field.fullName() + " is locked");
   takeFocus(session, field);
   if (field.text() != words[2]) {
     field.setText(words[2]);

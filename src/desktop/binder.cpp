@@ -5,15 +5,19 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QStyle>
 #include <QTimer>
 #include <QWidget>
+#include <algorithm>
 #include <utility>
 
 namespace noldarz {
@@ -34,6 +38,21 @@ bool tellsFocus(const QWidget& widget, const QEvent& event) {
     case QEvent::KeyPress: return true;
     default: return false;
   }
+}
+
+/// A locked text can be read and copied by mouse, and lies outside the way of the Tab key.
+void lock(QLineEdit& edit, bool locked) {
+  edit.setReadOnly(locked);
+  edit.setFocusPolicy(locked ? Qt::ClickFocus : Qt::StrongFocus);
+  QPalette palette;
+  if (locked) palette.setBrush(QPalette::Base, Qt::transparent);
+  edit.setPalette(palette);
+}
+
+void fill(QProgressBar& bar, Colour colour) {
+  QPalette palette;
+  if (colour != Colour{}) palette.setColor(QPalette::Highlight, qt(colourText(colour)));
+  bar.setPalette(palette);
 }
 
 }  // namespace
@@ -58,6 +77,7 @@ void Binder::bind(Field& field) {
       return bindAction(field, *action);
   } else if (auto* widget = form_.findChild<QWidget*>(name)) {
     widgets_[&field] = widget;
+    ownToolTips_[widget] = widget->toolTip();
     fields_[widget] = &field;
     connectEvents(field, *widget);
     return showAll(field);
@@ -99,6 +119,7 @@ void Binder::connectEvents(Field& field, QWidget& widget) {
   widget.installEventFilter(this);
   if (auto* edit = qobject_cast<QLineEdit*>(&widget)) {
     connect(edit, &QLineEdit::textEdited, this, [this, &field](const QString& text) {
+      mark(field, {});
       field.setText(text.toStdString());
       send(field, Event::change);
     });
@@ -112,21 +133,23 @@ void Binder::connectEvents(Field& field, QWidget& widget) {
   } else if (auto* combo = qobject_cast<QComboBox*>(&widget)) {
     if (combo->lineEdit()) combo->lineEdit()->installEventFilter(this), fields_[combo->lineEdit()] = &field;
     connect(combo, &QComboBox::editTextChanged, this, [this, &field](const QString& text) {
-      if (!showing_) field.setText(text.toStdString());
+      if (showing_) return;
+      mark(field, {});
+      field.setText(text.toStdString());
     });
     connect(combo, &QComboBox::activated, this, [this, &field, combo](int entry) {
       field.setText(combo->itemText(entry).toStdString());
       send(field, Event::click);
     });
   } else if (auto* list = qobject_cast<QListWidget*>(&widget)) {
-    connect(list, &QListWidget::itemClicked, this, [this, &field, list](QListWidgetItem* item) {
-      field.select(list->row(item));
-      send(field, Event::click);
-    });
-    connect(list, &QListWidget::itemDoubleClicked, this, [this, &field](QListWidgetItem*) {
-      send(field, Event::dblClick);
-    });
+    connect(list, &QListWidget::itemClicked, this, [this, &field, list] { pick(field, *list); });
+    connect(list, &QListWidget::itemDoubleClicked, this, [this, &field] { send(field, Event::dblClick); });
   }
+}
+
+void Binder::pick(Field& field, const QListWidget& list) const {
+  field.select(list.currentRow());
+  send(field, Event::click);
 }
 
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
@@ -136,6 +159,13 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
   Field& field = *found->second;
   if (field.takesFocus() && tellsFocus(*widget, *event)) front_.focusArrived(field);
   if (event->type() == QEvent::MouseButtonDblClick && field.kind() == FieldKind::label) send(field, Event::dblClick);
+  // By keyboard: the space bar is a click on the entry, Enter a double click.
+  if (const auto* list = qobject_cast<QListWidget*>(watched); list && event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (enter || key == Qt::Key_Space) pick(field, *list);
+    if (enter) send(field, Event::dblClick);
+  }
   return false;
 }
 
@@ -149,6 +179,7 @@ void Binder::showAll(const Field& field) {
                                   Property::text,
                                   Property::value,
                                   Property::enabled,
+                                  Property::locked,
                                   Property::visible,
                                   Property::toolTip,
                                   Property::backColour})
@@ -170,9 +201,16 @@ void Binder::show(const Field& field, Property property) {
     case Property::value: return showValue(field, *widget);
     case Property::entries: return showEntries(field, *widget);
     case Property::enabled: return widget->setEnabled(field.enabled());
-    case Property::visible: return widget->setVisible(field.visible());
-    case Property::toolTip: return widget->setToolTip(qt(field.toolTip()));
-    case Property::backColour: return showColour(field, *widget);
+    case Property::visible: showPlace(field, *widget); return widget->setVisible(field.visible());
+    case Property::toolTip: return showToolTip(field, *widget);
+    case Property::backColour: return showStyle(field, *widget);
+    case Property::locked:
+      if (auto* edit = qobject_cast<QLineEdit*>(widget)) lock(*edit, field.locked());
+      return;
+    case Property::left: return showPlace(field, *widget);
+    case Property::fillColour:
+      if (auto* bar = qobject_cast<QProgressBar*>(widget)) fill(*bar, field.fillColour());
+      return;
     case Property::width:
       if (auto* bar = qobject_cast<QProgressBar*>(widget)) bar->setValue(static_cast<int>(field.width()));
       return;
@@ -187,7 +225,9 @@ void Binder::showText(const Field& field, QWidget& widget) {
   } else if (auto* label = qobject_cast<QLabel*>(&widget)) {
     label->setText(text);
   } else if (auto* button = qobject_cast<QAbstractButton*>(&widget)) {
+    const QKeySequence shortcut = button->shortcut();
     button->setText(text);
+    if (button->shortcut().isEmpty()) button->setShortcut(shortcut);  // the text has none of its own
   } else if (auto* combo = qobject_cast<QComboBox*>(&widget)) {
     if (combo->isEditable())
       combo->setEditText(text);
@@ -219,15 +259,54 @@ void Binder::showEntries(const Field& field, QWidget& widget) {
   }
 }
 
-void Binder::showColour(const Field& field, QWidget& widget) {
-  const Colour colour = field.backColour();
-  if (colour == defaultBackColour(field.kind()) || colour.system != SystemColour::none) {
-    widget.setStyleSheet("");
-    return;
+void Binder::showToolTip(const Field& field, QWidget& widget) const {
+  const QString own = ownToolTips_.at(&widget);
+  const QString tip = field.toolTip().empty() ? own : qt(field.toolTip());
+  const auto fault = marks_.find(&field);
+  widget.setWhatsThis(tip);
+  widget.setToolTip(fault == marks_.end() ? tip : fault->second.fault + "\n\n" + tip);
+}
+
+void Binder::showPlace(const Field& field, QWidget& widget) const {
+  QWidget* under = field.over() ? widgetOf(*field.over()) : nullptr;
+  if (!under) return;
+  if (QLayout* layout = widget.parentWidget()->layout()) layout->removeWidget(&widget);
+  QRect place = under->geometry();
+  place.setHeight(std::max(place.height(), widget.sizeHint().height()));
+  place.moveCenter(under->geometry().center());
+  widget.setGeometry(place);
+  widget.raise();
+}
+
+void Binder::mark(const Field& field, const QString& fault) {
+  QWidget* widget = widgetOf(field);
+  if (!widget) return;
+  auto* edit = qobject_cast<QLineEdit*>(widget);
+  if (const auto* combo = qobject_cast<QComboBox*>(widget)) edit = combo->lineEdit();
+  if (!edit || (fault.isEmpty() && !marks_.contains(&field))) return;
+  if (fault.isEmpty()) {
+    delete marks_.at(&field).sign;
+    marks_.erase(&field);
+  } else {
+    Mark& mark = marks_[&field];
+    mark.fault = fault;
+    if (!mark.sign)
+      mark.sign =
+          edit->addAction(edit->style()->standardIcon(QStyle::SP_MessageBoxCritical), QLineEdit::LeadingPosition);
   }
-  // Marked fields are light, so their text is dark in every theme.
-  widget.setStyleSheet(QString("QWidget { background-color: %1; color: black } QWidget:disabled { color: gray }")
-                           .arg(qt(colourText(colour))));
+  showToolTip(field, *widget);
+  showStyle(field, *widget);
+}
+
+void Binder::showStyle(const Field& field, QWidget& widget) const {
+  const Colour colour = field.backColour();
+  QString sheet;
+  if (colour != defaultBackColour(field.kind()) && colour.system == SystemColour::none)
+    // Marked fields are light, so their text is dark in every theme.
+    sheet += QString("QWidget { background-color: %1; color: black } QWidget:disabled { color: gray } ")
+                 .arg(qt(colourText(colour)));
+  if (marks_.contains(&field)) sheet += "QLineEdit, QComboBox { border: 2px solid #d03030; border-radius: 2px }";
+  widget.setStyleSheet(sheet);
 }
 
 void Binder::reportSpareWidgets() {
@@ -238,6 +317,10 @@ void Binder::reportSpareWidgets() {
     const QString name = widget->objectName();
     if (ours && !name.isEmpty() && !name.startsWith("qt_") && !name.startsWith("caption") && !fields_.contains(widget))
       faults_ << "no field " + name;
+  }
+  for (const auto& [field, widget] : widgets_) {
+    const bool silent = !field->takesFocus() || !field->visible() || !widget->toolTip().isEmpty();
+    if (!silent) faults_ << "no tool tip " + widget->objectName();
   }
 }
 

@@ -11,6 +11,7 @@
 #include "platform/view.h"
 
 class QAction;
+class QListWidget;
 class QWidget;
 
 namespace noldarz {
@@ -30,7 +31,9 @@ class Binder : public QObject {
   Binder(View& view, QWidget& form, Front front);
 
   QWidget* widgetOf(const Field& field) const;
-  /// Fields without a widget, and named widgets of the form without a field.
+  /// Shows at the field what is wrong with it; an empty text: nothing is.
+  void mark(const Field& field, const QString& fault);
+  /// Fields without a widget, named widgets of the form without a field, and inputs without a tool tip.
   const QStringList& faults() const { return faults_; }
 
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -45,9 +48,12 @@ class Binder : public QObject {
   void showText(const Field& field, QWidget& widget);
   void showValue(const Field& field, QWidget& widget);
   void showEntries(const Field& field, QWidget& widget);
-  void showColour(const Field& field, QWidget& widget);
+  void showToolTip(const Field& field, QWidget& widget) const;
+  void showPlace(const Field& field, QWidget& widget) const;
+  void showStyle(const Field& field, QWidget& widget) const;
   void reportSpareWidgets();
   void send(Field& field, Event event) const;
+  void pick(Field& field, const QListWidget& list) const;
 
   View& view_;
   QWidget& form_;
@@ -55,6 +61,13 @@ class Binder : public QObject {
   std::map<const Field*, QWidget*> widgets_;
   std::map<const Field*, QAction*> actions_;
   std::map<const QObject*, Field*> fields_;
+  struct Mark {
+    QString fault;
+    QAction* sign;  // in the field's widget
+  };
+
+  std::map<const Field*, Mark> marks_;
+  std::map<const QObject*, QString> ownToolTips_;  // of the form
   QStringList faults_;
   bool showing_ = false;  // what a widget reports now comes from the logic
 };

@@ -5,13 +5,16 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QFileDialog>
+#include <QMenuBar>
 #include <QMessageBox>
+#include <QPalette>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QScopedValueRollback>
 #include <array>
 #include <utility>
 
+#include "desktop/help.h"
 #include "desktop/x11_window.h"
 #include "platform/failure.h"
 #include "platform/process.h"
@@ -39,6 +42,19 @@ constexpr std::array forms{Form{"dspmnfrm", setUp<Ui::dspmnfrm>},
                            Form{"reqfrm", setUp<Ui::reqfrm>},
                            Form{"progrsBar", setUp<Ui::progrsBar>}};
 
+/// An input that a press has closed is still read: its text is nearer to the plain colour than most themes have it.
+void keepDisabledTextsLegible() {
+  QPalette palette = QApplication::palette();
+  const QColor text = palette.color(QPalette::Active, QPalette::Text);
+  const QColor base = palette.color(QPalette::Active, QPalette::Base);
+  const auto mixed = [](int ofText, int ofBase) { return (2 * ofText + ofBase) / 3; };
+  palette.setColor(
+      QPalette::Disabled,
+      QPalette::Text,
+      QColor(mixed(text.red(), base.red()), mixed(text.green(), base.green()), mixed(text.blue(), base.blue())));
+  QApplication::setPalette(palette);
+}
+
 QString qt(const std::string& text) { return QString::fromStdString(text); }
 
 }  // namespace
@@ -49,6 +65,7 @@ void ViewWindow::closeEvent(QCloseEvent* event) {
 }
 
 QtDesktop::QtDesktop() {
+  keepDisabledTextsLegible();
   later_.setSingleShot(true);
   QObject::connect(&later_, &QTimer::timeout, &later_, [this] {
     followFocus();
@@ -66,6 +83,7 @@ void QtDesktop::attach(Views& views) {
         if (!busy()) deliver(work);  // a window is not closed under a piece of the logic
       });
       form.setUp(*bound.window);
+      if (bound.window->findChild<QMenuBar*>()) addHelp(*bound.window);
       bound.binder = std::make_unique<Binder>(*view,
                                               *bound.window,
                                               Binder::Front{[this](Field& field) { focusArrived(field); },
@@ -76,6 +94,10 @@ void QtDesktop::attach(Views& views) {
 
 void QtDesktop::deliver(const std::function<void()>& work) {
   {
+    if (depth_ == 0) {
+      told_.clear();
+      painting_.start();
+    }
     const QScopedValueRollback<int> deeper{depth_, depth_ + 1};
     work();
   }
@@ -103,14 +125,26 @@ void QtDesktop::followFocus() const {
 
 void QtDesktop::focusArrived(Field& field) {
   if (boxOpen_ || depth_ > 0 || focus_.holder() == &field) return;
-  deliver([&] { focus_.moveTo(&field); });
+  deliver([&] { moveFocus(field); });
   // The screen still moves the focus now; a rule that kept it gets it back behind that.
   later_.start();
+}
+
+void QtDesktop::moveFocus(Field& field) {
+  const Field* left = focus_.holder();
+  focus_.moveTo(&field);
+  if (left && focus_.holder() != left) mark(*left, {});
+}
+
+void QtDesktop::mark(const Field& field, const QString& fault) const {
+  const auto found = bound_.find(&field.view());
+  if (found != bound_.end() && !field.locked()) found->second.binder->mark(field, fault);
 }
 
 Reply QtDesktop::messageBox(const MessageBox& box) {
   const QScopedValueRollback<bool> open{boxOpen_, true};
   followViews();
+  if (box.buttons == Buttons::ok) told_ << qt(box.text);
   QMessageBox message(QApplication::activeWindow());
   message.setWindowTitle(qt(box.title));
   message.setText(qt(box.text));
@@ -148,7 +182,9 @@ void QtDesktop::printerDialog() {
 
 void QtDesktop::setFocus(Field& field) {
   if (!field.usable() || !field.takesFocus()) fail(FailureNumber::invalidArgument);
-  focus_.moveTo(&field);
+  // Boxes and then the focus: they were about this field.
+  if (!told_.isEmpty()) mark(field, std::exchange(told_, {}).join('\n'));
+  moveFocus(field);
 }
 
 void QtDesktop::openDropDown(Field& field) {
@@ -158,6 +194,11 @@ void QtDesktop::openDropDown(Field& field) {
 }
 
 void QtDesktop::refresh(Field& field) {
+  // A press is over within a few milliseconds: what comes up while it runs does so when the user would else wait, and no
+  // oftener than an eye can follow.
+  constexpr qint64 interval = 80;  // ms
+  if (painting_.elapsed() < interval) return;
+  painting_.start();
   followViews();
   if (QWidget* widget = widgetOf(field)) widget->repaint();
   QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);

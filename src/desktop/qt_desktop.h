@@ -2,6 +2,7 @@
 // logic.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QMainWindow>
 #include <QTimer>
 #include <map>
@@ -64,6 +65,9 @@ class QtDesktop : public Desktop {
   /// Whether a piece of the logic runs, or waits in a box.
   bool busy() const { return boxOpen_ || depth_ > 0; }
   void focusArrived(Field& field);
+  /// Moves the focus of the logic; the field that it leaves has been accepted.
+  void moveFocus(Field& field);
+  void mark(const Field& field, const QString& fault) const;
   void followFocus() const;
   void followViews();
 
@@ -74,6 +78,8 @@ class QtDesktop : public Desktop {
   bool boxOpen_ = false;
   QTimer later_;  // what waits for the end of the screen's event: the focus, a list that opens
   QComboBox* dropDown_ = nullptr;
+  QStringList told_;        // in boxes, since a field was left
+  QElapsedTimer painting_;  // since the piece of the logic began, or painted last
 };
 
 }  // namespace noldarz

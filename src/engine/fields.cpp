@@ -17,6 +17,19 @@ Field& carried(View& view, std::string name, std::string initial = {}) {
   return field;
 }
 
+/// What the program writes and the user reads.
+Field& result(View& view, std::string name) {
+  Field& field = view.text(std::move(name), "0");
+  field.setLocked(true);
+  return field;
+}
+
+FieldArray<levelCount> results(View& view, const std::string& name) {
+  auto fields = view.array<levelCount>(FieldKind::text, name, "0");
+  for (int i = 0; i < levelCount; ++i) fields[i].setLocked(true);
+  return fields;
+}
+
 template <std::size_t N>
 Field& chosen(View& view, std::string name, std::string initial, const std::array<std::string_view, N>& entries) {
   Field& field = view.add(FieldKind::combo, std::move(name), std::move(initial));
@@ -79,13 +92,13 @@ ScenarioInputs::ScenarioInputs(View& view)
 LevelFields::LevelFields(View& view)
     : constn(view.array<levelCount>(FieldKind::text, "constn", "5")),
       conclbl(view.array<levelCount>(FieldKind::check, "conclbl")),
-      bgnpt(view.array<levelCount>(FieldKind::text, "bgnpt", "0")),
-      endpt(view.array<levelCount>(FieldKind::text, "endpt", "0")),
-      isoplngt(view.array<levelCount>(FieldKind::text, "isoplngt", "0")),
-      isopwdth(view.array<levelCount>(FieldKind::text, "isopwdth", "0")),
-      isopang(view.array<levelCount>(FieldKind::text, "isopang", "0")),
-      distmaxisop(view.array<levelCount>(FieldKind::text, "distmaxisop", "0")),
-      isoparea(view.array<levelCount>(FieldKind::text, "isoparea", "0")) {
+      bgnpt(results(view, "bgnpt")),
+      endpt(results(view, "endpt")),
+      isoplngt(results(view, "isoplngt")),
+      isopwdth(results(view, "isopwdth")),
+      isopang(results(view, "isopang")),
+      distmaxisop(results(view, "distmaxisop")),
+      isoparea(results(view, "isoparea")) {
   for (int i = 0; i < levelCount; ++i) {
     constn[i].setToolTip("Enter concentration (ppm) as desired in descending order.");
     conclbl[i].setCaption(initialLevelCaption(i));
@@ -101,15 +114,15 @@ void LevelFields::setResults(int level, std::string_view text) const {
 }
 
 ResultFields::ResultFields(View& view)
-    : mgctxt(view.text("mgctxt", "0")),
-      distconctxt(view.text("distconctxt", "0")),
-      constn1(view.text("constn1", "0")),
-      maxdistconctxt(view.text("maxdistconctxt", "0")),
+    : mgctxt(result(view, "mgctxt")),
+      distconctxt(result(view, "distconctxt")),
+      constn1(result(view, "constn1")),
+      maxdistconctxt(result(view, "maxdistconctxt")),
       wndvel(view.label("wndvel")),
       nodfdwndlbl(view.label("nodfdwndlbl")),
       tmestbllbl(view.label("tmestbllbl")),
       tmestbltxt(view.label("tmestbltxt", "0")),
-      expmass(view.text("expmass", "0")),
+      expmass(result(view, "expmass")),
       calmlbl(view.array<2>(FieldKind::label, "calmlbl")) {
   calmlbl[1].setCaption("Calm");
 }

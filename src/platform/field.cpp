@@ -53,6 +53,7 @@ int Field::wordIndex(std::span<const std::string_view> vocabulary) const {
 
 void Field::setValue(int value) { change(value_, value, Property::value); }
 void Field::setEnabled(bool enabled) { change(enabled_, enabled, Property::enabled); }
+void Field::setLocked(bool locked) { change(locked_, locked, Property::locked); }
 void Field::setVisible(bool visible) { change(visible_, visible, Property::visible); }
 void Field::setToolTip(std::string_view toolTip) { change(toolTip_, toolTip, Property::toolTip); }
 void Field::setTag(std::string_view tag) { change(tag_, tag, Property::tag); }
@@ -74,6 +75,12 @@ void Field::setLeft(double left) { change(left_, left, Property::left); }
 void Field::setTop(double top) { change(top_, top, Property::top); }
 void Field::setWidth(double width) { change(width_, width, Property::width); }
 void Field::setHeight(double height) { change(height_, height, Property::height); }
+
+void Field::moveOver(const Field& field) {
+  setTop(field.top());
+  change(over_, &field, Property::left);
+  setLeft(field.left());
+}
 
 std::string Field::fullName() const { return view_.name() + "." + name_; }
 

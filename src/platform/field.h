@@ -40,6 +40,7 @@ enum class Property : std::uint8_t {
   caption,
   value,
   enabled,
+  locked,
   visible,
   checked,
   toolTip,
@@ -96,6 +97,9 @@ class Field {
   void setEnabled(bool enabled);
   void enable() { setEnabled(true); }
   void disable() { setEnabled(false); }
+  /// The user reads the text and can't change it.
+  bool locked() const { return locked_; }
+  void setLocked(bool locked);
   bool visible() const { return visible_; }
   void setVisible(bool visible);
 
@@ -128,6 +132,10 @@ class Field {
   void setTop(double top);
   void setWidth(double width);
   void setHeight(double height);
+  /// Lays the field over another one of its view, as an editor over what it edits.
+  void moveOver(const Field& field);
+  /// The field that it was laid over; null: it lies where the view has it.
+  const Field* over() const { return over_; }
 
   /// "view.field"
   std::string fullName() const;
@@ -152,6 +160,7 @@ class Field {
   std::optional<double> plainNumber_;  // set while the text is the plain number text of this value
   int value_ = 0;
   bool enabled_ = true;
+  bool locked_ = false;
   bool visible_ = true;
   std::string toolTip_;
   std::string tag_;
@@ -164,6 +173,7 @@ class Field {
   double top_ = 0;
   double width_ = 0;
   double height_ = 0;
+  const Field* over_ = nullptr;
 };
 
 /// Back and fore colour that fields of the kind have in the user's theme.

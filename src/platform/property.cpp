@@ -9,10 +9,11 @@ namespace noldarz {
 namespace {
 
 // In the order of Property.
-constexpr std::array<std::string_view, 16> names{"text",
+constexpr std::array<std::string_view, 17> names{"text",
                                                  "caption",
                                                  "value",
                                                  "enabled",
+                                                 "locked",
                                                  "visible",
                                                  "checked",
                                                  "toolTip",
@@ -61,6 +62,7 @@ bool setTruth(Field& field, Property property, std::string_view text) {
   const auto truth = parseTruth(text);
   if (!truth) return false;
   if (property == Property::enabled) field.setEnabled(*truth);
+  if (property == Property::locked) field.setLocked(*truth);
   if (property == Property::visible) field.setVisible(*truth);
   if (property == Property::checked) field.setValue(*truth ? 1 : 0);
   return true;
@@ -93,6 +95,7 @@ bool isAtDefault(const Field& field, Property property) {
     case Property::value: return field.kind() == FieldKind::menu || field.value() == 0;
     case Property::checked: return field.kind() != FieldKind::menu || field.value() == 0;
     case Property::enabled: return field.enabled();
+    case Property::locked: return !field.locked();
     case Property::visible: return field.visible();
     case Property::toolTip: return field.toolTip().empty();
     case Property::tag: return field.tag().empty();
@@ -131,6 +134,7 @@ PropertyValue getProperty(const Field& field, Property property) {
     case Property::caption: return field.text();
     case Property::value: return static_cast<double>(field.value());
     case Property::enabled: return field.enabled();
+    case Property::locked: return field.locked();
     case Property::visible: return field.visible();
     case Property::checked: return field.value() != 0;
     case Property::toolTip: return field.toolTip();
@@ -155,6 +159,7 @@ bool setProperty(Field& field, Property property, std::string_view text) {
     case Property::tag: field.setTag(text); return true;
     case Property::entries: field.setEntries(lines(text)); return true;
     case Property::enabled:
+    case Property::locked:
     case Property::visible:
     case Property::checked: return setTruth(field, property, text);
     case Property::backColour:

@@ -16,8 +16,7 @@ LevelCaptions::LevelCaptions(View& view, const LevelFields& level, const Scenari
 
 void LevelCaptions::conclbl_GotFocus(int level) {
   Field& editor = fields_.conctxt1;
-  editor.setLeft(level_.conclbl[level].left());
-  editor.setTop(level_.conclbl[level].top());
+  editor.moveOver(level_.conclbl[level]);
   editor.setText("Conc. " + std::to_string(level));
   concEditIdx_ = level;
 }

@@ -21,6 +21,7 @@ TEST(Property, isSetFromATextOrLeftAsItWas) {
       {"caption", "UEL:", std::string{"UEL:"}, nullptr},
       {"value", "1", 1.0, "on"},
       {"enabled", "false", false, "no"},
+      {"locked", "true", true, "yes"},
       {"visible", "0", false, "2"},
       {"checked", "true", true, ""},
       {"toolTip", "tip", std::string{"tip"}, nullptr},

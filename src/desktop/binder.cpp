@@ -138,6 +138,7 @@ void Binder::connectEvents(Field& field, QWidget& widget) {
       field.setText(text.toStdString());
     });
     connect(combo, &QComboBox::activated, this, [this, &field, combo](int entry) {
+      if (leaving_) return;  // a text typed that is an entry was not picked
       field.setText(combo->itemText(entry).toStdString());
       send(field, Event::click);
     });
@@ -159,6 +160,10 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
   Field& field = *found->second;
   if (field.takesFocus() && tellsFocus(*widget, *event)) front_.focusArrived(field);
   if (event->type() == QEvent::MouseButtonDblClick && field.kind() == FieldKind::label) send(field, Event::dblClick);
+  if (event->type() == QEvent::FocusOut) {
+    leaving_ = true;
+    QTimer::singleShot(0, this, [this] { leaving_ = false; });
+  }
   // By keyboard: the space bar is a click on the entry, Enter a double click.
   if (const auto* list = qobject_cast<QListWidget*>(watched); list && event->type() == QEvent::KeyPress) {
     const int key = static_cast<QKeyEvent*>(event)->key();

@@ -69,6 +69,7 @@ class Binder : public QObject {
   std::map<const Field*, Mark> marks_;
   std::map<const QObject*, QString> ownToolTips_;  // of the form
   QStringList faults_;
+  bool leaving_ = false;  // the screen takes the focus from an input
   bool showing_ = false;  // what a widget reports now comes from the logic
 };
 

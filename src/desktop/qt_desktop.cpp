@@ -1,6 +1,7 @@
 #include "desktop/qt_desktop.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QComboBox>
@@ -96,6 +97,8 @@ void QtDesktop::deliver(const std::function<void()>& work) {
   {
     if (depth_ == 0) {
       told_.clear();
+      seen_.clear();
+      muted_.clear();
       painting_.start();
     }
     const QScopedValueRollback<int> deeper{depth_, depth_ + 1};
@@ -142,12 +145,15 @@ void QtDesktop::mark(const Field& field, const QString& fault) const {
 }
 
 Reply QtDesktop::messageBox(const MessageBox& box) {
+  const QString text = qt(box.text);
+  const bool tells = box.buttons == Buttons::ok;
+  if (tells) told_ << text;
+  if (muted_.contains(text)) return Reply::ok;
   const QScopedValueRollback<bool> open{boxOpen_, true};
   followViews();
-  if (box.buttons == Buttons::ok) told_ << qt(box.text);
   QMessageBox message(QApplication::activeWindow());
   message.setWindowTitle(qt(box.title));
-  message.setText(qt(box.text));
+  message.setText(text);
   message.setIcon(box.icon == Icon::critical      ? QMessageBox::Critical
                   : box.icon == Icon::information ? QMessageBox::Information
                                                   : QMessageBox::NoIcon);
@@ -155,10 +161,15 @@ Reply QtDesktop::messageBox(const MessageBox& box) {
     message.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
     message.setDefaultButton(box.defaultReply == Reply::yes ? QMessageBox::Yes : QMessageBox::No);
   }
-  switch (message.exec()) {
+  if (tells && seen_.contains(text))
+    message.setCheckBox(new QCheckBox("Do not tell this again until this action has ended"));
+  seen_.insert(text);
+  const int reply = message.exec();
+  if (message.checkBox() && message.checkBox()->isChecked()) muted_.insert(text);
+  switch (reply) {
     case QMessageBox::Yes: return Reply::yes;
     case QMessageBox::No: return Reply::no;
-    default: return box.buttons == Buttons::ok ? Reply::ok : box.defaultReply;
+    default: return tells ? Reply::ok : box.defaultReply;
   }
 }
 

@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QMainWindow>
+#include <QSet>
 #include <QTimer>
 #include <map>
 #include <memory>
@@ -79,6 +80,8 @@ class QtDesktop : public Desktop {
   QTimer later_;  // what waits for the end of the screen's event: the focus, a list that opens
   QComboBox* dropDown_ = nullptr;
   QStringList told_;        // in boxes, since a field was left
+  QSet<QString> seen_;      // texts of boxes, since the piece of the logic began
+  QSet<QString> muted_;     // of those the ones that the user wants no more
   QElapsedTimer painting_;  // since the piece of the logic began, or painted last
 };
 

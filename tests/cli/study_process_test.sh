@@ -87,7 +87,8 @@ grep -qF '{"rows":[[0.05,93.45,0.5,7.7]]' out || complain "the limits are not in
   done
 } >work.script
 computed=0
-for i in $(seq 40); do
+for i in $(seq 200); do # more than 40 only on a machine too busy to compute in between
+  [ "$i" -gt 40 ] && [ "$computed" -gt 3 ] && break
   "$cli" script --start start work.script >/dev/null 2>&1 &
   program=$!
   sleep "0.$(printf %03d $((RANDOM % 400)))"
@@ -98,8 +99,8 @@ for i in $(seq 40); do
       figures = gsub(/\n(bgnptn|endptn)[0-5] = /, "&")
       if (figures != 0 && figures != 12) { print "half a row:\n" $0; exit 1 }
     }' || complain "half a row"
+  computed=$("$cli" study export data/orgtn.mdb | grep -c '^endptn5')
 done
-computed=$("$cli" study export data/orgtn.mdb | grep -c '^endptn5')
 [ "$computed" -gt 3 ] || complain "only $computed runs were computed between the kills"
 
 [ "$failures" = 0 ]

@@ -1,0 +1,176 @@
+// The window on a real X11 screen under a window manager, worked with real keys and mouse clicks. tests/desktop/on_screen
+// makes the screen.
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QListWidget>
+#include <QProcess>
+
+#include "support/window.h"
+
+namespace noldarz::test {
+namespace {
+
+const QString otherWindow = "--other-window";
+
+void xdotool(const QStringList& words) {
+  if (QProcess::execute("xdotool", words) != 0) throw std::runtime_error("xdotool failed");
+}
+
+QString activeTitle() {
+  QProcess process;
+  process.start("xdotool", {"getactivewindow", "getwindowname"});
+  process.waitForFinished();
+  return process.readAllStandardOutput().trimmed();
+}
+
+/// A user whose keys and clicks go through the screen.
+struct User : Window {
+  explicit User(const std::string& study = exampleStudy("lpg")) : Window(study) {
+    start();
+    watchBoxes([](QMessageBox&) { xdotool({"key", "Return"}); });
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&main()));
+  }
+  void press(const QStringList& keys) const {
+    xdotool(QStringList{"key", "--delay", "20"} + keys);
+    settle();
+  }
+  void settle() const { QTest::qWait(120); }
+  void clickOn(QWidget& target, QPoint place, int times = 1) const {
+    const QPoint at = target.mapToGlobal(place);
+    xdotool({"mousemove",
+             QString::number(at.x()),
+             QString::number(at.y()),
+             "click",
+             "--repeat",
+             QString::number(times),
+             "--delay",
+             "60",
+             "1"});
+    settle();
+  }
+  void clickOn(const std::string& name) const {
+    QWidget& target = widget(name);
+    const bool check = field(name).kind() == FieldKind::check;
+    clickOn(target, check ? QPoint(9, target.height() / 2) : QPoint(target.width() / 3, target.height() / 2));
+  }
+  /// Clicks into the field, puts the text in place of what it holds, and goes on with the Tab key.
+  void enter(const std::string& name, const std::string& text) const {
+    clickOn(name);
+    press({"ctrl+a", "Delete"});
+    if (!text.empty()) xdotool({"type", "--delay", "10", "--", QString::fromStdString(text)});
+    press({"Tab"});
+  }
+  bool waitFor(const std::function<bool()>& condition) const { return QTest::qWaitFor(condition, 5000); }
+};
+
+TEST(Screen, computesByKeyboardAloneAndCloses) {
+  const User user;
+  const auto comput = [&](const char* caption) { return user.waitFor([&] { return user.text("comput") == caption; }); };
+  user.press({"alt+c"});
+  EXPECT_TRUE(comput("&Compute at given concentration"));
+  user.press({"alt+g", "alt+c"});
+  EXPECT_TRUE(comput("Concentration distances computed."));
+  EXPECT_EQ(user.text("endpt(5)"), "1074.51");
+  const auto& outputs = user.widget<QComboBox>("prntprv");
+  EXPECT_TRUE(user.waitFor([&] { return outputs.view()->isVisible(); }));  // opened by the program
+  user.press({"Down", "Return"});
+  EXPECT_NE(user.text("statuslbl").find("is not part of this version."), std::string::npos);
+  user.press({"alt+e"});
+  EXPECT_TRUE(user.waitFor([&] { return user.ended(); }));
+  EXPECT_EQ(user.boxes, Texts{});
+}
+
+TEST(Screen, refusesAWrongTextInEveryInput) {
+  struct Case {
+    std::string field;
+    std::string wrong;
+    Texts boxes;
+    std::string right;
+  };
+  const Texts share{"Variable error.", "Variable required."};
+  std::vector<Case> cases{{"htreltxt", "high", {"Height of release should be Numeric"}, "2"},
+                          {"htreltxt", "0.05", {"Height of release should be > or = 0.1 m"}, "2"},
+                          {"enddisttxt", "1,5", {"Variable should be Numeric"}, "10000"},
+                          {"enddisttxt", "50001", {"Max. Distance for simulation (m) should be < 50000 m"}, "10000"},
+                          {"roghwndoptcbo", "Sea", {"Please select from List"}, "Rural"},
+                          {"stblclscbo", "G", {"Please select from List"}, "D"},
+                          {"wndveltxt", "", {"Input Variable error"}, "4"},
+                          {"hudityTxt", "wet", {"Percent humidity should be Numeric"}, "20"}};
+  for (const char* constant : {"avalftl", "nvalftl", "avalinj", "nvalinj"})
+    cases.push_back({constant, "x", {"Should be Numeric"}, "2"});
+  for (int i = 0; i < 6; ++i) cases.push_back({"constn(" + std::to_string(i) + ")", "-1", {"ppm should be > 0"}, "7"});
+  for (int i = 0; i < 8; ++i) cases.push_back({"Givnwnd(" + std::to_string(i) + ")", "N", share, "12.5"});
+  cases.push_back({"scnrotxtlbl", "", {"Please enter scenario text"}, "Night shift"});
+
+  User user;
+  user.clickOn("prbtoptn");
+  for (const auto& [field, wrong, boxes, right] : cases) {
+    user.boxes.clear();
+    user.enter(field, wrong);
+    user.waitFor([&] { return user.boxes.size() == boxes.size() && !QApplication::activeModalWidget(); });
+    EXPECT_EQ(user.boxes, boxes) << field;
+    user.settle();
+    if (QApplication::activePopupWidget()) user.press({"Escape"});  // the list of a combo field
+    EXPECT_TRUE(user.widget(field).hasFocus())
+        << field << " is left for " << (user.focus() ? user.focus()->objectName().toStdString() : "nothing");
+    EXPECT_TRUE(user.widget(field).toolTip().startsWith(QString::fromStdString(boxes.front()))) << field;
+    user.enter(field, right);
+    EXPECT_EQ(user.text(field), right);
+    EXPECT_EQ(user.boxes, boxes) << field;
+    EXPECT_FALSE(user.widget(field).hasFocus()) << field;
+    EXPECT_FALSE(user.widget(field).toolTip().startsWith(QString::fromStdString(boxes.front()))) << field;
+  }
+  // A height that is no number is not stored; the field shows what is.
+  user.enter("htsmul", "high");
+  EXPECT_EQ(user.text("htsmul"), "1");
+  user.boxes.clear();
+  user.clickOn("conclbl(3)");
+  user.enter("conctxt1", "");
+  EXPECT_EQ(user.boxes, Texts{"Variable required"});
+}
+
+TEST(Screen, closesUnderARefusedFieldAndGoesBackToTheMainModule) {
+  User user;
+  QProcess module;
+  module.start(QApplication::applicationFilePath(), {otherWindow, "VELKORDA"});
+  ASSERT_TRUE(user.waitFor([] { return activeTitle() == "VELKORDA"; }));
+  user.clickOn("htreltxt");
+  user.press({"ctrl+a", "x"});
+  user.press({"alt+F4"});
+  EXPECT_TRUE(user.waitFor([&] { return user.ended(); }));
+  EXPECT_TRUE(user.waitFor([] { return activeTitle() == "VELKORDA"; })) << activeTitle().toStdString();
+  module.kill();
+  module.waitForFinished();
+}
+
+TEST(Screen, restoresAStoredRunByADoubleClick) {
+  User user;
+  Texts events;
+  user.view().on(user.field("dspScnorlst_1"), Event::click, [&] { events.emplace_back("click"); });
+  user.view().on(user.field("dspScnorlst_1"), Event::dblClick, [&] { events.emplace_back("double click"); });
+  auto& list = user.widget<QListWidget>("dspScnorlst_1");
+  user.field("stblclscbo").setText("A");
+  user.clickOn(*list.viewport(), list.visualItemRect(list.item(0)).center(), 2);
+  EXPECT_EQ(events, (Texts{"click", "double click"}));
+  EXPECT_EQ(user.text("stblclscbo"), "F");
+}
+
+}  // namespace
+}  // namespace noldarz::test
+
+int main(int argc, char** argv) {
+  const QApplication application(argc, argv);
+  if (QApplication::arguments().value(1) == noldarz::test::otherWindow) {
+    QWidget window;
+    window.setWindowTitle(QApplication::arguments().value(2));
+    window.resize(200, 100);
+    window.show();
+    return QApplication::exec();
+  }
+  QApplication::setQuitOnLastWindowClosed(false);
+  testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,71 @@
+// The program with its windows on a study of its own, started, and a user who works it.
+#pragma once
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <memory>
+#include <string>
+
+#include "desktop/qt_desktop.h"
+#include "support/test_study.h"
+
+namespace noldarz::test {
+
+class Window {
+ public:
+  explicit Window(const std::string& text = exampleStudy("lpg"), const Effects* effects = nullptr) {
+    makeStudy(folder.study(), text);
+    system = std::make_unique<System>(desktop, folder.folders(), effects);
+    desktop.attach(system->views());
+    QObject::connect(&watch_, &QTimer::timeout, [this] { answerBox(); });
+  }
+  void start() {
+    fs::current_path(folder / "start");
+    desktop.deliver([this] { system->start(); });
+    QTest::qWait(1000);  // the timers of the start-up
+  }
+
+  View& view() const { return system->mainView().view; }
+  Field& field(const std::string& name) const {
+    Field* found = view().find(name);
+    if (!found) throw std::logic_error("no field " + name);
+    return *found;
+  }
+  std::string text(const std::string& name) const { return field(name).text(); }
+  template <class Widget = QWidget>
+  Widget& widget(const std::string& name) const {
+    return *qobject_cast<Widget*>(desktop.widgetOf(field(name)));
+  }
+  ViewWindow& main() const { return *desktop.windowOf(view()); }
+  /// Where the focus is in the main window, also while another window is active.
+  QWidget* focus() const { return main().focusWidget(); }
+  bool ended() const { return system->views().open().empty(); }
+
+  /// Answers every box that comes, and writes its text down.
+  void watchBoxes(std::function<void(QMessageBox&)> answer = [](QMessageBox& box) { box.accept(); }) {
+    answer_ = std::move(answer);
+    watch_.start(30);
+  }
+
+  TestFolder folder;
+  QtDesktop desktop;
+  std::unique_ptr<System> system;
+  std::vector<std::string> boxes;
+
+ private:
+  void answerBox() {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (!box || !box->isActiveWindow() || box->property("answered").toBool()) return;
+    box->setProperty("answered", true);
+    boxes.push_back(box->text().toStdString());
+    answer_(*box);
+  }
+
+  QTimer watch_;
+  std::function<void(QMessageBox&)> answer_;
+};
+
+}  // namespace noldarz::test

@@ -13,29 +13,42 @@ namespace {
 
 constexpr int refused = 2;  // exit status for a request that can't be taken
 
-/// The start folder of the command line, empty for the current one.
-std::filesystem::path startFolder(const QApplication& application) {
-  QCommandLineParser parser;
+void describe(QCommandLineParser& parser) {
   parser.setApplicationDescription("Dispersion of a released chemical and what it does to people");
   parser.addHelpOption();
   parser.addVersionOption();
   parser.addPositionalArgument(
       "STARTFOLDER", "Folder beside the study's, data (default: the current one)", "[STARTFOLDER]");
-  parser.process(application);
-  return parser.positionalArguments().value(0).toStdString();
+}
+
+/// Version and help need no screen.
+void answerWithoutScreen(QCommandLineParser& parser, int argc, char** argv) {
+  QStringList words;
+  for (int i = 0; i < argc; ++i) words << argv[i];
+  if (!parser.parse(words)) return;  // words of the toolkit may be among them
+  if (parser.isSet("version")) parser.showVersion();
+  if (parser.isSet("help")) {
+    const QCoreApplication application(argc, argv);
+    parser.showHelp();
+  }
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  const QApplication application(argc, argv);
   QApplication::setApplicationName("noldarz");
   QApplication::setApplicationVersion(NOLDARZ_VERSION);
   QApplication::setDesktopFileName("noldarz");
+  QCommandLineParser parser;
+  describe(parser);
+  answerWithoutScreen(parser, argc, argv);
+
+  const QApplication application(argc, argv);
   QApplication::setWindowIcon(QIcon(":/noldarz.png"));
   QApplication::setQuitOnLastWindowClosed(false);  // the views tell when the program ends
+  parser.process(application);
   std::error_code error;
-  const auto folder = startFolder(application);
+  const std::filesystem::path folder = parser.positionalArguments().value(0).toStdString();
   if (!folder.empty()) std::filesystem::current_path(folder, error);
   if (error) {
     std::cerr << folder.string() << ": " << error.message() << '\n';

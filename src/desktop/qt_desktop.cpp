@@ -115,7 +115,9 @@ void QtDesktop::followViews() {
     if (depth_ == 0 && view->visible() && view->isPaintDue()) view->paint();
   for (const auto& [view, bound] : bound_) {
     bound.window->setWindowTitle(qt(view->title()));
-    if (bound.window->isVisible() != view->visible()) bound.window->setVisible(view->visible());
+    if (bound.window->isVisible() == view->visible()) continue;
+    if (!bound.window->testAttribute(Qt::WA_Resized)) bound.window->resize(bound.window->minimumSizeHint());
+    bound.window->setVisible(view->visible());
   }
   if (depth_ == 0 && views_->open().empty()) QApplication::quit();
 }

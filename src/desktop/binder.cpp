@@ -34,7 +34,8 @@ bool tellsFocus(const QWidget& widget, const QEvent& event) {
       const auto reason = static_cast<const QFocusEvent&>(event).reason();
       return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
     }
-    case QEvent::MouseButtonPress: return (widget.focusPolicy() & Qt::ClickFocus) != 0;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: return (widget.focusPolicy() & Qt::ClickFocus) != 0;
     case QEvent::KeyPress: return true;
     default: return false;
   }
@@ -53,6 +54,14 @@ void fill(QProgressBar& bar, Colour colour) {
   QPalette palette;
   if (colour != Colour{}) palette.setColor(QPalette::Highlight, qt(colourText(colour)));
   bar.setPalette(palette);
+}
+
+void showCaption(QAbstractButton& button, QString caption) {
+  // The captions of levels are the user's own; those of buttons and menus name their key.
+  if (qobject_cast<QCheckBox*>(&button)) caption.replace('&', "&&");
+  const QKeySequence ofForm = button.shortcut();
+  button.setText(caption);
+  if (button.shortcut().isEmpty()) button.setShortcut(ofForm);  // the caption names none
 }
 
 }  // namespace
@@ -88,12 +97,16 @@ void Binder::bind(Field& field) {
 void Binder::bindAction(Field& field, QAction& action) {
   actions_[&field] = &action;
   fields_[&action] = &field;
-  connect(&action, &QAction::triggered, this, [this, &field] { send(field, Event::click); });
+  connect(&action, &QAction::triggered, this, [this, &field] {
+    send(field, Event::click);
+    show(field, Property::value);  // the screen has turned the check over; the rule may have not
+  });
   showAll(field);
 }
 
 void Binder::bindTimer(Field& field) {
   auto* timer = new QTimer(this);
+  timers_[timer] = &field;
   connect(timer, &QTimer::timeout, this, [this, &field] {
     if (!front_.busy()) send(field, Event::timer);
   });
@@ -111,6 +124,11 @@ void Binder::bindTimer(Field& field) {
   follow();
 }
 
+void Binder::hurryTimers() const {
+  for (const auto& [timer, field] : timers_)
+    if (timer->isActive()) send(*field, Event::timer);
+}
+
 void Binder::send(Field& field, Event event) const {
   if (!showing_) front_.deliver([&field, event] { field.fire(event); });
 }
@@ -123,55 +141,98 @@ void Binder::connectEvents(Field& field, QWidget& widget) {
       field.setText(text.toStdString());
       send(field, Event::change);
     });
-  } else if (auto* check = qobject_cast<QCheckBox*>(&widget)) {
-    connect(check, &QCheckBox::clicked, this, [this, &field](bool on) {
-      field.setValue(on ? 1 : 0);
-      send(field, Event::click);
-    });
-  } else if (auto* button = qobject_cast<QPushButton*>(&widget)) {
-    connect(button, &QPushButton::clicked, this, [this, &field] { send(field, Event::click); });
+  } else if (auto* button = qobject_cast<QAbstractButton*>(&widget)) {
+    connect(button, &QAbstractButton::clicked, this, [this, &field] { press(field); });
   } else if (auto* combo = qobject_cast<QComboBox*>(&widget)) {
-    if (combo->lineEdit()) combo->lineEdit()->installEventFilter(this), fields_[combo->lineEdit()] = &field;
-    connect(combo, &QComboBox::editTextChanged, this, [this, &field](const QString& text) {
-      if (showing_) return;
-      mark(field, {});
-      field.setText(text.toStdString());
-    });
-    connect(combo, &QComboBox::activated, this, [this, &field, combo](int entry) {
-      if (leaving_) return;  // a text typed that is an entry was not picked
-      field.setText(combo->itemText(entry).toStdString());
-      send(field, Event::click);
-    });
+    connectCombo(field, *combo);
   } else if (auto* list = qobject_cast<QListWidget*>(&widget)) {
-    connect(list, &QListWidget::itemClicked, this, [this, &field, list] { pick(field, *list); });
-    connect(list, &QListWidget::itemDoubleClicked, this, [this, &field] { send(field, Event::dblClick); });
+    connectList(field, *list);
   }
 }
 
-void Binder::pick(Field& field, const QListWidget& list) const {
+void Binder::connectCombo(Field& field, QComboBox& combo) {
+  if (QLineEdit* edit = combo.lineEdit()) {
+    edit->installEventFilter(this);
+    fields_[edit] = &field;
+  }
+  connect(&combo, &QComboBox::editTextChanged, this, [this, &field](const QString& text) {
+    if (showing_) return;
+    mark(field, {});
+    field.setText(text.toStdString());
+  });
+  connect(&combo, &QComboBox::activated, this, [this, &field, &combo](int entry) {
+    if (focusLeaving_ == &combo) return;  // a text typed that is an entry was not picked
+    field.setText(combo.itemText(entry).toStdString());
+    send(field, Event::click);
+  });
+}
+
+void Binder::connectList(Field& field, QListWidget& list) {
+  list.viewport()->installEventFilter(this);
+  fields_[list.viewport()] = &field;
+  connect(&list, &QListWidget::itemClicked, this, [this, &field, &list] { pick(field, list); });
+  connect(&list, &QListWidget::itemDoubleClicked, this, [this, &field] { send(field, Event::dblClick); });
+}
+
+void Binder::press(Field& field) {
+  const bool takesFocus = (widgetOf(field)->focusPolicy() & Qt::ClickFocus) != 0;  // a shortcut does not bring it
+  if (takesFocus && !front_.focusArrived(field)) return show(field, Property::value);
+  if (const auto* check = qobject_cast<QCheckBox*>(widgetOf(field))) field.setValue(check->isChecked() ? 1 : 0);
+  send(field, Event::click);
+}
+
+bool Binder::pick(Field& field, const QListWidget& list) const {
+  if (list.currentRow() < 0) return false;
   field.select(list.currentRow());
   send(field, Event::click);
+  return true;
+}
+
+/// By keyboard: the space bar is a click on the entry, Enter a double click.
+void Binder::takeListKey(Field& field, const QListWidget& list, int key) const {
+  const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+  if ((enter || key == Qt::Key_Space) && pick(field, list) && enter) send(field, Event::dblClick);
+}
+
+bool Binder::isHere(Field& field, const QEvent& event) const {
+  const QWidget* widget = widgetOf(field);
+  return !field.takesFocus() || !widget || !tellsFocus(*widget, event) || front_.focusArrived(field);
 }
 
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
   const auto found = fields_.find(watched);
-  const auto* widget = qobject_cast<QWidget*>(watched);
-  if (found == fields_.end() || !widget) return false;
+  if (found == fields_.end()) return false;
   Field& field = *found->second;
-  if (field.takesFocus() && tellsFocus(*widget, *event)) front_.focusArrived(field);
-  if (event->type() == QEvent::MouseButtonDblClick && field.kind() == FieldKind::label) send(field, Event::dblClick);
-  if (event->type() == QEvent::FocusOut) {
-    leaving_ = true;
-    QTimer::singleShot(0, this, [this] { leaving_ = false; });
+  const bool here = isHere(field, *event);
+  switch (event->type()) {
+    case QEvent::Wheel:  // turned over a closed list it would pick an entry that nobody looks at
+      if (field.kind() != FieldKind::combo) return false;
+      event->ignore();
+      return true;
+    case QEvent::FocusOut:
+      focusLeaving_ = watched;
+      QTimer::singleShot(0, this, [this] { focusLeaving_ = nullptr; });
+      return false;
+    case QEvent::Move:
+    case QEvent::Resize: followFieldsOver(field); return false;
+    case QEvent::MouseButtonDblClick:
+      if (field.kind() == FieldKind::label) send(field, Event::dblClick);
+      return !here;
+    case QEvent::KeyPress: {
+      const auto& key = static_cast<const QKeyEvent&>(*event);
+      const auto* list = qobject_cast<QListWidget*>(watched);
+      if (here && list && !key.isAutoRepeat()) takeListKey(field, *list, key.key());
+      if (here && field.over() && key.key() == Qt::Key_Return) widgetOf(*field.over())->setFocus();
+      return !here;
+    }
+    case QEvent::MouseButtonPress: return !here;
+    default: return false;
   }
-  // By keyboard: the space bar is a click on the entry, Enter a double click.
-  if (const auto* list = qobject_cast<QListWidget*>(watched); list && event->type() == QEvent::KeyPress) {
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
-    if (enter || key == Qt::Key_Space) pick(field, *list);
-    if (enter) send(field, Event::dblClick);
-  }
-  return false;
+}
+
+void Binder::followFieldsOver(const Field& field) const {
+  for (const auto& [other, widget] : widgets_)
+    if (other->over() == &field) showPlace(*other, *widget);
 }
 
 QWidget* Binder::widgetOf(const Field& field) const {
@@ -230,14 +291,12 @@ void Binder::showText(const Field& field, QWidget& widget) {
   } else if (auto* label = qobject_cast<QLabel*>(&widget)) {
     label->setText(text);
   } else if (auto* button = qobject_cast<QAbstractButton*>(&widget)) {
-    const QKeySequence shortcut = button->shortcut();
-    button->setText(text);
-    if (button->shortcut().isEmpty()) button->setShortcut(shortcut);  // the text has none of its own
+    showCaption(*button, text);
   } else if (auto* combo = qobject_cast<QComboBox*>(&widget)) {
-    if (combo->isEditable())
-      combo->setEditText(text);
-    else
-      combo->setCurrentIndex(combo->findText(text));
+    if (combo->currentText() == text && combo->currentIndex() >= 0) return;
+    const bool typed = combo->isEditable() && combo->lineEdit()->text() == text;
+    if (!typed) combo->setCurrentIndex(combo->findText(text));
+    if (!typed && combo->isEditable()) combo->setEditText(text);
   } else if (auto* list = qobject_cast<QListWidget*>(&widget)) {
     list->setCurrentRow(field.listIndex());
   }
@@ -251,13 +310,10 @@ void Binder::showEntries(const Field& field, QWidget& widget) {
   QStringList entries;
   for (const auto& entry : field.entries()) entries << qt(entry);
   if (auto* combo = qobject_cast<QComboBox*>(&widget)) {
-    const QString text = combo->currentText();
     combo->clear();
     combo->addItems(entries);
-    if (combo->isEditable())
-      combo->setEditText(text);
-    else
-      combo->setCurrentIndex(-1);
+    combo->setCurrentIndex(-1);
+    showText(field, widget);
   } else if (auto* list = qobject_cast<QListWidget*>(&widget)) {
     list->clear();
     list->addItems(entries);
@@ -281,6 +337,7 @@ void Binder::showPlace(const Field& field, QWidget& widget) const {
   place.moveCenter(under->geometry().center());
   widget.setGeometry(place);
   widget.raise();
+  QWidget::setTabOrder(under, &widget);
 }
 
 void Binder::mark(const Field& field, const QString& fault) {
@@ -305,12 +362,13 @@ void Binder::mark(const Field& field, const QString& fault) {
 
 void Binder::showStyle(const Field& field, QWidget& widget) const {
   const Colour colour = field.backColour();
+  const QString name = widget.objectName();
   QString sheet;
   if (colour != defaultBackColour(field.kind()) && colour.system == SystemColour::none)
     // Marked fields are light, so their text is dark in every theme.
-    sheet += QString("QWidget { background-color: %1; color: black } QWidget:disabled { color: gray } ")
-                 .arg(qt(colourText(colour)));
-  if (marks_.contains(&field)) sheet += "QLineEdit, QComboBox { border: 2px solid #d03030; border-radius: 2px }";
+    sheet += QString("#%1 { background-color: %2; color: black } #%1:disabled { color: gray } ")
+                 .arg(name, qt(colourText(colour)));
+  if (marks_.contains(&field)) sheet += "QLineEdit { border: 2px solid #d03030; border-radius: 2px }";
   widget.setStyleSheet(sheet);
 }
 

@@ -11,7 +11,10 @@
 #include "platform/view.h"
 
 class QAction;
+class QComboBox;
+class QEvent;
 class QListWidget;
+class QTimer;
 class QWidget;
 
 namespace noldarz {
@@ -20,8 +23,9 @@ class Binder : public QObject {
  public:
   /// What the binder asks of the desktop.
   struct Front {
-    /// A widget has taken the focus on the screen.
-    std::function<void(Field&)> focusArrived;
+    /// The user has come to a widget. False when the rule of the field that he left keeps the focus: what he did there is
+    /// void.
+    std::function<bool(Field&)> focusArrived;
     /// Runs an event of the user; the screen then follows what it has changed.
     std::function<void(const std::function<void()>&)> deliver;
     /// Whether a piece of the logic runs, or waits in a box: a timer that is due then waits for its next turn.
@@ -31,6 +35,8 @@ class Binder : public QObject {
   Binder(View& view, QWidget& form, Front front);
 
   QWidget* widgetOf(const Field& field) const;
+  /// Fires the timers that run, before their time.
+  void hurryTimers() const;
   /// Shows at the field what is wrong with it; an empty text: nothing is.
   void mark(const Field& field, const QString& fault);
   /// Fields without a widget, named widgets of the form without a field, and inputs without a tool tip.
@@ -43,6 +49,13 @@ class Binder : public QObject {
   void bindAction(Field& field, QAction& action);
   void bindTimer(Field& field);
   void connectEvents(Field& field, QWidget& widget);
+  void connectCombo(Field& field, QComboBox& combo);
+  void connectList(Field& field, QListWidget& list);
+  /// A click on a button or check field by mouse, key or shortcut.
+  void press(Field& field);
+  bool isHere(Field& field, const QEvent& event) const;
+  void takeListKey(Field& field, const QListWidget& list, int key) const;
+  void followFieldsOver(const Field& field) const;
   void show(const Field& field, Property property);
   void showAll(const Field& field);
   void showText(const Field& field, QWidget& widget);
@@ -53,7 +66,7 @@ class Binder : public QObject {
   void showStyle(const Field& field, QWidget& widget) const;
   void reportSpareWidgets();
   void send(Field& field, Event event) const;
-  void pick(Field& field, const QListWidget& list) const;
+  bool pick(Field& field, const QListWidget& list) const;
 
   View& view_;
   QWidget& form_;
@@ -61,6 +74,7 @@ class Binder : public QObject {
   std::map<const Field*, QWidget*> widgets_;
   std::map<const Field*, QAction*> actions_;
   std::map<const QObject*, Field*> fields_;
+  std::map<const QTimer*, Field*> timers_;
   struct Mark {
     QString fault;
     QAction* sign;  // in the field's widget
@@ -69,8 +83,8 @@ class Binder : public QObject {
   std::map<const Field*, Mark> marks_;
   std::map<const QObject*, QString> ownToolTips_;  // of the form
   QStringList faults_;
-  bool leaving_ = false;  // the screen takes the focus from an input
-  bool showing_ = false;  // what a widget reports now comes from the logic
+  const QObject* focusLeaving_ = nullptr;  // the screen takes the focus from this widget now
+  bool showing_ = false;                   // what a widget reports now comes from the logic
 };
 
 /// "constn_0" for "constn(0)".

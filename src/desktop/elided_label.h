@@ -11,6 +11,8 @@ class ElidedLabel : public QLabel {
   QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
 
  protected:
+  /// The whole text shows as the tool tip when the place is too small for it.
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 };
 

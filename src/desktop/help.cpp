@@ -6,6 +6,7 @@
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QShortcut>
 #include <QWhatsThis>
 
 #include "engine/plume_model.h"
@@ -27,10 +28,16 @@ void showAbout(QMainWindow& window) {
 
 }  // namespace
 
-void addHelp(QMainWindow& window) {
+void addHelp(QMainWindow& window, const std::function<void(const std::function<void()>&)>& withBox) {
   auto* help = window.menuBar()->addMenu("&Help");
   help->addAction(QWhatsThis::createAction(help));
-  QObject::connect(help->addAction("&About NOLDA-RZ"), &QAction::triggered, &window, [&window] { showAbout(window); });
+  QObject::connect(help->addAction("&About NOLDA-RZ"), &QAction::triggered, &window, [&window, withBox] {
+    withBox([&window] { showAbout(window); });
+  });
+  QMenuBar& menus = *window.menuBar();
+  QObject::connect(new QShortcut(Qt::Key_F10, &window), &QShortcut::activated, &window, [&menus] {
+    menus.setActiveAction(menus.actions().first());
+  });
 }
 
 }  // namespace noldarz

@@ -18,7 +18,7 @@ void describe(QCommandLineParser& parser) {
   parser.addHelpOption();
   parser.addVersionOption();
   parser.addPositionalArgument(
-      "STARTFOLDER", "Folder beside the study's, data (default: the current one)", "[STARTFOLDER]");
+      "STARTFOLDER", "Folder beside which data/orgtn.mdb, the study, lies (default: the current one)", "[STARTFOLDER]");
 }
 
 /// Version and help need no screen.
@@ -47,6 +47,10 @@ int main(int argc, char** argv) {
   QApplication::setWindowIcon(QIcon(":/noldarz.png"));
   QApplication::setQuitOnLastWindowClosed(false);  // the views tell when the program ends
   parser.process(application);
+  if (parser.positionalArguments().size() > 1) {
+    std::cerr << "noldarz: one start folder at most\n";
+    return refused;
+  }
   std::error_code error;
   const std::filesystem::path folder = parser.positionalArguments().value(0).toStdString();
   if (!folder.empty()) std::filesystem::current_path(folder, error);

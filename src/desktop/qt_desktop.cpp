@@ -12,6 +12,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QScopedValueRollback>
+#include <QWindow>
 #include <array>
 #include <utility>
 
@@ -36,12 +37,24 @@ void setUp(QMainWindow& window) {
 struct Form {
   std::string_view view;
   void (*setUp)(QMainWindow&);
+  bool tellsProgress = false;  // it lies over the window in front and takes no focus
 };
 
 constexpr std::array forms{Form{"dspmnfrm", setUp<Ui::dspmnfrm>},
-                           Form{"aniwait1", setUp<Ui::aniwait1>},
+                           Form{"aniwait1", setUp<Ui::aniwait1>, true},
                            Form{"reqfrm", setUp<Ui::reqfrm>},
-                           Form{"progrsBar", setUp<Ui::progrsBar>}};
+                           Form{"progrsBar", setUp<Ui::progrsBar>, true}};
+
+/// Widgets that a form wants larger carry the factor in the property fontScale.
+void scaleFonts(const QMainWindow& window) {
+  for (QWidget* widget : window.findChildren<QWidget*>()) {
+    const double scale = widget->property("fontScale").toDouble();
+    if (scale == 0) continue;
+    QFont font = widget->font();
+    font.setPointSizeF(font.pointSizeF() * scale);
+    widget->setFont(font);
+  }
+}
 
 /// An input that a press has closed is still read: its text is nearer to the plain colour than most themes have it.
 void keepDisabledTextsLegible() {
@@ -49,14 +62,25 @@ void keepDisabledTextsLegible() {
   const QColor text = palette.color(QPalette::Active, QPalette::Text);
   const QColor base = palette.color(QPalette::Active, QPalette::Base);
   const auto mixed = [](int ofText, int ofBase) { return (2 * ofText + ofBase) / 3; };
-  palette.setColor(
-      QPalette::Disabled,
-      QPalette::Text,
-      QColor(mixed(text.red(), base.red()), mixed(text.green(), base.green()), mixed(text.blue(), base.blue())));
+  const QColor mixture{
+      mixed(text.red(), base.red()), mixed(text.green(), base.green()), mixed(text.blue(), base.blue())};
+  if (palette.color(QPalette::Disabled, QPalette::Text) == mixture) return;
+  palette.setColor(QPalette::Disabled, QPalette::Text, mixture);
   QApplication::setPalette(palette);
 }
 
 QString qt(const std::string& text) { return QString::fromStdString(text); }
+
+void fill(QMessageBox& message, const MessageBox& box) {
+  message.setWindowTitle(qt(box.title));
+  message.setText(qt(box.text));
+  message.setIcon(box.icon == Icon::critical      ? QMessageBox::Critical
+                  : box.icon == Icon::information ? QMessageBox::Information
+                                                  : QMessageBox::NoIcon);
+  if (box.buttons == Buttons::ok) return;
+  message.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+  message.setDefaultButton(box.defaultReply == Reply::yes ? QMessageBox::Yes : QMessageBox::No);
+}
 
 }  // namespace
 
@@ -65,10 +89,16 @@ void ViewWindow::closeEvent(QCloseEvent* event) {
   deliver_([this] { view_.close(); });
 }
 
+void ViewWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) keepDisabledTextsLegible();  // the desktop has another theme
+  QMainWindow::changeEvent(event);
+}
+
 QtDesktop::QtDesktop() {
   keepDisabledTextsLegible();
   later_.setSingleShot(true);
   QObject::connect(&later_, &QTimer::timeout, &later_, [this] {
+    refused_ = false;
     followFocus();
     if (QComboBox* combo = std::exchange(dropDown_, nullptr)) combo->showPopup();
   });
@@ -84,10 +114,19 @@ void QtDesktop::attach(Views& views) {
         if (!busy()) deliver(work);  // a window is not closed under a piece of the logic
       });
       form.setUp(*bound.window);
-      if (bound.window->findChild<QMenuBar*>()) addHelp(*bound.window);
+      scaleFonts(*bound.window);
+      if (form.tellsProgress) {
+        bound.window->setWindowFlag(Qt::Dialog);
+        bound.window->setAttribute(Qt::WA_ShowWithoutActivating);
+      }
+      if (bound.window->findChild<QMenuBar*>())
+        addHelp(*bound.window, [this](const auto& work) {
+          const QScopedValueRollback<bool> open{boxOpen_, true};
+          work();
+        });
       bound.binder = std::make_unique<Binder>(*view,
                                               *bound.window,
-                                              Binder::Front{[this](Field& field) { focusArrived(field); },
+                                              Binder::Front{[this](Field& field) { return focusArrived(field); },
                                                             [this](const auto& work) { deliver(work); },
                                                             [this] { return busy(); }});
     }
@@ -96,10 +135,9 @@ void QtDesktop::attach(Views& views) {
 void QtDesktop::deliver(const std::function<void()>& work) {
   {
     if (depth_ == 0) {
-      told_.clear();
       seen_.clear();
       muted_.clear();
-      painting_.start();
+      sincePaint_.start();
     }
     const QScopedValueRollback<int> deeper{depth_, depth_ + 1};
     work();
@@ -114,12 +152,29 @@ void QtDesktop::followViews() {
   for (View* view : open)
     if (depth_ == 0 && view->visible() && view->isPaintDue()) view->paint();
   for (const auto& [view, bound] : bound_) {
-    bound.window->setWindowTitle(qt(view->title()));
-    if (bound.window->isVisible() == view->visible()) continue;
-    if (!bound.window->testAttribute(Qt::WA_Resized)) bound.window->resize(bound.window->minimumSizeHint());
-    bound.window->setVisible(view->visible());
+    bound.window->setWindowTitle(view->title().empty() ? "NOLDA-RZ" : qt(view->title()));
+    if (bound.window->isVisible() != view->visible()) showWindow(*bound.window, view->visible());
   }
   if (depth_ == 0 && views_->open().empty()) QApplication::quit();
+}
+
+void QtDesktop::showWindow(ViewWindow& window, bool visible) const {
+  // The preferred size would let a long name make it too wide for a small screen.
+  if (!window.testAttribute(Qt::WA_Resized)) window.resize(window.minimumSizeHint());
+  window.winId();  // makes the handle
+  const ViewWindow* below = frontWindow();
+  if (below && window.testAttribute(Qt::WA_ShowWithoutActivating))
+    window.windowHandle()->setTransientParent(below->windowHandle());
+  window.setVisible(visible);
+}
+
+ViewWindow* QtDesktop::frontWindow() const {
+  ViewWindow* front = nullptr;
+  for (const View* view : views_ ? views_->open() : std::vector<View*>{})
+    if (ViewWindow* window = windowOf(*view);
+        window && window->isVisible() && !window->testAttribute(Qt::WA_ShowWithoutActivating))
+      front = window;
+  return front;
 }
 
 void QtDesktop::followFocus() const {
@@ -128,15 +183,22 @@ void QtDesktop::followFocus() const {
   if (widget && !widget->hasFocus()) widget->setFocus(Qt::OtherFocusReason);
 }
 
-void QtDesktop::focusArrived(Field& field) {
-  if (boxOpen_ || depth_ > 0 || focus_.holder() == &field) return;
-  deliver([&] { moveFocus(field); });
+bool QtDesktop::focusArrived(Field& field) {
+  if (busy() || focus_.holder() == &field) return true;
+  if (refused_) return false;  // of one click the screen tells the focus and the press
+  // What the user has asked for by his last step is done before the next one: the row of a class picked just now.
+  for (const auto& [view, bound] : bound_) bound.binder->hurryTimers();
+  if (field.usable()) deliver([&] { moveFocus(field); });
   // The screen still moves the focus now; a rule that kept it gets it back behind that.
+  refused_ = focus_.holder() != &field;
   later_.start();
+  return !refused_;
 }
 
 void QtDesktop::moveFocus(Field& field) {
   const Field* left = focus_.holder();
+  const QScopedValueRollback<const Field*> leaving{left_, left};
+  told_.clear();
   focus_.moveTo(&field);
   if (left && focus_.holder() != left) mark(*left, {});
 }
@@ -149,30 +211,28 @@ void QtDesktop::mark(const Field& field, const QString& fault) const {
 Reply QtDesktop::messageBox(const MessageBox& box) {
   const QString text = qt(box.text);
   const bool tells = box.buttons == Buttons::ok;
-  if (tells) told_ << text;
-  if (muted_.contains(text)) return Reply::ok;
-  const QScopedValueRollback<bool> open{boxOpen_, true};
-  followViews();
-  QMessageBox message(QApplication::activeWindow());
-  message.setWindowTitle(qt(box.title));
-  message.setText(text);
-  message.setIcon(box.icon == Icon::critical      ? QMessageBox::Critical
-                  : box.icon == Icon::information ? QMessageBox::Information
-                                                  : QMessageBox::NoIcon);
-  if (box.buttons == Buttons::yesNo) {
-    message.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-    message.setDefaultButton(box.defaultReply == Reply::yes ? QMessageBox::Yes : QMessageBox::No);
-  }
+  told_ << text;
+  if (tells && muted_.contains(text)) return Reply::ok;
+  QMessageBox message(QApplication::activeWindow() ? QApplication::activeWindow() : frontWindow());
+  fill(message, box);
   if (tells && seen_.contains(text))
     message.setCheckBox(new QCheckBox("Do not tell this again until this action has ended"));
   seen_.insert(text);
-  const int reply = message.exec();
+  const Reply reply = show(message, box);
   if (message.checkBox() && message.checkBox()->isChecked()) muted_.insert(text);
-  switch (reply) {
-    case QMessageBox::Yes: return Reply::yes;
-    case QMessageBox::No: return Reply::no;
-    default: return tells ? Reply::ok : box.defaultReply;
-  }
+  return reply;
+}
+
+Reply QtDesktop::show(QMessageBox& message, const MessageBox& box) {
+  const QScopedValueRollback<bool> open{boxOpen_, true};
+  const Pointer before = pointer_;
+  setPointer(Pointer::standard);
+  const int button = message.exec();
+  setPointer(before);
+  sincePaint_.start();  // the time of the user is not that of the logic
+  if (button == QMessageBox::Yes) return Reply::yes;
+  if (button == QMessageBox::No) return Reply::no;
+  return box.defaultReply;
 }
 
 std::filesystem::path QtDesktop::fileDialog(const FileDialog& dialog) {
@@ -195,8 +255,7 @@ void QtDesktop::printerDialog() {
 
 void QtDesktop::setFocus(Field& field) {
   if (!field.usable() || !field.takesFocus()) fail(FailureNumber::invalidArgument);
-  // Boxes and then the focus: they were about this field.
-  if (!told_.isEmpty()) mark(field, std::exchange(told_, {}).join('\n'));
+  if (&field == left_) mark(field, told_.join('\n'));  // its rule has told why it takes the focus back
   moveFocus(field);
 }
 
@@ -207,17 +266,17 @@ void QtDesktop::openDropDown(Field& field) {
 }
 
 void QtDesktop::refresh(Field& field) {
-  // A press is over within a few milliseconds: what comes up while it runs does so when the user would else wait, and no
-  // oftener than an eye can follow.
+  // Most presses end within a few milliseconds. The screen follows one that takes longer, and no oftener than an eye can.
   constexpr qint64 interval = 80;  // ms
-  if (painting_.elapsed() < interval) return;
-  painting_.start();
+  if (sincePaint_.elapsed() < interval) return;
+  sincePaint_.start();
   followViews();
   if (QWidget* widget = widgetOf(field)) widget->repaint();
   QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 void QtDesktop::setPointer(Pointer pointer) {
+  pointer_ = pointer;
   while (QApplication::overrideCursor()) QApplication::restoreOverrideCursor();
   if (pointer == Pointer::hourglass) QApplication::setOverrideCursor(Qt::WaitCursor);
   if (pointer == Pointer::cross) QApplication::setOverrideCursor(Qt::CrossCursor);

@@ -14,6 +14,7 @@
 #include "platform/focus.h"
 
 class QComboBox;
+class QMessageBox;
 
 namespace noldarz {
 
@@ -26,6 +27,7 @@ class ViewWindow : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   View& view_;
@@ -65,12 +67,17 @@ class QtDesktop : public Desktop {
 
   /// Whether a piece of the logic runs, or waits in a box.
   bool busy() const { return boxOpen_ || depth_ > 0; }
-  void focusArrived(Field& field);
+  Reply show(QMessageBox& message, const MessageBox& box);
+  /// The user has come to the field on the screen; false when the field that he left keeps the focus.
+  bool focusArrived(Field& field);
   /// Moves the focus of the logic; the field that it leaves has been accepted.
   void moveFocus(Field& field);
   void mark(const Field& field, const QString& fault) const;
   void followFocus() const;
   void followViews();
+  void showWindow(ViewWindow& window, bool visible) const;
+  /// The window in front that the user works in; null when there is none.
+  ViewWindow* frontWindow() const;
 
   Views* views_ = nullptr;
   std::map<const View*, Bound> bound_;
@@ -79,10 +86,13 @@ class QtDesktop : public Desktop {
   bool boxOpen_ = false;
   QTimer later_;  // what waits for the end of the screen's event: the focus, a list that opens
   QComboBox* dropDown_ = nullptr;
-  QStringList told_;        // in boxes, since a field was left
-  QSet<QString> seen_;      // texts of boxes, since the piece of the logic began
-  QSet<QString> muted_;     // of those the ones that the user wants no more
-  QElapsedTimer painting_;  // since the piece of the logic began, or painted last
+  bool refused_ = false;         // the user's last move, until the screen has followed
+  const Field* left_ = nullptr;  // field whose rule runs now, since the user or the program leaves it
+  QStringList told_;             // by that rule, in boxes
+  QSet<QString> seen_;           // texts of boxes, since the piece of the logic began
+  QSet<QString> muted_;          // of those the ones that the user wants no more
+  Pointer pointer_ = Pointer::standard;
+  QElapsedTimer sincePaint_;  // or since the piece of the logic began
 };
 
 }  // namespace noldarz

@@ -78,8 +78,8 @@ void Field::setHeight(double height) { change(height_, height, Property::height)
 
 void Field::moveOver(const Field& field) {
   setTop(field.top());
-  change(over_, &field, Property::left);
   setLeft(field.left());
+  change(over_, &field, Property::left);
 }
 
 std::string Field::fullName() const { return view_.name() + "." + name_; }

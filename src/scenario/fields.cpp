@@ -75,6 +75,8 @@ ScenarioFields::ScenarioFields(View& view)
       conctxt1(withToolTip(hidden(view, "conctxt1"), "Edit Concentration Text")),
       tmr_1(timer(view, "tmr_1", runRowDelay)),
       Tmr_2(timer(view, "Tmr_2", focusDelay)),
-      statuslbl(view.label("statuslbl")) {}
+      statuslbl(view.label("statuslbl")) {
+  no2.setValue(1);
+}
 
 }  // namespace noldarz

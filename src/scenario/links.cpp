@@ -27,6 +27,11 @@ std::string faultOfReleaseHeight(const std::string& height) {
   return low ? "m is too low for a release" : "";
 }
 
+std::string faultOfWindShare(const std::string& share) {
+  const ParsedNumber parsed = parseNumber(share);
+  return parsed.outcome == ParsedNumber::Outcome::number && parsed.value >= 0 ? "" : "is no share of the wind";
+}
+
 }  // namespace
 
 MainLinks::MainLinks(Databases& databases, const ScenarioInputs& in, const ScenarioFields& fields, StatusLine& status)
@@ -56,7 +61,8 @@ MainLinks::MainLinks(Databases& databases, const ScenarioInputs& in, const Scena
   dt3.bind(in.roghwndoptcbo, "terrain", faultOfTerrain);
 
   dt4.bind(fields.naturchem, "naturchem");
-  for (int i = 0; i < in.Givnwnd.size(); ++i) dt4.bind(in.Givnwnd[i], "givnwnd" + std::to_string(i + 1));
+  for (int i = 0; i < in.Givnwnd.size(); ++i)
+    dt4.bind(in.Givnwnd[i], "givnwnd" + std::to_string(i + 1), faultOfWindShare);
 }
 
 }  // namespace noldarz

@@ -47,10 +47,11 @@ RunRow::RunRow(ScenarioState& state, const ScenarioInputs& in, const LevelFields
       status_(status) {}
 
 void RunRow::settleRequest() {
-  if (fields_.tmr_1.enabled() && links_.dt1.database()) saveRunRow();
+  if (fields_.tmr_1.enabled()) saveRunRow();
 }
 
 void RunRow::saveRunRow() {
+  if (!links_.dt1.database()) return fields_.tmr_1.disable();  // without a study there is no row
   DataLink& row = links_.dt2a;
   status_.clearFault();
   const Trap skipping = status_.skipping();

@@ -180,10 +180,15 @@ TEST(DesktopWindow, laysTheEditorOfACaptionOverIt) {
   EXPECT_TRUE(editor.isVisible());
   EXPECT_TRUE(editor.geometry().contains(user.widget("conclbl(2)").geometry().center()));
   EXPECT_EQ(user.focus(), &editor);
-  user.type("conctxt1", "ERPG3:");
+  user.main().resize(1300, 760);
+  QTest::qWait(50);
+  EXPECT_TRUE(editor.geometry().contains(user.widget("conclbl(2)").geometry().center()));
+  user.type("conctxt1", "R&D:");
   user.tab();
   EXPECT_FALSE(editor.isVisible());
-  EXPECT_EQ(user.widget<QCheckBox>("conclbl(2)").text(), "ERPG3:");
+  EXPECT_EQ(user.text("conclbl(2)"), "R&D:");
+  EXPECT_EQ(user.widget<QCheckBox>("conclbl(2)").text(), "R&&D:");  // no key
+  EXPECT_EQ(user.focus(), &user.widget("constn(2)"));
 }
 
 TEST(DesktopWindow, restoresAStoredRunByMouseAndByKeyboard) {

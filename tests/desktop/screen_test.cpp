@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QListWidget>
 #include <QProcess>
@@ -130,6 +131,57 @@ TEST(Screen, refusesAWrongTextInEveryInput) {
   user.clickOn("conclbl(3)");
   user.enter("conctxt1", "");
   EXPECT_EQ(user.boxes, Texts{"Variable required"});
+}
+
+TEST(Screen, keepsARefusedFieldWhicheverWayItIsLeft) {
+  User user;
+  const std::vector<std::pair<std::string, std::function<void()>>> ways{
+      {"click into another input", [&] { user.clickOn("enddisttxt"); }},
+      {"click into the run list",
+       [&] {
+         user.clickOn(*user.widget<QListWidget>("dspScnorlst_1").viewport(), {20, 8});
+       }},
+      {"click on a check field", [&] { user.clickOn("prbtoptn"); }},
+      {"click on Compute", [&] { user.clickOn("comput"); }},
+      {"key of Compute", [&] { user.press({"alt+c"}); }},
+      {"key of Get Concentration", [&] { user.press({"alt+g"}); }},
+      {"key of another input", [&] { user.press({"alt+d"}); }}};
+  user.clickOn("htreltxt");
+  for (const auto& [name, leave] : ways) {
+    user.boxes.clear();
+    user.press({"ctrl+a", "x"});
+    leave();
+    EXPECT_TRUE(user.waitFor([&] { return !user.boxes.empty() && !QApplication::activeModalWidget(); })) << name;
+    user.settle();
+    EXPECT_EQ(user.boxes, Texts{"Height of release should be Numeric"}) << name;
+    EXPECT_TRUE(user.widget("htreltxt").hasFocus()) << name;
+    EXPECT_EQ(user.text("comput"), "&Compute maximum concentration") << name;
+    EXPECT_EQ(user.text("constn(1)"), "5") << name;
+    EXPECT_EQ(user.widget<QCheckBox>("prbtoptn").checkState(), Qt::Checked) << name;
+  }
+}
+
+TEST(Screen, picksAClassByKeysAndLeavesItAtOnce) {
+  User user;
+  user.clickOn("wndveltxt");
+  const QPoint middle = user.widget("stblclscbo").rect().center();
+  const QPoint at = user.widget("stblclscbo").mapToGlobal(middle);
+  xdotool({"mousemove", QString::number(at.x()), QString::number(at.y()), "click", "5"});  // the wheel
+  user.settle();
+  EXPECT_EQ(user.text("stblclscbo"), "F");
+  user.press({"alt+s", "Up", "Tab"});
+  EXPECT_TRUE(user.waitFor([&] { return user.text("stblclscbo") == "EF"; }));
+  EXPECT_TRUE(user.waitFor([&] { return user.text("wndveltxt") == "5"; })) << user.text("wndveltxt");
+  EXPECT_TRUE(user.widget("wndveltxt").hasFocus());
+  EXPECT_EQ(user.boxes, Texts{});
+}
+
+TEST(Screen, opensTheMenusByKey) {
+  const User user;
+  EXPECT_EQ(user.field("no2").value(), 1);
+  user.press({"F10", "Down", "Right", "Down", "Return"});
+  EXPECT_TRUE(user.waitFor([&] { return user.system->state().lineWidth == 4; }));
+  EXPECT_EQ(user.field("no2").value(), 0);
 }
 
 TEST(Screen, closesUnderARefusedFieldAndGoesBackToTheMainModule) {

@@ -20,5 +20,7 @@ for _ in $(seq 100); do [ -e ../data/orgtn.mdb ] && break; sleep 0.1; done
 grep -qF '"First run","D",6.0,393.49' "$folder/out" || fail "the installed program printed $(cat "$folder/out")"
 env -u DISPLAY QT_QPA_PLATFORM=xcb "$folder/usr/bin/noldarz" --version >"$folder/out"
 grep -q '^noldarz [0-9]' "$folder/out" || fail "no version in $(cat "$folder/out")"
-"$folder/usr/bin/noldarz" "$folder/nowhere" 2>"$folder/err" && fail "a start folder that is none was taken"
+status=0
+"$folder/usr/bin/noldarz" "$folder/nowhere" 2>"$folder/err" || status=$?
+[ $status = 2 ] || fail "status $status for a start folder that is none"
 grep -q nowhere "$folder/err"

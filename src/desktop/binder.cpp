@@ -135,6 +135,7 @@ void Binder::send(Field& field, Event event) const {
 
 void Binder::connectEvents(Field& field, QWidget& widget) {
   widget.installEventFilter(this);
+  if (auto* label = qobject_cast<QLabel*>(&widget)) label->setTextFormat(Qt::PlainText);
   if (auto* edit = qobject_cast<QLineEdit*>(&widget)) {
     connect(edit, &QLineEdit::textEdited, this, [this, &field](const QString& text) {
       mark(field, {});

@@ -73,6 +73,7 @@ QString qt(const std::string& text) { return QString::fromStdString(text); }
 
 void fill(QMessageBox& message, const MessageBox& box) {
   message.setWindowTitle(qt(box.title));
+  message.setTextFormat(Qt::PlainText);  // captions in it are the user's
   message.setText(qt(box.text));
   message.setIcon(box.icon == Icon::critical      ? QMessageBox::Critical
                   : box.icon == Icon::information ? QMessageBox::Information
@@ -211,7 +212,7 @@ void QtDesktop::mark(const Field& field, const QString& fault) const {
 Reply QtDesktop::messageBox(const MessageBox& box) {
   const QString text = qt(box.text);
   const bool tells = box.buttons == Buttons::ok;
-  told_ << text;
+  if (left_) told_ << text;
   if (tells && muted_.contains(text)) return Reply::ok;
   QMessageBox message(QApplication::activeWindow() ? QApplication::activeWindow() : frontWindow());
   fill(message, box);

@@ -1,5 +1,6 @@
 #include "engine/coefficients.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -23,6 +24,9 @@ struct Curve {
     const double L = std::log(x) / std::log(10.0);
     return std::pow(10.0, a * (L * L) + b * L + c);
   }
+
+  /// d ln(value) / d ln(x), which goes up or down all the way.
+  double exponentAt(double x) const { return form == Form::power ? b : 2 * a * std::log10(x) + b; }
 };
 
 constexpr Curve power(double factor, double exponent) { return {Curve::Form::power, factor, exponent, 0}; }
@@ -39,6 +43,17 @@ struct Mean {
   double at(double x) const {
     if (second.form == Curve::Form::none) return first.at(x);
     return (first.at(x) + second.at(x)) / 2;
+  }
+
+  std::optional<CoefficientRange> over(double from, double to) const {
+    auto [least, most] = std::minmax({first.exponentAt(from), first.exponentAt(to)});
+    if (second.form != Curve::Form::none) {  // the exponent of a mean lies between those of its curves
+      const auto [otherLeast, otherMost] = std::minmax({second.exponentAt(from), second.exponentAt(to)});
+      least = std::min(least, otherLeast);
+      most = std::max(most, otherMost);
+    }
+    if (!(from > 0 && least > 0)) return {};
+    return CoefficientRange{at(from), at(to), least, most};
   }
 };
 
@@ -148,6 +163,13 @@ const Row& rowOf(const std::array<Row, 12>& table, int stabilityClass) {
   return table.at(static_cast<std::size_t>(stabilityClass));
 }
 
+/// The band of a density; null for one that is not lowered.
+const DensityBand* bandOf(double vapourDensity) {
+  for (const DensityBand* band : {&denseBand, &heavyBand})
+    if (vapourDensity > band->above) return band;
+  return nullptr;
+}
+
 }  // namespace
 
 double sigmaZFromClass(int stabilityClass, double distance) {
@@ -160,9 +182,30 @@ double sigmaZLighterThanAir(int stabilityClass, double distance) {
 }
 
 double heavyGasFactor(double vapourDensity, double distance) {
-  for (const DensityBand& band : {denseBand, heavyBand})
-    if (vapourDensity > band.above) return distance <= band.reach ? distance * 0.01 + band.offset : 1.0;
-  return 1.0;
+  const DensityBand* band = bandOf(vapourDensity);
+  return band && distance <= band->reach ? distance * 0.01 + band->offset : 1.0;
+}
+
+std::optional<CoefficientRange> sigmaYRange(int stabilityClass, double from, double to) {
+  if (stabilityClass < 0) return {};
+  return rowOf(sigmaYTable, stabilityClass).over(from, to);
+}
+
+std::optional<CoefficientRange> sigmaZRange(int stabilityClass, double vapourDensity, double from, double to) {
+  if (stabilityClass < 0) return {};
+  if (vapourDensity < 1) return rowOf(lighterThanAirTable, stabilityClass).over(from, to);
+  const BrokenCurve& row = rowOf(sigmaZTable, stabilityClass);
+  if (from < row.breakpoint && to >= row.breakpoint) return {};
+  auto range = (from < row.breakpoint ? row.below : row.atOrAbove).over(from, to);
+  const DensityBand* band = bandOf(vapourDensity);
+  if (!range || !band || from > band->reach) return range;
+  if (to > band->reach) return {};
+  range->low *= heavyGasFactor(vapourDensity, from);
+  range->high *= heavyGasFactor(vapourDensity, to);
+  // d ln(x * 0.01 + offset) / d ln(x), which grows with x
+  range->leastExponent += from * 0.01 / heavyGasFactor(vapourDensity, from);
+  range->mostExponent += to * 0.01 / heavyGasFactor(vapourDensity, to);
+  return range;
 }
 
 double sigmaYFromClass(int stabilityClass, double distance) { return rowOf(sigmaYTable, stabilityClass).at(distance); }

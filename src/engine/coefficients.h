@@ -3,6 +3,8 @@
 // literature and the range of validity.
 #pragma once
 
+#include <optional>
+
 namespace noldarz {
 
 // A class is an index in `stabilityClasses` (air.h), 0 to 11. All distances and results in metres. Where a logarithm or
@@ -20,5 +22,19 @@ double heavyGasFactor(double vapourDensity, double distance);
 
 /// Lateral coefficient.
 double sigmaYFromClass(int stabilityClass, double distance);
+
+/// A coefficient over a stretch of the axis on which it grows by one form.
+struct CoefficientRange {
+  double low = 0;            ///< at the begin of the stretch (m)
+  double high = 0;           ///< at its end (m)
+  double leastExponent = 0;  ///< d ln(sigma) / d ln(x), above 0
+  double mostExponent = 0;   ///< the same
+};
+
+/// The lateral coefficient from `from` to `to` (m); none where it does not grow, or for no class.
+std::optional<CoefficientRange> sigmaYRange(int stabilityClass, double from, double to);
+
+/// The vertical coefficient of a vapour density. None, too, for a stretch over a breakpoint or the reach of a density band.
+std::optional<CoefficientRange> sigmaZRange(int stabilityClass, double vapourDensity, double from, double to);
 
 }  // namespace noldarz

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "platform/text.h"
 
@@ -40,6 +41,7 @@ void Isopleth::calcHalfWidth() {
 void Isopleth::findMaxWidth(const Trap& regime) {
   if (passes_.widthIdx >= levelCount) return;
   const auto atMaximumDistance = [&] { return in_.enddisttxt.number() == model_.distAt; };
+  Stride stride;
   do {
     regime.steps([&] { progress_.showProgress(); },
                  [&] { plume_.calcSigmaYAt(); },
@@ -53,10 +55,32 @@ void Isopleth::findMaxWidth(const Trap& regime) {
       break;
     }
     passes_.halfWidthPrev = passes_.halfWidthCur;
+    skipWideningSteps(stride);
     model_.distAt += sweep_.sweepStep;
   } while (!regime.holds(atMaximumDistance) && model_.distAt < farthestDistance);
   level_.distmaxisop[passes_.widthLevel].setText(Format(passes_.maxWidthDist, "0.00"));
   level_.isopwdth[passes_.widthLevel].setText(Format(model_.halfWidthMax + model_.halfWidthMax, "0.00"));
+}
+
+void Isopleth::skipWideningSteps(Stride& stride) {
+  const int most = std::min(stride.steps(), progress_.stepsToTurn());
+  double next = model_.distAt;
+  double before = next;
+  for (int count = 0; count < most; ++count) {
+    before = next;
+    next += sweep_.sweepStep;
+  }
+  if (most < 2) return;
+  const ParsedNumber& end = in_.enddisttxt.parsed();
+  // The last step of a march that comes to its end knows the half width one step before.
+  const double behind = next + sweep_.sweepStep;
+  const bool meetsEnd =
+      !end.isNumber() || (model_.distAt < end.value && end.value <= behind) || behind >= farthestDistance;
+  const auto range = meetsEnd ? std::nullopt : plume_.axisRange(model_.distAt, next);
+  if (!range || !range->widens(model_.levelConcAt)) return stride.failed();
+  model_.distAt = before;
+  progress_.skip(most - 1);
+  stride.succeeded();
 }
 
 void Isopleth::calcLevelShape(int level, const Trap& regime) {

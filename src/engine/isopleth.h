@@ -41,6 +41,8 @@ class Isopleth {
   void calcFlammableMass();
 
  private:
+  /// Passes over distances behind distAt between which the half width grows, to the one before the next that is looked at.
+  void skipWideningSteps(Stride& stride);
   /// Half width at distAt into halfWidthCur, kept where the concentration is not above the level.
   void calcHalfWidth();
   double levelVolume(int level) const;

@@ -88,7 +88,6 @@ void LevelPasses::findBeginPoints(const Trap& press) {
   sweep_.sweepStep = far ? beginStep : fineStep;
   sweep_.sweepFrom = firstDistance;
   press.step([&] { sweep_.sweepTo = reachOf(result_.maxdistconctxt); });
-  const PlumeModel::Tracing tracing{plume_};  // the sweep starts again for each level
   search_.runSweep();
 }
 

@@ -6,19 +6,6 @@
 
 namespace noldarz {
 
-namespace {
-
-/// The value that the trace holds for the distance, worked out first when it is not known yet or nothing is traced.
-template <class Work>
-double kept(AxisTrace* trace, double distance, double AxisTrace::Point::*value, Work&& work) {
-  if (!trace) return work();
-  double& known = trace->at(distance).*value;
-  if (known < 0) known = work();
-  return known;
-}
-
-}  // namespace
-
 PlumeModel::PlumeModel(ModelState& model, const PointQueryState& query, const ScenarioInputs& in,
                        const LevelFields& level, const ResultFields& result)
     : model_(model), query_(query), inputs_(in), level_(level), result_(result) {}
@@ -47,12 +34,9 @@ double PlumeModel::windNow() {
       usersWind ? in.wind.number() : model_.windInput, model_.htRelease, in.stabilityClass, in.terrain);
 }
 
-void PlumeModel::updateSigmaZBase(double distance, AxisTrace* trace, double& base) {
+void PlumeModel::updateSigmaZBase(double distance, double& base) {
   const ModelInputs& in = inputs_();
-  if (in.stabilityClass != noClass)
-    base = kept(trace, distance, &AxisTrace::Point::sigmaZBase, [&] {
-      return checked(sigmaZFromClass(in.stabilityClass, distance));
-    });
+  if (in.stabilityClass != noClass) base = checked(sigmaZFromClass(in.stabilityClass, distance));
   model_.windInput = in.wind.number();
 }
 
@@ -66,20 +50,18 @@ void PlumeModel::updateSigmaZ(double distance, double base, double& sigma) {
   }
 }
 
-void PlumeModel::updateSigmaY(double distance, AxisTrace* trace, double& sigma) {
+void PlumeModel::updateSigmaY(double distance, double& sigma) {
   const int stabilityClass = inputs_().stabilityClass;
-  if (stabilityClass != noClass)
-    sigma = kept(
-        trace, distance, &AxisTrace::Point::sigmaY, [&] { return checked(sigmaYFromClass(stabilityClass, distance)); });
+  if (stabilityClass != noClass) sigma = checked(sigmaYFromClass(stabilityClass, distance));
 }
 
-void PlumeModel::calcSigmaZBase() { updateSigmaZBase(model_.distX, trace_, model_.sigmaZBase); }
+void PlumeModel::calcSigmaZBase() { updateSigmaZBase(model_.distX, model_.sigmaZBase); }
 void PlumeModel::calcSigmaZ() { updateSigmaZ(model_.distX, model_.sigmaZBase, model_.sigmaZ); }
-void PlumeModel::calcSigmaY() { updateSigmaY(model_.distX, trace_, model_.sigmaY); }
+void PlumeModel::calcSigmaY() { updateSigmaY(model_.distX, model_.sigmaY); }
 
-void PlumeModel::calcSigmaZBaseAt() { updateSigmaZBase(model_.distAt, nullptr, model_.sigmaZBaseAt); }
+void PlumeModel::calcSigmaZBaseAt() { updateSigmaZBase(model_.distAt, model_.sigmaZBaseAt); }
 void PlumeModel::calcSigmaZAt() { updateSigmaZ(model_.distAt, model_.sigmaZBaseAt, model_.sigmaZAt); }
-void PlumeModel::calcSigmaYAt() { updateSigmaY(model_.distAt, nullptr, model_.sigmaYAt); }
+void PlumeModel::calcSigmaYAt() { updateSigmaY(model_.distAt, model_.sigmaYAt); }
 
 Source PlumeModel::source() {
   const ModelInputs& in = inputs_();
@@ -90,11 +72,14 @@ void PlumeModel::plumeConc(double sy, double sz, double T, double& conc) {
   if (release() != Release::none) conc = axisConcentration(source(), sy, sz, T);
 }
 
-void PlumeModel::isoplethConc(double& conc) {
-  if (release() == Release::none) return;
-  conc = kept(trace_, model_.distX, &AxisTrace::Point::conc, [&] {
-    return axisConcentration(source(), model_.sigmaY, model_.sigmaZ, isoplethTemperature);
-  });
+void PlumeModel::isoplethConc(double& conc) { plumeConc(model_.sigmaY, model_.sigmaZ, isoplethTemperature, conc); }
+
+std::optional<AxisRange> PlumeModel::axisRange(double from, double to) {
+  const ModelInputs& in = inputs_();
+  if (stepsPlainly_ || in.release == Release::none) return {};
+  const bool numbers = in.Q.isNumber() && in.M.isNumber() && in.density.isNumber() && in.wind.isNumber();
+  if (!numbers) return {};
+  return noldarz::axisRange(source(), in.stabilityClass, in.density.value, isoplethTemperature, from, to);
 }
 
 void PlumeModel::calcConcGround() {

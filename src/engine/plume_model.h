@@ -4,8 +4,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
-#include "engine/axis_trace.h"
+#include "engine/axis_range.h"
 #include "engine/fields.h"
 #include "engine/gaussian.h"
 #include "engine/model_inputs.h"
@@ -46,19 +47,12 @@ class PlumeModel {
   /// The concentration at distX with sigmaY and sigmaZ and the temperature of the isopleth tests (ppm).
   void isoplethConc(double& conc);
 
-  /// While it lives, what is worked out at distX is kept and given back when the search comes there again. No input
-  /// may change meanwhile.
-  class Tracing {
-   public:
-    explicit Tracing(PlumeModel& plume) : plume_(plume) { plume_.trace_ = &trace_; }
-    ~Tracing() { plume_.trace_ = nullptr; }
-    Tracing(const Tracing&) = delete;
-    Tracing& operator=(const Tracing&) = delete;
+  /// The concentration over a stretch of the axis, at the temperature of the isopleth tests, with the inputs and the wind of
+  /// the press. None where it can't be bounded, or after stepPlainly().
+  std::optional<AxisRange> axisRange(double from, double to);
 
-   private:
-    PlumeModel& plume_;
-    AxisTrace trace_;
-  };
+  /// Searches take every step from now on: for tests and benchmarks that compare with it.
+  void stepPlainly() { stepsPlainly_ = true; }
 
   /// groundMaximum() at distX into concGround, with S = sigmaZAtMax and the temperature of the release. A release type
   /// outside the three leaves it as it was. Fails as the formula and the fields do.
@@ -76,16 +70,16 @@ class PlumeModel {
   /// The release as the formulas take it, from the inputs and the state of the press.
   Source source();
   double windNow();
-  void updateSigmaZBase(double distance, AxisTrace* trace, double& base);
+  void updateSigmaZBase(double distance, double& base);
   void updateSigmaZ(double distance, double base, double& sigma);
-  void updateSigmaY(double distance, AxisTrace* trace, double& sigma);
+  void updateSigmaY(double distance, double& sigma);
 
   ModelState& model_;
   const PointQueryState& query_;
   ModelInputReader inputs_;
   const LevelFields& level_;
   const ResultFields& result_;
-  AxisTrace* trace_ = nullptr;
+  bool stepsPlainly_ = false;
   // The wind that calcWindAtHeight has worked out, with all that it hangs on: the texts of the main view, by their
   // revision, the wind entered and the height. Each step of the first sweep asks for the same.
   double wind_ = 0;

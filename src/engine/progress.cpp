@@ -1,5 +1,6 @@
 #include "engine/progress.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "platform/colour.h"
@@ -47,6 +48,13 @@ void Progress::showProgress() {
   desktop_.refresh(wait_.waitlbl1);
   wait_.plumepic1.setWidth(startWidth);
   wait_.plumepic1.setFillColour(basicPalette.at(random_() % colourCount));
+}
+
+int Progress::stepsToTurn() const { return std::max(0, static_cast<int>(progressWidth - wait_.plumepic1.width()) + 1); }
+
+void Progress::skip(int steps) {
+  stepCount_ += static_cast<std::uint64_t>(steps);
+  wait_.plumepic1.setWidth(wait_.plumepic1.width() + steps);
 }
 
 void Progress::showSearch(std::string_view line) {

@@ -25,6 +25,11 @@ class Progress {
   /// shape starts again in another colour. Fails with divisionByZero for a sweep that ends at 0.
   void showProgress();
 
+  /// How many steps the shape grows before its next turn.
+  int stepsToTurn() const;
+  /// So many steps at once, all of them before the next turn.
+  void skip(int steps);
+
   /// The limit search begins: its line takes the place of the growing shape.
   void showSearch(std::string_view line);
   /// The limit search has come so far (%).

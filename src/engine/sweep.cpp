@@ -1,5 +1,7 @@
 #include "engine/sweep.h"
 
+#include <algorithm>
+
 #include "platform/failure.h"
 #include "platform/text.h"
 
@@ -26,9 +28,11 @@ Sweep::Sweep(SweepState& sweep, ModelState& model, PlumeModel& plume, const Leve
       progress_(progress),
       desktop_(desktop),
       trap_([this](const RuntimeFailure&) {
+        failed_ = true;
         desktop_.messageBox(information("Please Run this application as an administrator."));
       }),
       beginPointTrap_([this](const RuntimeFailure& failure) {
+        failed_ = true;
         desktop_.messageBox(information("2. Please Run this program as an administrator/Anti-virus trust.\nMsg. No." +
                                         std::to_string(failure.number())));
       }) {}
@@ -36,19 +40,56 @@ Sweep::Sweep(SweepState& sweep, ModelState& model, PlumeModel& plume, const Leve
 void Sweep::runSweep() {
   const double limit = sweep_.sweepTo;
   const double step = sweep_.sweepStep;
+  Stride stride;
   for (sweep_.distSweep = sweep_.sweepFrom; sweep_.distSweep <= limit; sweep_.distSweep += step) {
-    model_.distX = rounded(sweep_.distSweep, 2);
-    trap_.steps([&] { plume_.calcSigmaZBase(); },
-                [&] { plume_.calcWindAtHeight(); },
-                [&] { plume_.calcSigmaZ(); },
-                [&] { plume_.calcSigmaY(); },
-                [&] { progress_.showProgress(); },
-                [&] { findPeak(); },
-                [&] { testBeginPoint(); },
-                [&] { testEndPoint(); });
-    if (sweep_.mgcDone == 0) trap_.steps([&] { plume_.calcConcGround(); }, [&] { takeGroundMaximum(); });
+    takeStep();
+    if (!failed_) skipQuietSteps(limit, step, stride);
   }
   reportFarSweep();
+}
+
+void Sweep::takeStep() {
+  failed_ = false;
+  model_.distX = rounded(sweep_.distSweep, 2);
+  trap_.steps([&] { plume_.calcSigmaZBase(); },
+              [&] { plume_.calcWindAtHeight(); },
+              [&] { plume_.calcSigmaZ(); },
+              [&] { plume_.calcSigmaY(); },
+              [&] { progress_.showProgress(); },
+              [&] { findPeak(); },
+              [&] { testBeginPoint(); },
+              [&] { testEndPoint(); });
+  if (sweep_.mgcDone == 0) trap_.steps([&] { plume_.calcConcGround(); }, [&] { takeGroundMaximum(); });
+}
+
+void Sweep::skipQuietSteps(double limit, double step, Stride& stride) {
+  const int most = std::min(stride.steps(), progress_.stepsToTurn());
+  // The running sum is that of the plain loop, step by step.
+  double next = sweep_.distSweep;
+  double before = next;
+  int count = 0;
+  for (; count < most && next + step <= limit; ++count) {
+    before = next;
+    next += step;
+  }
+  if (count < 2) return;
+  if (!isQuiet(model_.distX, rounded(next, 2))) return stride.failed();
+  sweep_.distSweep = before;
+  progress_.skip(count - 1);
+  stride.succeeded();
+}
+
+bool Sweep::isQuiet(double from, double to) {
+  const auto range = plume_.axisRange(from, to);
+  if (!range) return false;
+  if (sweep_.maxConcDone == 0) {
+    const double warmth = plume_.releaseTemperature() / isoplethTemperature;
+    if (!range->rises() || !(warmth > 0) || range->high * warmth * 2 > purePpm) return false;
+  }
+  if (sweep_.mgcDone == 0 && range->sigmaZ.high * (1 + AxisRange::margin) >= model_.sigmaZAtMax) return false;
+  if (sweep_.bgnIdx < levelCount && (sweep_.bgnLevel != sweep_.bgnIdx || !range->liesBelow(sweep_.levelConcBgn)))
+    return false;
+  return sweep_.endIdx >= levelCount || (sweep_.endLevel == sweep_.endIdx && range->liesAbove(sweep_.levelConcEnd));
 }
 
 void Sweep::findPeak() {

@@ -28,6 +28,11 @@ class Sweep {
   void runSweep();
 
  private:
+  void takeStep();
+  /// Passes over steps behind this one at which nothing can happen, to the one before the next that is taken.
+  void skipQuietSteps(double limit, double step, Stride& stride);
+  /// Whether no search finds its target from the step at `from`, where it was not found, to the one at `to`.
+  bool isQuiet(double from, double to);
   void findPeak();
   void testBeginPoint();
   void testEndPoint();
@@ -47,6 +52,7 @@ class Sweep {
   const ResultFields& result_;
   Progress& progress_;
   Desktop& desktop_;
+  bool failed_ = false;  // a routine of the step
   Trap trap_;            // of the routines of a step
   Trap beginPointTrap_;  // of the statements of testBeginPoint
 };

@@ -24,6 +24,7 @@ struct ParsedNumber {
   Outcome outcome = Outcome::notANumber;
   double value = 0;
 
+  bool isNumber() const { return outcome == Outcome::number; }
   /// The value. Fails with typeMismatch for no number, with overflow for one beyond the range of a double.
   double number() const {
     if (outcome != Outcome::number)

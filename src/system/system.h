@@ -41,6 +41,7 @@ class System {
   const RunState& state() const { return state_; }
   MainView& mainView() { return main_; }
   RunRow& runRow() { return runRow_; }
+  PlumeModel& plume() { return plume_; }
   LimitSearch& limitSearch() { return limitSearch_; }
   const Progress& progress() const { return progress_; }
   const Settings& settings() const { return settings_; }

@@ -18,6 +18,7 @@ constexpr double stripLength = 1;       // m
 constexpr double hectaresPerSquareMetre = 0.0001;
 constexpr double leastArea = 0.001;  // Ha
 constexpr std::string_view tinyArea{"<0.001"};
+constexpr int concDecimals = 4;           // of the concentration in a walk
 constexpr double mostConc = 1000000;      // ppm that a row shows; above it
 constexpr double concAboveMost = 950000;  // ppm
 
@@ -65,9 +66,13 @@ void LimitSearch::prbtRun(Product product, ProfileSink* chart) {
 void LimitSearch::goDownwind(ProfileSink* chart) {
   if (product_ != Product::table) takeFineStep();
   if (chart) beginChart(*chart);
+  Stride stride;
   while (model_.distAt <= search_.maxDistPrbt && row_ < tableRows) {
     evaluate();
-    if (product_ != Product::limits) finishRow(chart);
+    if (product_ == Product::limits)
+      skipAlikeDistances(stride);
+    else
+      finishRow(chart);
     advance();
   }
 }
@@ -127,21 +132,55 @@ void LimitSearch::prbtConcAt() {
   plume_.plumeConc(model_.sigmaYAt, model_.sigmaZAt, isoplethTemperature, search_.concPrbt);
 }
 
-void LimitSearch::prbtExposure() {
+Walk LimitSearch::walkIn(double conc) const {
   Walk walk;
   walk.halfEdge = reachOf(level_.isopwdth[walkLevel]) / 2;
-  if (walk.halfEdge >= 0) search_.concPrbt = rounded(search_.concPrbt, 4);
-  walk.C = search_.concPrbt;
+  walk.C = walk.halfEdge >= 0 ? rounded(conc, concDecimals) : conc;
   walk.M = in_.molwttxt.number();
   if (takesTime(walk.halfEdge) && walk.C > 0) {
     walk.fatality = {in_.avalftl.number(), in_.nvalftl.number()};
     walk.injury = {in_.avalinj.number(), in_.nvalinj.number()};
   }
+  return walk;
+}
+
+void LimitSearch::prbtExposure() {
+  const Walk walk = walkIn(search_.concPrbt);
+  search_.concPrbt = walk.C;
   // A row shows the dose, which the walk step by step alone gives to the last digit.
   if (product_ == Product::table)
     walkStepByStep(walk, search_);
   else
     walk_.walk(walk, search_);
+}
+
+void LimitSearch::skipAlikeDistances(Stride& stride) {
+  const int most = stride.steps();
+  double next = model_.distAt;  // the running sum of the plain loop
+  double before = next;
+  int count = 0;
+  for (; count < most && next + search_.prbtStep <= search_.maxDistPrbt; ++count) {
+    before = next;
+    next += search_.prbtStep;
+  }
+  if (count < 2) return;
+  if (!Trap::ignoring().holds([&] { return isAlike(model_.distAt, next); })) return stride.failed();
+  model_.distAt = before;
+  stride.succeeded();
+}
+
+bool LimitSearch::isAlike(double from, double to) {
+  const auto range = plume_.axisRange(from, to);
+  if (!range) return false;
+  // The figures go up or down with the concentration all the way, so it is enough to look at its bounds.
+  for (const double conc : {range->low * (1 - AxisRange::margin), range->high * (1 + AxisRange::margin)}) {
+    const Walk walk = walkIn(conc);
+    if (!takesTime(walk.halfEdge) || !(walk.C > 0)) return false;
+    LimitSearchState outcome;
+    walk_.walk(walk, outcome);
+    if ((outcome.pctFtl > 0) != (search_.pctFtl > 0) || (outcome.pctInj > 0) != (search_.pctInj > 0)) return false;
+  }
+  return true;
 }
 
 void LimitSearch::prbtHalfWidth() {

@@ -64,6 +64,12 @@ class LimitSearch {
   void finishRow(ProfileSink* chart);
   void advance();
 
+  /// Passes over distances behind distAt with the same outcome, dead or hurt or not, to the one before the next that is
+  /// looked at. Their figures count for nothing in the limits.
+  void skipAlikeDistances(Stride& stride);
+  bool isAlike(double from, double to);
+
+  Walk walkIn(double conc) const;
   /// The walk at distAt.
   void prbtExposure();
   /// concAt and the half width of the outermost level at distAt. The half width stays as it was where the concentration is

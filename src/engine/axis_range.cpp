@@ -1,0 +1,56 @@
+#include "engine/axis_range.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "platform/failure.h"
+
+namespace noldarz {
+
+namespace {
+
+double square(double value) { return value * value; }
+
+/// d ln(C) / d ln(x) from the exponents and the reflection at the ground.
+void boundExponent(const Source& source, AxisRange& range) {
+  const auto [nearer, farther] = std::minmax({square(source.H - source.z), square(source.H + source.z)});
+  const double least = nearer / square(range.sigmaZ.high) - 1;
+  const double most = farther / square(range.sigmaZ.low) - 1;
+  const auto [ezLeast, ezMost] = std::pair{range.sigmaZ.leastExponent, range.sigmaZ.mostExponent};
+  const double lateral = source.release == Release::puff ? 2 : 1;
+  range.leastExponent = std::min(ezLeast * least, ezMost * least) - lateral * range.sigmaY.mostExponent;
+  range.mostExponent = std::max(ezLeast * most, ezMost * most) - lateral * range.sigmaY.leastExponent;
+}
+
+}  // namespace
+
+bool AxisRange::widens(double level) const {
+  if (!liesAbove(level) || !(level > 0)) return false;
+  const double least = std::min(leastExponent / std::log(low / level), leastExponent / std::log(high / level));
+  return sigmaY.leastExponent + least / 2 > leastSlope;
+}
+
+std::optional<AxisRange> axisRange(const Source& source, int stabilityClass, double density, double T, double from,
+                                   double to) {
+  const bool moves = source.release == Release::puff || source.u > 0;
+  if (!(source.Q > 0 && source.M > 0 && T > 0 && moves && from > 0 && from <= to)) return {};
+  const auto sigmaY = sigmaYRange(stabilityClass, from, to);
+  const auto sigmaZ = sigmaZRange(stabilityClass, density, from, to);
+  if (!sigmaY || !sigmaZ) return {};
+  AxisRange range{.sigmaY = *sigmaY, .sigmaZ = *sigmaZ};
+  boundExponent(source, range);
+  double begin = 0;
+  double end = 0;
+  silently([&] { begin = axisConcentration(source, sigmaY->low, sigmaZ->low, T); },
+           [&] { end = axisConcentration(source, sigmaY->high, sigmaZ->high, T); });
+  if (!(begin > 0 && end > 0)) return {};
+  // From either end the concentration goes no steeper than the exponents.
+  const double stretch = to / from;
+  range.low = std::max(begin * std::pow(stretch, std::min(0.0, range.leastExponent)),
+                       end * std::pow(stretch, std::min(0.0, -range.mostExponent)));
+  range.high = std::min(begin * std::pow(stretch, std::max(0.0, range.mostExponent)),
+                        end * std::pow(stretch, std::max(0.0, -range.leastExponent)));
+  return range;
+}
+
+}  // namespace noldarz

@@ -1,0 +1,151 @@
+// Properties that hold for any release, on thousands of random ones: what the searches find is what plain stepping finds, every
+// result is a number or a mark, and lower levels go farther. NOLDARZ_RELEASES sets how many, NOLDARZ_SEED with which begin.
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <random>
+
+#include "support/test_system.h"
+
+namespace noldarz::test {
+namespace {
+
+int setting(const char* name, int otherwise) {
+  const char* text = std::getenv(name);  // NOLINT(concurrency-mt-unsafe): one thread
+  return text ? std::atoi(text) : otherwise;
+}
+
+class Chance {
+ public:
+  explicit Chance(unsigned seed) : random_(seed) {}
+  double between(double low, double high) { return std::uniform_real_distribution<double>{low, high}(random_); }
+  double betweenByOrders(double low, double high) { return std::exp(between(std::log(low), std::log(high))); }
+  bool once(int in) { return std::uniform_int_distribution<int>{1, in}(random_) == 1; }
+  template <class Range>
+  std::string oneOf(const Range& range) {
+    return std::string{range[std::uniform_int_distribution<std::size_t>{0, std::size(range) - 1}(random_)]};
+  }
+
+ private:
+  std::mt19937 random_;
+};
+
+using Inputs = std::map<std::string, std::string>;
+
+Inputs randomInputs(Chance& chance) {
+  const auto number = [](double value, const char* format) { return Format(value, format); };
+  Inputs inputs{{"scnrotypetxt", chance.oneOf(releaseTypes)},
+                {"QntyRelstxt", number(chance.betweenByOrders(0.01, 5000), "0.000")},
+                {"molwttxt", number(chance.between(2, 250), "0.00")},
+                {"vapordnstytxt", number(chance.between(0.4, 3.5), "0.00")},
+                {"tempStore", number(chance.between(-120, 400), "0.0")},
+                {"htreltxt", number(chance.betweenByOrders(0.1, 200), "0.0")},
+                {"htsmul", number(chance.between(0, 10), "0.0")},
+                {"enddisttxt", number(chance.betweenByOrders(1000, 50000), "0")},
+                {"stblclscbo", chance.oneOf(stabilityClasses)},
+                {"roghwndoptcbo", chance.oneOf(terrains)},
+                {"wndveltxt", number(chance.between(0.5, 15), "0.0")},
+                {"conclbl(1)", chance.oneOf(std::array{"LEL:", "Conc. 1"})}};
+  if (chance.once(40)) {  // a text that makes every step fail would show a box each
+    inputs["enddisttxt"] = "1000";
+    inputs[chance.oneOf(std::array{"tempStore", "vapordnstytxt"})] = chance.oneOf(std::array{"", "1,5", "-300", "0"});
+  }
+  return inputs;
+}
+
+/// Levels below the maximum in descending order, now and then one that is not.
+std::vector<std::string> randomLevels(Chance& chance, const std::string& maximum) {
+  std::vector<std::string> levels;
+  double level = isNumeric(maximum) ? strictNumber(maximum) : 1000;
+  for (int i = 0; i < levelCount; ++i) {
+    level *= chance.once(60) ? 1.5 : chance.betweenByOrders(0.2, 0.95);
+    levels.push_back(Format(level, "0.0000"));
+  }
+  return levels;
+}
+
+/// What a press leaves: every text and value of the view, every number of the run.
+std::map<std::string, std::string> outcomeOf(TestSystem& system) {
+  std::map<std::string, std::string> outcome;
+  for (const Field& field : system.main().view.fields())
+    outcome[field.name()] = field.text() + "|" + std::to_string(field.value()) + (field.enabled() ? "" : "|off");
+  visitAll(system.state(), [&](std::string_view name, auto variable) {
+    outcome["state " + std::string{name}] = testing::PrintToString(variable);
+  });
+  return outcome;
+}
+
+struct Program {
+  explicit Program(bool plainly) {
+    if (plainly) system.session.system().plume().stepPlainly();
+    system.session.desktop().answerQuestions([](const MessageBox&) { return Reply::no; });
+  }
+  void compute(const Inputs& inputs, unsigned seed) {
+    system.set(inputs);
+    system.press();
+    Chance chance{seed};
+    system.setLevels(randomLevels(chance, system.text("constn1")));
+    system.press();
+    boxes = system.takeBoxes();
+  }
+  TestSystem system;
+  std::vector<std::string> boxes;
+};
+
+bool isComplete(TestSystem& system, int level) {
+  const LevelFields& fields = system.main().level;
+  for (const auto* results : {&fields.bgnpt, &fields.endpt, &fields.isoplngt, &fields.isopwdth})
+    if (!(*results)[level].isNumeric() || (*results)[level].number() <= 0) return false;
+  return true;
+}
+
+void expectNumbersAndMarks(TestSystem& system) {
+  const double endDist = system.state().endDist;
+  for (const Field& field : system.main().view.fields()) {
+    if (!field.locked()) continue;
+    const bool known = field.isNumeric() || mark::isOpen(field.text(), endDist) || field.text() == mark::inputError ||
+                       field.text() == "Mass = 0";
+    EXPECT_TRUE(known) << field.name() << " holds " << field.text();
+  }
+}
+
+void expectOrder(TestSystem& system) {
+  const LevelFields& level = system.main().level;
+  for (int i = 0; i < levelCount; ++i) {
+    if (!isComplete(system, i)) continue;
+    EXPECT_GE(level.endpt[i].number(), level.bgnpt[i].number()) << "level " << i;
+    if (i == 0 || !isComplete(system, i - 1)) continue;
+    EXPECT_GE(level.endpt[i].number(), level.endpt[i - 1].number()) << "level " << i;
+    // The width is looked for every 1 m, too coarsely for a cloud of a few metres.
+    if (level.isoplngt[i - 1].number() > 50) {
+      EXPECT_GE(level.isopwdth[i].number(), level.isopwdth[i - 1].number()) << "level " << i;
+    }
+  }
+}
+
+TEST(RandomReleases, giveWhatPlainSteppingGives) {
+  const int count = setting("NOLDARZ_RELEASES", 2000);
+  const auto first = static_cast<unsigned>(setting("NOLDARZ_SEED", 1));
+  std::uint64_t complete = 0;
+  for (unsigned seed = first; seed < first + static_cast<unsigned>(count) && !testing::Test::HasFailure(); ++seed) {
+    SCOPED_TRACE("NOLDARZ_SEED=" + std::to_string(seed) + " NOLDARZ_RELEASES=1");
+    Chance chance{seed};
+    const Inputs inputs = randomInputs(chance);
+    Program searched{false};
+    searched.compute(inputs, seed);
+    Program stepped{true};
+    stepped.compute(inputs, seed);
+    const auto found = outcomeOf(searched.system);
+    for (const auto& [name, value] : outcomeOf(stepped.system)) EXPECT_EQ(found.at(name), value) << name;
+    EXPECT_EQ(searched.boxes, stepped.boxes);
+    expectNumbersAndMarks(searched.system);
+    expectOrder(searched.system);
+    if (isComplete(searched.system, levelCount - 1)) ++complete;
+  }
+  EXPECT_TRUE(count < 100 || complete > static_cast<std::uint64_t>(count) / 3) << complete;
+}
+
+}  // namespace
+}  // namespace noldarz::test

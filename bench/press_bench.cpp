@@ -1,5 +1,5 @@
-// The two presses of Compute on four reference releases, against a bare loop in the same run: the printed formulas,
-// evaluated on plain numbers as many times as the press made search steps. `ratio` is press over bare loop.
+// The two presses of Compute on four reference releases, each and both, against a bare loop in the same run: the printed
+// formulas, evaluated on plain numbers as many times as the press is told to step. `ratio` is press over bare loop.
 //
 // A step of the bare loop is the coefficients and the concentration; in the first press the candidate of the maximum
 // ground concentration comes to it, in the width pass of the second one the half width, as in the steps of the press.
@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "cli/script.h"
@@ -196,8 +197,10 @@ std::uint64_t widthSteps(const MainView& main) {
                                     main.result.maxdistconctxt.number());
 }
 
-/// One press of a fresh program; `press` is 1 or 2.
-void pressAgainstBareLoop(benchmark::State& state, const Reference& reference, int press) {
+enum class Part { firstPress, secondPress, whole };
+
+/// A press of a fresh program, or both.
+void pressAgainstBareLoop(benchmark::State& state, const Reference& reference, Part part) {
   double pressSeconds = 0;
   double bareSeconds = 0;
   std::uint64_t steps = 0;
@@ -205,22 +208,23 @@ void pressAgainstBareLoop(benchmark::State& state, const Reference& reference, i
     ScriptSession session{[](const Json&) {}};
     MainView& main = session.system().mainView();
     for (const auto& [name, text] : reference.fields) main.view.find(name)->setText(text);
-    Press timed = timedPress(session);
-    if (press == 2) {
+    const Press first = timedPress(session);
+    Press second;
+    if (part != Part::firstPress) {
       for (int i = 0; i < levelCount; ++i) main.level.constn[i].setText(reference.levels[static_cast<std::size_t>(i)]);
-      timed = timedPress(session);
+      second = timedPress(session);
+      if (!main.level.distmaxisop[levelCount - 1].isNumeric())
+        return state.SkipWithError("the lowest level is not complete");
     }
-    if (timed.steps == 0) return state.SkipWithError("the press made no step");
-    if (press == 2 && !main.level.distmaxisop[levelCount - 1].isNumeric())
-      return state.SkipWithError("the lowest level is not complete");
     const auto begin = Clock::now();
     const Bare bare{reference, Numbers{reference, session.system().state().windAtHeight}};
-    benchmark::DoNotOptimize(press == 1 ? bareFirstPress(bare, timed.steps)
-                                        : bareSecondPress(bare, timed.steps, widthSteps(main)));
+    if (part != Part::secondPress) benchmark::DoNotOptimize(bareFirstPress(bare, first.steps));
+    if (part != Part::firstPress) benchmark::DoNotOptimize(bareSecondPress(bare, second.steps, widthSteps(main)));
     bareSeconds += seconds(Clock::now() - begin);
-    pressSeconds += timed.seconds;
-    steps = timed.steps;
-    state.SetIterationTime(timed.seconds);
+    const double taken = (part != Part::secondPress ? first.seconds : 0) + second.seconds;
+    pressSeconds += taken;
+    steps = (part != Part::secondPress ? first.steps : 0) + second.steps;
+    state.SetIterationTime(taken);
   }
   state.counters["steps"] = static_cast<double>(steps);
   state.counters["bare_us"] = benchmark::Counter(bareSeconds * 1e6, benchmark::Counter::kAvgIterations);
@@ -231,10 +235,12 @@ void pressAgainstBareLoop(benchmark::State& state, const Reference& reference, i
 
 int main(int argc, char** argv) {
   for (const Reference& reference : references)
-    for (const int press : {1, 2})
+    for (const auto& [part, name] : {std::pair{Part::firstPress, ", first press"},
+                                     std::pair{Part::secondPress, ", second press"},
+                                     std::pair{Part::whole, ", whole Compute"}})
       benchmark::RegisterBenchmark(
-          (std::string{reference.name} + (press == 1 ? ", first press" : ", second press")).c_str(),
-          [&reference, press](benchmark::State& state) { pressAgainstBareLoop(state, reference, press); })
+          (std::string{reference.name} + name).c_str(),
+          [&reference, part](benchmark::State& state) { pressAgainstBareLoop(state, reference, part); })
           ->UseManualTime()
           ->Unit(benchmark::kMicrosecond);
   benchmark::Initialize(&argc, argv);

@@ -59,9 +59,21 @@ std::unique_ptr<sqlite3, int (*)(sqlite3*)> openHandle(const std::filesystem::pa
   return owner;
 }
 
+bool isAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
 }  // namespace
 
 int compareWithoutCase(std::string_view a, std::string_view b) {
+  // Names of columns are: the folding of any script takes a hundred times as long.
+  if (isAscii(a) && isAscii(b)) {
+    const auto order = std::lexicographical_compare_three_way(
+        a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return lower(x) <=> lower(y); });
+    return order < 0 ? -1 : order > 0 ? 1 : 0;
+  }
   const auto bytes = [](std::string_view text) { return reinterpret_cast<const std::uint8_t*>(text.data()); };
   int order = 0;
   if (u8_casecmp(bytes(a), a.size(), bytes(b), b.size(), nullptr, nullptr, &order) == 0) return order;

@@ -18,14 +18,13 @@ constexpr double extension = 10000;  // m that a Yes adds to the maximum distanc
 
 }  // namespace
 
-LevelPasses::LevelPasses(ModelState& model, SweepState& sweep, LevelState& passes, PlumeModel& plume,
-                         const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
-                         const CommandFields& command, Sweep& search, Isopleth& isopleth, Progress& progress,
-                         Desktop& desktop, std::function<void()> press)
+LevelPasses::LevelPasses(ModelState& model, SweepState& sweep, LevelState& passes, const ScenarioInputs& in,
+                         const LevelFields& level, const ResultFields& result, const CommandFields& command,
+                         Sweep& search, Isopleth& isopleth, Progress& progress, Desktop& desktop,
+                         std::function<void()> press)
     : model_(model),
       sweep_(sweep),
       passes_(passes),
-      plume_(plume),
       in_(in),
       level_(level),
       result_(result),

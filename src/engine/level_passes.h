@@ -18,7 +18,7 @@ namespace noldarz {
 class LevelPasses {
  public:
   /// `press` runs a press inside the press, after a Yes.
-  LevelPasses(ModelState& model, SweepState& sweep, LevelState& passes, PlumeModel& plume, const ScenarioInputs& in,
+  LevelPasses(ModelState& model, SweepState& sweep, LevelState& passes, const ScenarioInputs& in,
               const LevelFields& level, const ResultFields& result, const CommandFields& command, Sweep& search,
               Isopleth& isopleth, Progress& progress, Desktop& desktop, std::function<void()> press);
 
@@ -46,7 +46,6 @@ class LevelPasses {
   ModelState& model_;
   SweepState& sweep_;
   LevelState& passes_;
-  PlumeModel& plume_;
   const ScenarioInputs& in_;
   const LevelFields& level_;
   const ResultFields& result_;

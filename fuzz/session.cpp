@@ -1,0 +1,94 @@
+#include <array>
+#include <iterator>
+#include <sstream>
+
+#include "cli/script.h"
+#include "cli/script_error.h"
+#include "cli/study.h"
+#include "targets.h"
+
+namespace noldarz::fuzz {
+
+namespace {
+
+/// A fresh study in data/ beside the folder start/.
+void laySiteDown() {
+  static const bool made = [] {
+    std::ostringstream errors;
+    fs::create_directories(scratch() / "data");
+    fs::create_directories(scratch() / "start");
+    createStudy(scratch() / "fresh.mdb", NOLDARZ_SOURCE_DIR "/examples/studies/lpg.toml", true, errors);
+    demand(errors.str().empty(), errors.str());
+    return true;
+  }();
+  static_cast<void>(made);
+  fs::remove_all(scratch() / "data");
+  fs::create_directories(scratch() / "data");
+  fs::copy_file(scratch() / "fresh.mdb", scratch() / "data/orgtn.mdb");
+  fs::current_path(scratch() / "start");
+}
+
+std::string quoted(const std::string& text) {
+  std::string quotedText = "\"";
+  for (const char c : text) {
+    if (c == '\n') continue;
+    if (c == '"' || c == '\\') quotedText += '\\';
+    quotedText += c;
+  }
+  return quotedText + '"';
+}
+
+/// What a user may do next.
+std::string anyAction(Chance& chance, View& view) {
+  static const std::array plausible{
+      "1", "10", "0.5", "2000", "95000", "21000", "14000", "1000", "D", "F", "Rural", "Night", "12.5"};
+  Field& field = view.fields()[chance.below(view.fields().size())];
+  const std::string& name = field.name();
+  switch (field.kind()) {
+    case FieldKind::text:
+      return "enter " + name + " " + quoted(chance.once(3) ? anyText(chance) : chance.oneOf(plausible));
+    case FieldKind::combo:
+      if (chance.once(4) || field.entries().empty()) return "enter " + name + " " + quoted(anyText(chance));
+      return "choose " + name + " " + quoted(chance.oneOf(field.entries()));
+    case FieldKind::timer: return "wait 300";
+    case FieldKind::list: return (chance.once(2) ? "dblclick " : "choose ") + name + (chance.once(2) ? "" : " #0");
+    default: return (chance.once(5) ? "dblclick " : "click ") + name;
+  }
+}
+
+void expectNumbersAndMarks(View& view) {
+  for (const Field& field : view.fields()) {
+    const std::string& text = field.text();
+    const bool known = !field.locked() || field.isNumeric() || text == "N.A." || text == "Input Err." ||
+                       text == "Mass = 0" || text.starts_with('>');
+    demand(known, field.name() + " holds " + text);
+  }
+}
+
+}  // namespace
+
+void useProgram(Chance& chance) {
+  laySiteDown();
+  ScriptSession session{[](const Json&) {}, Folders{scratch() / "start", scratch(), scratch()}};
+  session.desktop().answerQuestions([&](const MessageBox&) { return chance.once(3) ? Reply::yes : Reply::no; });
+  session.runLine("start");
+  View& view = session.system().mainView().view;
+  int presses = 0;
+  for (std::size_t count = 10 + chance.below(40); count > 0 && view.loaded(); --count) {
+    const bool press = chance.once(8);
+    if (press && ++presses > 6) break;
+    const std::string line = press ? "click comput" : chance.once(12) ? "click getconclvl" : anyAction(chance, view);
+    if (line.starts_with("click exit") && !chance.once(10)) continue;
+    try {
+      session.runLine(line);
+    } catch (const ScriptError&) {  // the screen would not let him
+    }
+    expectNumbersAndMarks(view);
+  }
+  if (view.loaded()) view.close();
+  std::ostringstream out;
+  std::ostringstream errors;
+  demand(checkStudy(scratch() / "data/orgtn.mdb", out, errors) == ExitStatus::done, "the study: " + errors.str());
+}
+
+}  // namespace noldarz::fuzz

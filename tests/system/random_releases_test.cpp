@@ -118,6 +118,7 @@ void expectOrder(TestSystem& system) {
     EXPECT_GE(level.endpt[i].number(), level.bgnpt[i].number()) << "level " << i;
     if (i == 0 || !isComplete(system, i - 1)) continue;
     EXPECT_GE(level.endpt[i].number(), level.endpt[i - 1].number()) << "level " << i;
+    EXPECT_GE(level.isoplngt[i].number(), level.isoplngt[i - 1].number()) << "level " << i;
     // The width is looked for every 1 m, too coarsely for a cloud of a few metres.
     if (level.isoplngt[i - 1].number() > 50) {
       EXPECT_GE(level.isopwdth[i].number(), level.isopwdth[i - 1].number()) << "level " << i;

@@ -2,6 +2,7 @@
 // steps at which nothing can happen, and find to the last digit what they would find step by step. Pure functions of numbers.
 #pragma once
 
+#include <algorithm>
 #include <optional>
 
 #include "engine/coefficients.h"
@@ -51,7 +52,7 @@ class Stride {
     --rest_;
     return 0;
   }
-  void succeeded() { steps_ *= 2; }
+  void succeeded() { steps_ = std::min(2 * steps_, most); }
   void failed() {
     steps_ /= 4;
     if (steps_ >= least) return;
@@ -61,6 +62,7 @@ class Stride {
 
  private:
   static constexpr int least = 4;
+  static constexpr int most = 8192;
   static constexpr int plainSteps = 8;
   int steps_ = 64;
   int rest_ = 0;

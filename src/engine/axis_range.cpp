@@ -19,13 +19,15 @@ void boundExponent(const Source& source, AxisRange& range) {
   const auto [ezLeast, ezMost] = std::pair{range.sigmaZ.leastExponent, range.sigmaZ.mostExponent};
   const double lateral = source.release == Release::puff ? 2 : 1;
   range.leastExponent = std::min(ezLeast * least, ezMost * least) - lateral * range.sigmaY.mostExponent;
-  range.mostExponent = std::max(ezLeast * most, ezMost * most) - lateral * range.sigmaY.leastExponent;
+  range.mostExponent = std::max(ezLeast * most, ezMost * most) - lateral * range.sigmaY.leastExponent +
+                       square(offAxis / range.sigmaY.low) * range.sigmaY.mostExponent;
 }
 
 }  // namespace
 
 bool AxisRange::widens(double level) const {
-  if (!liesAbove(level) || !(level > 0)) return false;
+  constexpr double clear = 1e-4;  // nearer to the level the half width is mostly rounding
+  if (!(low > level * (1 + clear) && level > 0)) return false;
   const double least = std::min(leastExponent / std::log(low / level), leastExponent / std::log(high / level));
   return sigmaY.leastExponent + least / 2 > leastSlope;
 }

@@ -37,6 +37,7 @@ struct AxisRange {
 /// The bounds from `from` to `to` (m), at temperature T (K):
 ///
 ///   d ln(C) / d ln(x) = ez * (r - 1) - p * ey      p = 1, for "PUFF" 2; ey, ez: exponents of sy and sz
+///                     + (0.00001 / sy)^2 * ey    of the point looked at, that far off the axis; never below 0
 ///   r = d ln(R) / d ln(sz), between ((H - z) / sz)^2 and ((H + z) / sz)^2
 ///
 /// None for a stretch on which a coefficient changes its form or does not grow, and for a release without mass or wind.

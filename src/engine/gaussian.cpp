@@ -10,7 +10,6 @@ namespace {
 
 constexpr double twoPi = 6.28318;  // these digits, not a more exact value
 const double twoPiToThreeHalves = std::pow(twoPi, 1.5);
-constexpr double offAxis = 0.00001;      // m, lateral distance of the point looked at
 constexpr double gasConstant = 0.08205;  // l atm / (mol K)
 constexpr double gramsPerKilogram = 1000;
 constexpr double ppmOfLitres = 1000;         // 1e6 ppm / 1000 l/m3: g/m3 to ppm, with gasConstant * T / M

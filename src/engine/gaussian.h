@@ -13,6 +13,9 @@ enum class Release : std::int8_t { none = -1, plume, pool, puff };
 /// maximum ground concentration take the temperature of the release.
 inline constexpr double isoplethTemperature = 300;
 
+/// Lateral distance of the point that is looked at on the axis (m).
+inline constexpr double offAxis = 0.00001;
+
 /// A release in the wind.
 struct Source {
   Release release = Release::plume;

@@ -90,7 +90,8 @@ bool CrosswindWalk::sumOf(double A, double power, std::size_t last, double& sum)
   const auto before = static_cast<std::size_t>(first - logTime_.begin()) - 1;
   const auto count = static_cast<double>(last - 1 - before);
   sum = count * base + logFactor * (sumLog_[last - 1] - sumLog_[before]);
-  const double terms = count * std::fabs(base) + std::fabs(sumLog_[last - 1]) + std::fabs(sumLog_[before]);
+  const double terms =
+      count * (std::fabs(A) + std::fabs(base - A)) + std::fabs(sumLog_[last - 1]) + std::fabs(sumLog_[before]);
   const double lastBits =
       2 * std::numeric_limits<double>::epsilon() * static_cast<double>(last) * (terms + mostPercent);
   return std::fabs(sum - leastPercent) > lastBits;

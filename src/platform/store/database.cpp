@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <compare>
 
 #include "platform/store/file_kind.h"
 #include "platform/store/store_failure.h"
@@ -72,7 +73,7 @@ int compareWithoutCase(std::string_view a, std::string_view b) {
   if (isAscii(a) && isAscii(b)) {
     const auto order = std::lexicographical_compare_three_way(
         a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return lower(x) <=> lower(y); });
-    return order < 0 ? -1 : order > 0 ? 1 : 0;
+    return static_cast<int>(std::is_gt(order)) - static_cast<int>(std::is_lt(order));
   }
   const auto bytes = [](std::string_view text) { return reinterpret_cast<const std::uint8_t*>(text.data()); };
   int order = 0;

@@ -5,6 +5,7 @@
 #include "cli/script.h"
 #include "cli/script_error.h"
 #include "cli/study.h"
+#include "platform/store/recordset.h"
 #include "targets.h"
 
 namespace noldarz::fuzz {
@@ -65,6 +66,27 @@ void expectNumbersAndMarks(View& view) {
   }
 }
 
+bool sameFigure(const std::string& cell, const std::string& text) {
+  return isNumeric(cell) && isNumeric(text) ? strictNumber(cell) == strictNumber(text) : cell == text;
+}
+
+/// A press that says so has stored what the fields show.
+void expectStored(System& system) {
+  const LevelFields& level = system.mainView().level;
+  const std::string& done = system.mainView().command.comput.caption();
+  const bool stored = done == "Results at given concentration" || done == "Concentration distances computed.";
+  if (!stored || !system.mainView().scenario.statuslbl.caption().starts_with("Results stored")) return;
+  Recordset rows{system.study(), "SELECT * FROM maimTbl4All"};
+  for (; !rows.eof(); rows.moveNext()) {
+    bool same = true;
+    for (int i = 0; i < levelCount; ++i)
+      same = same && sameFigure(textOf(rows.value("endptn" + std::to_string(i))), level.endpt[i].text()) &&
+             sameFigure(textOf(rows.value("bgnptn" + std::to_string(i))), level.bgnpt[i].text());
+    if (same) return;
+  }
+  demand(false, "no row holds the results");
+}
+
 }  // namespace
 
 void useProgram(Chance& chance) {
@@ -81,6 +103,7 @@ void useProgram(Chance& chance) {
     if (line.starts_with("click exit") && !chance.once(10)) continue;
     try {
       session.runLine(line);
+      if (line == "click comput") expectStored(session.system());
     } catch (const ScriptError&) {  // the screen would not let him
     }
     expectNumbersAndMarks(view);

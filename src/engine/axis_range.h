@@ -44,6 +44,23 @@ struct AxisRange {
 std::optional<AxisRange> axisRange(const Source& source, int stabilityClass, double density, double T, double from,
                                    double to);
 
+/// Steps that a search may pass over at once: from where it stands to `next`, by way of `before`.
+struct Stretch {
+  double before;  // m, one step before next
+  double next;    // m
+  int steps;
+};
+
+/// At most so many steps of `step` from `from` on, none past `limit`. The running sum is that of the plain loop, step by step.
+inline Stretch stretchAhead(double from, double step, double limit, int most) {
+  Stretch stretch{from, from, 0};
+  for (; stretch.steps < most && stretch.next + step <= limit; ++stretch.steps) {
+    stretch.before = stretch.next;
+    stretch.next += step;
+  }
+  return stretch;
+}
+
 /// How many steps a search tries to pass over at once: more after each success, fewer after each failure.
 class Stride {
  public:

@@ -64,13 +64,8 @@ void Isopleth::findMaxWidth(const Trap& regime) {
 
 void Isopleth::skipWideningSteps(Stride& stride) {
   const int most = std::min(stride.steps(), progress_.stepsToTurn());
-  double next = model_.distAt;
-  double before = next;
-  for (int count = 0; count < most; ++count) {
-    before = next;
-    next += sweep_.sweepStep;
-  }
-  if (most < 2) return;
+  const auto [before, next, steps] = stretchAhead(model_.distAt, sweep_.sweepStep, farthestDistance, most);
+  if (steps < 2) return;
   const ParsedNumber& end = in_.enddisttxt.parsed();
   // The last step of a march that comes to its end knows the half width one step before.
   const double behind = next + sweep_.sweepStep;
@@ -79,7 +74,7 @@ void Isopleth::skipWideningSteps(Stride& stride) {
   const auto range = meetsEnd ? std::nullopt : plume_.axisRange(model_.distAt, next);
   if (!range || !range->widens(model_.levelConcAt)) return stride.failed();
   model_.distAt = before;
-  progress_.skip(most - 1);
+  progress_.skip(steps - 1);
   stride.succeeded();
 }
 

@@ -64,18 +64,11 @@ void Sweep::takeStep() {
 
 void Sweep::skipQuietSteps(double limit, double step, Stride& stride) {
   const int most = std::min(stride.steps(), progress_.stepsToTurn());
-  // The running sum is that of the plain loop, step by step.
-  double next = sweep_.distSweep;
-  double before = next;
-  int count = 0;
-  for (; count < most && next + step <= limit; ++count) {
-    before = next;
-    next += step;
-  }
-  if (count < 2) return;
+  const auto [before, next, steps] = stretchAhead(sweep_.distSweep, step, limit, most);
+  if (steps < 2) return;
   if (!isQuiet(model_.distX, rounded(next, 2))) return stride.failed();
   sweep_.distSweep = before;
-  progress_.skip(count - 1);
+  progress_.skip(steps - 1);
   stride.succeeded();
 }
 

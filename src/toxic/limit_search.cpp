@@ -155,16 +155,9 @@ void LimitSearch::prbtExposure() {
 }
 
 void LimitSearch::skipAlikeDistances(Stride& stride) {
-  const int most = stride.steps();
-  double next = model_.distAt;  // the running sum of the plain loop
-  double before = next;
-  int count = 0;
-  for (; count < most && next + search_.prbtStep <= search_.maxDistPrbt; ++count) {
-    before = next;
-    next += search_.prbtStep;
-  }
-  if (count < 2) return;
-  if (!Trap::ignoring().holds([&] { return isAlike(model_.distAt, next); })) return stride.failed();
+  const auto [before, next, steps] = stretchAhead(model_.distAt, search_.prbtStep, search_.maxDistPrbt, stride.steps());
+  if (steps < 2) return;
+  if (!Trap::ignoring().holds([&, to = next] { return isAlike(model_.distAt, to); })) return stride.failed();
   model_.distAt = before;
   stride.succeeded();
 }

@@ -109,6 +109,12 @@ void enter(ScriptSession& session, const Words& words) {
 
 void focus(ScriptSession& session, const Words& words) { takeFocus(session, usableField(session, words[1])); }
 
+/// The focus comes to the field, and what leaving the other one has asked for is done before the user acts.
+void arrive(ScriptSession& session, Field& field) {
+  takeFocus(session, field);
+  session.desktop().settle();
+}
+
 void leave(ScriptSession& session, const Words& words) {
   takeFocus(session, usableField(session, words[1]));
   session.desktop().moveFocus(nullptr);
@@ -116,6 +122,7 @@ void leave(ScriptSession& session, const Words& words) {
 
 void choose(ScriptSession& session, const Words& words) {
   Field& field = usableField(session, words[1], {FieldKind::list, FieldKind::combo}, "chosen from");
+  arrive(session, field);
   const auto& entries = field.entries();
   auto entry = std::find(entries.begin(), entries.end(), words[2]);
   if (entry == entries.end() && words[2].starts_with('#')) {
@@ -123,7 +130,6 @@ void choose(ScriptSession& session, const Words& words) {
     if (position < static_cast<int>(entries.size())) entry = entries.begin() + position;
   }
   if (entry == entries.end()) throw ScriptError("no entry " + inQuotes(words[2]) + " in " + field.fullName());
-  takeFocus(session, field);
   if (field.kind() == FieldKind::list)
     field.select(static_cast<int>(entry - entries.begin()));
   else
@@ -133,7 +139,7 @@ void choose(ScriptSession& session, const Words& words) {
 
 void setChecked(ScriptSession& session, Field& field, int value) {
   if (field.value() == value) return;
-  takeFocus(session, field);
+  arrive(session, field);
   field.setValue(value);
   field.fire(Event::click);
 }
@@ -151,7 +157,7 @@ void uncheck(ScriptSession& session, const Words& words) {
 void slide(ScriptSession& session, const Words& words) {
   Field& field = usableField(session, words[1], {FieldKind::slider}, "slid");
   const int position = integer(words[2]);
-  takeFocus(session, field);
+  arrive(session, field);
   if (field.value() == position) return;
   field.setValue(position);
   field.fire(Event::change);
@@ -162,6 +168,7 @@ void clickOn(ScriptSession& session, Field& field) {
   if (field.kind() == FieldKind::check) return setChecked(session, field, field.value() == 1 ? 0 : 1);
   if (field.kind() == FieldKind::option) return setChecked(session, field, 1);
   if (field.takesFocus()) takeFocus(session, field);
+  session.desktop().settle();
   if (field.usable()) field.fire(Event::click);  // a rule may have closed the field meanwhile
 }
 
@@ -242,6 +249,7 @@ void start(ScriptSession& session, const Words&) { session.start(); }
 
 void close(ScriptSession& session, const Words& words) {
   View& view = words.size() == 2 ? viewNamed(session, words[1]) : session.system().mainView().view;
+  session.desktop().settle();
   if (words.size() == 1 && !view.loaded() && !session.ended()) {
     while (!session.ended()) session.system().views().open().back()->close();  // the view of the missing files
     return;

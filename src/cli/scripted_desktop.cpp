@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <limits>
 #include <utility>
-#include <vector>
 
 #include "cli/script_error.h"
 #include "platform/failure.h"
@@ -92,12 +91,17 @@ void ScriptedDesktop::printerDialog() {
 void ScriptedDesktop::setFocus(Field& field) {
   if (!field.usable() || !field.takesFocus()) fail(FailureNumber::invalidArgument);
   record_({{"focus", field.fullName()}});
-  moveFocus(&field);
+  focus_.moveTo(&field);
+}
+
+bool ScriptedDesktop::moveFocus(Field* field) {
+  settle();
+  return focus_.moveTo(field);
 }
 
 void ScriptedDesktop::forgetFields() {
   focus_.forget();
-  dues_.clear();
+  timers_.forget();
 }
 
 void ScriptedDesktop::openDropDown(Field& field) { record_({{"dropDown", field.fullName()}}); }
@@ -114,41 +118,14 @@ void ScriptedDesktop::runProgram(const std::filesystem::path& program, const std
   record_({{"program", program.string()}});
 }
 
-void ScriptedDesktop::watchTimers(Views& views) {
-  const auto begin = [this](Field& timer) {
-    if (timer.enabled())
-      dues_[&timer] = now_ + timer.value();
-    else
-      dues_.erase(&timer);
-  };
-  for (View* view : views.all()) {
-    std::vector<Field*> timers;
-    for (Field& field : view->fields())
-      if (field.kind() == FieldKind::timer) timers.push_back(&field);
-    if (timers.empty()) continue;
-    const auto beginAll = [begin, timers] {
-      std::for_each(timers.begin(), timers.end(), [&](Field* t) { begin(*t); });
-    };
-    if (view->loaded()) beginAll();
-    view->onLoad(beginAll);
-    view->observe([begin](Field& field, Property property) {
-      if (field.kind() == FieldKind::timer && property == Property::enabled && field.view().loaded()) begin(field);
-    });
-  }
-}
-
 void ScriptedDesktop::runTimers(std::optional<double> milliseconds) {
   const double until = milliseconds ? now_ + *milliseconds : std::numeric_limits<double>::infinity();
   for (int fired = 0;; ++fired) {
-    std::erase_if(dues_, [](const auto& due) { return !due.first->view().loaded(); });
-    const auto next =
-        std::min_element(dues_.begin(), dues_.end(), [](const auto& a, const auto& b) { return a.second < b.second; });
-    if (next == dues_.end() || next->second > until) break;
-    auto& [timer, due] = *next;
-    if (fired == timerLimit) throw ScriptError("the timer " + timer->fullName() + " does not come to rest");
-    now_ = std::max(now_, due);
-    due = now_ + timer->value();  // it repeats until it is disabled
-    timer->fire(Event::timer);
+    const auto next = timers_.next();
+    if (!next || next->at > until) break;
+    if (fired == timerLimit) throw ScriptError("the timer " + next->timer->fullName() + " does not come to rest");
+    now_ = std::max(now_, next->at);
+    timers_.fireNext();
   }
   if (milliseconds) now_ = until;
 }

@@ -4,7 +4,6 @@
 
 #include <deque>
 #include <functional>
-#include <map>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
@@ -12,6 +11,7 @@
 
 #include "platform/desktop.h"
 #include "platform/focus.h"
+#include "platform/timers.h"
 #include "platform/view.h"
 
 namespace noldarz {
@@ -23,7 +23,8 @@ class ScriptedDesktop : public Desktop {
   /// Takes each entry of the record as it happens.
   using Record = std::function<void(const Json&)>;
 
-  explicit ScriptedDesktop(Record record) : record_(std::move(record)) {}
+  explicit ScriptedDesktop(Record record)
+      : record_(std::move(record)), timers_([this] { return now_; }, [](Field& timer) { timer.fire(Event::timer); }) {}
 
   /// Queues the reply to the next box ("yes", "no", "ok") or dialog ("ok", "cancel", a path).
   void queueReply(std::string reply) { replies_.push_back(std::move(reply)); }
@@ -49,19 +50,18 @@ class ScriptedDesktop : public Desktop {
 
   Pointer pointer() const { return pointer_; }
 
-  /// Moves the focus as a user does; null: to nowhere. The field that had it runs its lostFocus rule first, which may
-  /// keep the focus: then it does not move. Tells whether it arrived.
-  bool moveFocus(Field* field) { return focus_.moveTo(field); }
+  /// Moves the focus as a user does; null: to nowhere. What he has asked for before is done first (settle()), then the field
+  /// that had it runs its lostFocus rule, which may keep the focus: then it does not move. Tells whether it arrived.
+  bool moveFocus(Field* field);
+  /// Before each act of the user: what his last one has asked for by a timer is done.
+  void settle() { timers_.settle(); }
   Field* focused() const { return focus_.holder(); }
   /// Before its fields go: no field has the focus, no timer is due.
   void forgetFields();
 
-  /// Follows the timers that the views have now: an enabled one of a loaded view falls due after its interval, and
-  /// again after that until it is disabled or its view closes. Its interval begins when the view loads and whenever the
-  /// timer is enabled.
-  void watchTimers(Views& views);
-  /// Fires them in the order in which they fall due, until none is due or for so many
-  /// milliseconds. No real time passes. Throws ScriptError for timers that never come to rest.
+  void watchTimers(Views& views) { timers_.watch(views); }
+  /// Fires the timers in the order in which they fall due, until none is due or for so many milliseconds. No real time
+  /// passes. Throws ScriptError for timers that never come to rest.
   void runTimers(std::optional<double> milliseconds);
 
  private:
@@ -73,8 +73,8 @@ class ScriptedDesktop : public Desktop {
   std::function<Reply(const MessageBox&)> answerQuestion_;
   Pointer pointer_ = Pointer::standard;
   Focus focus_;
-  double now_ = 0;                 // ms
-  std::map<Field*, double> dues_;  // enabled timers, and when they fall due
+  double now_ = 0;  // ms
+  Timers timers_;
 };
 
 }  // namespace noldarz

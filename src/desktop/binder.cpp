@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScopedValueRollback>
@@ -79,7 +80,7 @@ Binder::Binder(View& view, QWidget& form, Front front) : view_(view), form_(form
 
 void Binder::bind(Field& field) {
   const QString name = widgetName(field.name());
-  if (field.kind() == FieldKind::timer) return bindTimer(field);
+  if (field.kind() == FieldKind::timer) return;  // nothing on the screen
   if (field.kind() == FieldKind::menu) {
     auto* menu = form_.findChild<QMenu*>(name);
     if (QAction* action = menu ? menu->menuAction() : form_.findChild<QAction*>(name))
@@ -98,35 +99,11 @@ void Binder::bindAction(Field& field, QAction& action) {
   actions_[&field] = &action;
   fields_[&action] = &field;
   connect(&action, &QAction::triggered, this, [this, &field] {
+    front_.settle();
     send(field, Event::click);
     show(field, Property::value);  // the screen has turned the check over; the rule may have not
   });
   showAll(field);
-}
-
-void Binder::bindTimer(Field& field) {
-  auto* timer = new QTimer(this);
-  timers_[timer] = &field;
-  connect(timer, &QTimer::timeout, this, [this, &field] {
-    if (!front_.busy()) send(field, Event::timer);
-  });
-  const auto follow = [timer, &field] {
-    if (field.enabled() && field.view().loaded())
-      timer->start(field.value());
-    else
-      timer->stop();
-  };
-  view_.onLoad(follow);
-  view_.onClose([timer] { timer->stop(); });
-  view_.observe([&field, follow](Field& changed, Property property) {
-    if (&changed == &field && property == Property::enabled) follow();
-  });
-  follow();
-}
-
-void Binder::hurryTimers() const {
-  for (const auto& [timer, field] : timers_)
-    if (timer->isActive()) send(*field, Event::timer);
 }
 
 void Binder::send(Field& field, Event event) const {
@@ -138,7 +115,6 @@ void Binder::connectEvents(Field& field, QWidget& widget) {
   if (auto* label = qobject_cast<QLabel*>(&widget)) label->setTextFormat(Qt::PlainText);
   if (auto* edit = qobject_cast<QLineEdit*>(&widget)) {
     connect(edit, &QLineEdit::textEdited, this, [this, &field](const QString& text) {
-      mark(field, {});
       field.setText(text.toStdString());
       send(field, Event::change);
     });
@@ -158,11 +134,11 @@ void Binder::connectCombo(Field& field, QComboBox& combo) {
   }
   connect(&combo, &QComboBox::editTextChanged, this, [this, &field](const QString& text) {
     if (showing_) return;
-    mark(field, {});
     field.setText(text.toStdString());
   });
   connect(&combo, &QComboBox::activated, this, [this, &field, &combo](int entry) {
     if (focusLeaving_ == &combo) return;  // a text typed that is an entry was not picked
+    front_.settle();
     field.setText(combo.itemText(entry).toStdString());
     send(field, Event::click);
   });
@@ -172,12 +148,16 @@ void Binder::connectList(Field& field, QListWidget& list) {
   list.viewport()->installEventFilter(this);
   fields_[list.viewport()] = &field;
   connect(&list, &QListWidget::itemClicked, this, [this, &field, &list] { pick(field, list); });
-  connect(&list, &QListWidget::itemDoubleClicked, this, [this, &field] { send(field, Event::dblClick); });
+  connect(&list, &QListWidget::itemDoubleClicked, this, [this, &field, &list] {
+    field.select(list.currentRow());
+    send(field, Event::dblClick);
+  });
 }
 
 void Binder::press(Field& field) {
   const bool takesFocus = (widgetOf(field)->focusPolicy() & Qt::ClickFocus) != 0;  // a shortcut does not bring it
   if (takesFocus && !front_.focusArrived(field)) return show(field, Property::value);
+  front_.settle();
   if (const auto* check = qobject_cast<QCheckBox*>(widgetOf(field))) field.setValue(check->isChecked() ? 1 : 0);
   send(field, Event::click);
 }
@@ -191,8 +171,20 @@ bool Binder::pick(Field& field, const QListWidget& list) const {
 
 /// By keyboard: the space bar is a click on the entry, Enter a double click.
 void Binder::takeListKey(Field& field, const QListWidget& list, int key) const {
+  front_.settle();
   const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
   if ((enter || key == Qt::Key_Space) && pick(field, list) && enter) send(field, Event::dblClick);
+}
+
+bool Binder::isAimStill(const Field& field, const QEvent& event) const {
+  const auto* list = qobject_cast<const QListWidget*>(widgetOf(field));
+  const auto entry = [&] {
+    const QListWidgetItem* item = list->itemAt(static_cast<const QMouseEvent&>(event).position().toPoint());
+    return item ? item->text() : QString{};
+  };
+  const QString aimedAt = list ? entry() : QString{};
+  if (list) front_.settle();
+  return !list || entry() == aimedAt;
 }
 
 bool Binder::isHere(Field& field, const QEvent& event) const {
@@ -218,7 +210,7 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::Resize: followFieldsOver(field); return false;
     case QEvent::MouseButtonDblClick:
       if (field.kind() == FieldKind::label) send(field, Event::dblClick);
-      return !here;
+      return !here || !isAimStill(field, *event);
     case QEvent::KeyPress: {
       const auto& key = static_cast<const QKeyEvent&>(*event);
       const auto* list = qobject_cast<QListWidget*>(watched);
@@ -226,7 +218,7 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
       if (here && field.over() && key.key() == Qt::Key_Return) widgetOf(*field.over())->setFocus();
       return !here;
     }
-    case QEvent::MouseButtonPress: return !here;
+    case QEvent::MouseButtonPress: return !here || !isAimStill(field, *event);
     default: return false;
   }
 }
@@ -270,6 +262,7 @@ void Binder::show(const Field& field, Property property) {
     case Property::enabled: return widget->setEnabled(field.enabled());
     case Property::visible: showPlace(field, *widget); return widget->setVisible(field.visible());
     case Property::toolTip: return showToolTip(field, *widget);
+    case Property::fault: return showFault(field, *widget);
     case Property::backColour: return showStyle(field, *widget);
     case Property::locked:
       if (auto* edit = qobject_cast<QLineEdit*>(widget)) lock(*edit, field.locked());
@@ -316,17 +309,19 @@ void Binder::showEntries(const Field& field, QWidget& widget) {
     combo->setCurrentIndex(-1);
     showText(field, widget);
   } else if (auto* list = qobject_cast<QListWidget*>(&widget)) {
-    list->clear();
-    list->addItems(entries);
+    // In place: an entry that is under a double click stays.
+    while (list->count() > entries.size()) delete list->takeItem(list->count() - 1);
+    while (list->count() < entries.size()) list->addItem("");
+    for (int i = 0; i < list->count(); ++i) list->item(i)->setText(entries[i]);
+    list->setCurrentRow(field.listIndex());
   }
 }
 
 void Binder::showToolTip(const Field& field, QWidget& widget) const {
   const QString own = ownToolTips_.at(&widget);
   const QString tip = field.toolTip().empty() ? own : qt(field.toolTip());
-  const auto fault = marks_.find(&field);
   widget.setWhatsThis(tip);
-  widget.setToolTip(fault == marks_.end() ? tip : fault->second.fault + "\n\n" + tip);
+  widget.setToolTip(field.fault().empty() ? tip : qt(field.fault()) + "\n\n" + tip);
 }
 
 void Binder::showPlace(const Field& field, QWidget& widget) const {
@@ -341,24 +336,19 @@ void Binder::showPlace(const Field& field, QWidget& widget) const {
   QWidget::setTabOrder(under, &widget);
 }
 
-void Binder::mark(const Field& field, const QString& fault) {
-  QWidget* widget = widgetOf(field);
-  if (!widget) return;
-  auto* edit = qobject_cast<QLineEdit*>(widget);
-  if (const auto* combo = qobject_cast<QComboBox*>(widget)) edit = combo->lineEdit();
-  if (!edit || (fault.isEmpty() && !marks_.contains(&field))) return;
-  if (fault.isEmpty()) {
-    delete marks_.at(&field).sign;
-    marks_.erase(&field);
-  } else {
-    Mark& mark = marks_[&field];
-    mark.fault = fault;
-    if (!mark.sign)
-      mark.sign =
-          edit->addAction(edit->style()->standardIcon(QStyle::SP_MessageBoxCritical), QLineEdit::LeadingPosition);
+void Binder::showFault(const Field& field, QWidget& widget) {
+  auto* edit = qobject_cast<QLineEdit*>(&widget);
+  if (const auto* combo = qobject_cast<QComboBox*>(&widget)) edit = combo->lineEdit();
+  if (!edit) return;
+  if (field.fault().empty()) {
+    delete signs_[&field];
+    signs_.erase(&field);
+  } else if (!signs_[&field]) {
+    signs_[&field] =
+        edit->addAction(edit->style()->standardIcon(QStyle::SP_MessageBoxCritical), QLineEdit::LeadingPosition);
   }
-  showToolTip(field, *widget);
-  showStyle(field, *widget);
+  showToolTip(field, widget);
+  showStyle(field, widget);
 }
 
 void Binder::showStyle(const Field& field, QWidget& widget) const {
@@ -369,7 +359,7 @@ void Binder::showStyle(const Field& field, QWidget& widget) const {
     // Marked fields are light, so their text is dark in every theme.
     sheet += QString("#%1 { background-color: %2; color: black } #%1:disabled { color: gray } ")
                  .arg(name, qt(colourText(colour)));
-  if (marks_.contains(&field)) sheet += "QLineEdit { border: 2px solid #d03030; border-radius: 2px }";
+  if (!field.fault().empty()) sheet += "QLineEdit { border: 2px solid #d03030; border-radius: 2px }";
   widget.setStyleSheet(sheet);
 }
 

@@ -14,7 +14,6 @@ class QAction;
 class QComboBox;
 class QEvent;
 class QListWidget;
-class QTimer;
 class QWidget;
 
 namespace noldarz {
@@ -28,17 +27,13 @@ class Binder : public QObject {
     std::function<bool(Field&)> focusArrived;
     /// Runs an event of the user; the screen then follows what it has changed.
     std::function<void(const std::function<void()>&)> deliver;
-    /// Whether a piece of the logic runs, or waits in a box: a timer that is due then waits for its next turn.
-    std::function<bool()> busy;
+    /// Before what the user does at a widget that he has come to: what his last step has asked for is done.
+    std::function<void()> settle;
   };
 
   Binder(View& view, QWidget& form, Front front);
 
   QWidget* widgetOf(const Field& field) const;
-  /// Fires the timers that run, before their time.
-  void hurryTimers() const;
-  /// Shows at the field what is wrong with it; an empty text: nothing is.
-  void mark(const Field& field, const QString& fault);
   /// Fields without a widget, named widgets of the form without a field, and inputs without a tool tip.
   const QStringList& faults() const { return faults_; }
 
@@ -47,13 +42,14 @@ class Binder : public QObject {
  private:
   void bind(Field& field);
   void bindAction(Field& field, QAction& action);
-  void bindTimer(Field& field);
   void connectEvents(Field& field, QWidget& widget);
   void connectCombo(Field& field, QComboBox& combo);
   void connectList(Field& field, QListWidget& list);
   /// A click on a button or check field by mouse, key or shortcut.
   void press(Field& field);
   bool isHere(Field& field, const QEvent& event) const;
+  /// What the user's last step has asked for is done; false when the entry of a list that he presses is another one behind it.
+  bool isAimStill(const Field& field, const QEvent& event) const;
   void takeListKey(Field& field, const QListWidget& list, int key) const;
   void followFieldsOver(const Field& field) const;
   void show(const Field& field, Property property);
@@ -63,6 +59,7 @@ class Binder : public QObject {
   void showEntries(const Field& field, QWidget& widget);
   void showToolTip(const Field& field, QWidget& widget) const;
   void showPlace(const Field& field, QWidget& widget) const;
+  void showFault(const Field& field, QWidget& widget);
   void showStyle(const Field& field, QWidget& widget) const;
   void reportSpareWidgets();
   void send(Field& field, Event event) const;
@@ -74,13 +71,7 @@ class Binder : public QObject {
   std::map<const Field*, QWidget*> widgets_;
   std::map<const Field*, QAction*> actions_;
   std::map<const QObject*, Field*> fields_;
-  std::map<const QTimer*, Field*> timers_;
-  struct Mark {
-    QString fault;
-    QAction* sign;  // in the field's widget
-  };
-
-  std::map<const Field*, Mark> marks_;
+  std::map<const Field*, QAction*> signs_;         // in the widgets of fields with a fault
   std::map<const QObject*, QString> ownToolTips_;  // of the form
   QStringList faults_;
   const QObject* focusLeaving_ = nullptr;  // the screen takes the focus from this widget now

@@ -13,6 +13,7 @@
 #include <QPrinter>
 #include <QScopedValueRollback>
 #include <QWindow>
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -95,8 +96,17 @@ void ViewWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
 }
 
-QtDesktop::QtDesktop() {
+QtDesktop::QtDesktop()
+    : timers_([this] { return static_cast<double>(clock_.elapsed()); },
+              [this](Field& timer) { deliver([&] { timer.fire(Event::timer); }); }, [this] { followTimers(); }) {
   keepDisabledTextsLegible();
+  clock_.start();
+  nextTimer_.setSingleShot(true);
+  QObject::connect(&nextTimer_, &QTimer::timeout, &nextTimer_, [this] {
+    const auto next = timers_.next();
+    if (!busy() && next && next->at <= static_cast<double>(clock_.elapsed())) return timers_.fireNext();
+    followTimers();
+  });
   later_.setSingleShot(true);
   QObject::connect(&later_, &QTimer::timeout, &later_, [this] {
     refused_ = false;
@@ -112,7 +122,9 @@ void QtDesktop::attach(Views& views) {
       if (view->name() != form.view) continue;
       Bound& bound = bound_[view];
       bound.window = std::make_unique<ViewWindow>(*view, [this](const auto& work) {
-        if (!busy()) deliver(work);  // a window is not closed under a piece of the logic
+        if (busy()) return;  // a window is not closed under a piece of the logic
+        settle();
+        deliver(work);
       });
       form.setUp(*bound.window);
       scaleFonts(*bound.window);
@@ -129,8 +141,21 @@ void QtDesktop::attach(Views& views) {
                                               *bound.window,
                                               Binder::Front{[this](Field& field) { return focusArrived(field); },
                                                             [this](const auto& work) { deliver(work); },
-                                                            [this] { return busy(); }});
+                                                            [this] { settle(); }});
     }
+  timers_.watch(views);
+}
+
+void QtDesktop::followTimers() {
+  constexpr int leastWait = 20;  // ms; a timer that is due waits until a box is answered
+  const auto next = timers_.next();
+  if (!next) return nextTimer_.stop();
+  const int wait = static_cast<int>(next->at - static_cast<double>(clock_.elapsed()));
+  nextTimer_.start(busy() ? std::max(wait, leastWait) : std::max(wait, 0));
+}
+
+void QtDesktop::settle() {
+  if (!busy()) timers_.settle();
 }
 
 void QtDesktop::deliver(const std::function<void()>& work) {
@@ -187,32 +212,17 @@ void QtDesktop::followFocus() const {
 bool QtDesktop::focusArrived(Field& field) {
   if (busy() || focus_.holder() == &field) return true;
   if (refused_) return false;  // of one click the screen tells the focus and the press
-  // What the user has asked for by his last step is done before the next one: the row of a class picked just now.
-  for (const auto& [view, bound] : bound_) bound.binder->hurryTimers();
-  if (field.usable()) deliver([&] { moveFocus(field); });
+  settle();                    // the row of a class picked just now
+  if (field.usable()) deliver([&] { focus_.moveTo(&field); });
   // The screen still moves the focus now; a rule that kept it gets it back behind that.
   refused_ = focus_.holder() != &field;
   later_.start();
   return !refused_;
 }
 
-void QtDesktop::moveFocus(Field& field) {
-  const Field* left = focus_.holder();
-  const QScopedValueRollback<const Field*> leaving{left_, left};
-  told_.clear();
-  focus_.moveTo(&field);
-  if (left && focus_.holder() != left) mark(*left, {});
-}
-
-void QtDesktop::mark(const Field& field, const QString& fault) const {
-  const auto found = bound_.find(&field.view());
-  if (found != bound_.end() && !field.locked()) found->second.binder->mark(field, fault);
-}
-
 Reply QtDesktop::messageBox(const MessageBox& box) {
   const QString text = qt(box.text);
   const bool tells = box.buttons == Buttons::ok;
-  if (left_) told_ << text;
   if (tells && muted_.contains(text)) return Reply::ok;
   QMessageBox message(QApplication::activeWindow() ? QApplication::activeWindow() : frontWindow());
   fill(message, box);
@@ -256,8 +266,7 @@ void QtDesktop::printerDialog() {
 
 void QtDesktop::setFocus(Field& field) {
   if (!field.usable() || !field.takesFocus()) fail(FailureNumber::invalidArgument);
-  if (&field == left_) mark(field, told_.join('\n'));  // its rule has told why it takes the focus back
-  moveFocus(field);
+  focus_.moveTo(&field);
 }
 
 void QtDesktop::openDropDown(Field& field) {

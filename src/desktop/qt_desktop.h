@@ -12,6 +12,7 @@
 #include "desktop/binder.h"
 #include "platform/desktop.h"
 #include "platform/focus.h"
+#include "platform/timers.h"
 
 class QComboBox;
 class QMessageBox;
@@ -68,11 +69,12 @@ class QtDesktop : public Desktop {
   /// Whether a piece of the logic runs, or waits in a box.
   bool busy() const { return boxOpen_ || depth_ > 0; }
   Reply show(QMessageBox& message, const MessageBox& box);
+  /// The user acts: what his last step has asked for is done before.
+  void settle();
+  /// Waits for the timer that falls due next.
+  void followTimers();
   /// The user has come to the field on the screen; false when the field that he left keeps the focus.
   bool focusArrived(Field& field);
-  /// Moves the focus of the logic; the field that it leaves has been accepted.
-  void moveFocus(Field& field);
-  void mark(const Field& field, const QString& fault) const;
   void followFocus() const;
   void followViews();
   void showWindow(ViewWindow& window, bool visible) const;
@@ -82,15 +84,16 @@ class QtDesktop : public Desktop {
   Views* views_ = nullptr;
   std::map<const View*, Bound> bound_;
   Focus focus_;
+  QElapsedTimer clock_;
+  Timers timers_;
+  QTimer nextTimer_;
   int depth_ = 0;  // of pieces of the logic
   bool boxOpen_ = false;
   QTimer later_;  // what waits for the end of the screen's event: the focus, a list that opens
   QComboBox* dropDown_ = nullptr;
-  bool refused_ = false;         // the user's last move, until the screen has followed
-  const Field* left_ = nullptr;  // field whose rule runs now, since the user or the program leaves it
-  QStringList told_;             // by that rule, in boxes
-  QSet<QString> seen_;           // texts of boxes, since the piece of the logic began
-  QSet<QString> muted_;          // of those the ones that the user wants no more
+  bool refused_ = false;  // the user's last move, until the screen has followed
+  QSet<QString> seen_;    // texts of boxes, since the piece of the logic began
+  QSet<QString> muted_;   // of those the ones that the user wants no more
   Pointer pointer_ = Pointer::standard;
   QElapsedTimer sincePaint_;  // or since the piece of the logic began
 };

@@ -53,8 +53,10 @@ ScaledTime scaledTime(double seconds) {
 void CloseOut::showStabilizationTime() {
   double time = 0;
   silently([&] { time = checked(level_.endpt[levelCount - 1].number() / divisor(model_.windAtHeight)); });
-  // The field carries no unit, and its caption says seconds on every scale.
-  result_.tmestbltxt.setCaption(Format(scaledTime(time).value, "0.00"));
+  // The caption says seconds on every scale.
+  const ScaledTime shown = scaledTime(time);
+  result_.tmestbltxt.setCaption(Format(shown.value, "0.00"));
+  result_.tmeunitlbl.setCaption(shown.unit);
 }
 
 void CloseOut::takeFlammableMass(const Trap& regime) {

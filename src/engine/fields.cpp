@@ -122,6 +122,7 @@ ResultFields::ResultFields(View& view)
       nodfdwndlbl(view.label("nodfdwndlbl")),
       tmestbllbl(view.label("tmestbllbl")),
       tmestbltxt(view.label("tmestbltxt", "0")),
+      tmeunitlbl(view.label("tmeunitlbl")),
       expmass(result(view, "expmass")),
       calmlbl(view.array<2>(FieldKind::label, "calmlbl")) {
   calmlbl[1].setCaption("Calm");

@@ -89,6 +89,7 @@ struct ResultFields {
   Field& nodfdwndlbl;     // the same in words
   Field& tmestbllbl;      // caption of the time of stabilization
   Field& tmestbltxt;      // time of stabilization (s, min or h by its size)
+  Field& tmeunitlbl;      // its unit, empty while there is none
   Field& expmass;         // flammable mass for VCE (lbm), or "Mass = 0"
   FieldArray<2> calmlbl;  // share of calm (%), and its name
 };

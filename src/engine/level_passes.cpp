@@ -38,7 +38,7 @@ LevelPasses::LevelPasses(ModelState& model, SweepState& sweep, LevelState& passe
 LevelPasses::Outcome LevelPasses::runLevelPasses(const Trap& press) {
   disableInputs();
   if (const int bad = firstBadLevel(press); bad >= 0) {
-    refuse(bad + 1, press);
+    refuse(bad, press);
     return Outcome::refused;
   }
   findBeginPoints(press);
@@ -59,25 +59,34 @@ void LevelPasses::disableInputs() const {
 
 int LevelPasses::firstBadLevel(const Trap& press) const {
   for (int i = 0; i + 1 < levelCount; ++i) {
+    const Field& upper = level_.constn[i];
+    const Field& lower = level_.constn[i + 1];
+    if (!upper.isNumeric() || !lower.isNumeric()) return i;
     const bool bad = press.holds([&] {
-      const double a = level_.constn[i].number();
-      const double b = level_.constn[i + 1].number();
-      return a >= result_.constn1.number() || a < b || a <= 0;
+      const double a = upper.number();
+      return a >= result_.constn1.number() || a < lower.number() || a <= 0;
     });
     if (bad) return i;
   }
   return -1;
 }
 
-void LevelPasses::refuse(int level, const Trap& press) const {
-  desktop_.messageBox(
-      critical("1. Concentration should be >0 and in descending order.\n"
-               "2. Concentrations (ppm) should be < Maximum Isop concentration (ppm) "));
+void LevelPasses::refuse(int bad, const Trap& press) const {
+  const MessageBox box = critical(
+      "1. Concentration should be >0 and in descending order.\n"
+      "2. Concentrations (ppm) should be < Maximum Isop concentration (ppm) ");
+  desktop_.messageBox(box);
+  const int level = bad + 1;
   level_.setResults(level, mark::inputError);
   for (int i = 0; i < levelCount; ++i) level_.constn[i].enable();
   progress_.close();
   desktop_.setPointer(Pointer::standard);
   press.step([&] { desktop_.setFocus(level_.constn[level]); });
+  const bool onlyOrder = press.holds([&] {
+    const double a = level_.constn[bad].number();
+    return a > 0 && a < result_.constn1.number();
+  });
+  level_.constn[onlyOrder ? level : bad].setFault(box.text);
   command_.prntprv.disable();
 }
 

@@ -20,9 +20,12 @@ double windSum(const ScenarioInputs& in) {
 
 bool WindShare::shareOut() {
   silently([&] { state_.windTotal = windSum(in_); });
-  if (state_.windTotal > wholeWind) {
+  const std::string tooMuch = "1. Total Wind percentage can not be > 100%";
+  const bool whole = state_.windTotal <= wholeWind;
+  for (int i = 0; i < in_.Givnwnd.size(); ++i) in_.Givnwnd[i].setFault(whole ? "" : tooMuch);
+  if (!whole) {
     showCalm(wholeWind - state_.windTotal);
-    desktop_.messageBox(critical("1. Total Wind percentage can not be > 100%"));
+    desktop_.messageBox(critical(tooMuch));
     return false;
   }
   if (state_.windTotal == 0) {

@@ -8,7 +8,8 @@ namespace noldarz {
 
 namespace {
 // In the order of SystemColour, from its second value on.
-constexpr std::array<std::string_view, 4> systemNames{"buttonFace", "windowBackground", "windowText", "buttonText"};
+constexpr std::array<std::string_view, 5> systemNames{
+    "buttonFace", "windowBackground", "windowText", "buttonText", "disabledText"};
 }  // namespace
 
 std::string colourText(Colour colour) {

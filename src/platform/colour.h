@@ -10,7 +10,7 @@
 namespace noldarz {
 
 /// A colour of the theme; `none` marks an RGB colour.
-enum class SystemColour : std::uint8_t { none, buttonFace, windowBackground, windowText, buttonText };
+enum class SystemColour : std::uint8_t { none, buttonFace, windowBackground, windowText, buttonText, disabledText };
 
 struct Colour {
   std::uint32_t rgb = 0;  ///< 0xRRGGBB; 0 for a colour of the theme
@@ -26,7 +26,7 @@ struct Colour {
   bool operator==(const Colour&) const = default;
 };
 
-/// "#rrggbb", or "buttonFace", "windowBackground", "windowText", "buttonText".
+/// "#rrggbb", or "buttonFace", "windowBackground", "windowText", "buttonText", "disabledText".
 std::string colourText(Colour colour);
 
 /// Reads what colourText writes; nothing for any other text.

@@ -37,6 +37,7 @@ void Field::showText(std::string_view text) {
   if (text_ == text) return;
   text_ = text;
   parsed_.reset();
+  setFault({});
   view_.textChanged();
   view_.notify(*this, Property::text);
 }
@@ -56,16 +57,21 @@ void Field::setEnabled(bool enabled) { change(enabled_, enabled, Property::enabl
 void Field::setLocked(bool locked) { change(locked_, locked, Property::locked); }
 void Field::setVisible(bool visible) { change(visible_, visible, Property::visible); }
 void Field::setToolTip(std::string_view toolTip) { change(toolTip_, toolTip, Property::toolTip); }
+void Field::setFault(std::string_view fault) { change(fault_, fault, Property::fault); }
 void Field::setTag(std::string_view tag) { change(tag_, tag, Property::tag); }
 void Field::setBackColour(Colour colour) { change(backColour_, colour, Property::backColour); }
 void Field::setForeColour(Colour colour) { change(foreColour_, colour, Property::foreColour); }
 void Field::setFillColour(Colour colour) { change(fillColour_, colour, Property::fillColour); }
 void Field::setEntries(const std::vector<std::string>& entries) {
+  setDetails({});
+  setCurrent(-1);
   change(entries_, entries, Property::entries);
   if (kind_ != FieldKind::list) return;
   listIndex_ = -1;
   showText("");
 }
+void Field::setDetails(const std::vector<EntryDetail>& details) { change(details_, details, Property::details); }
+void Field::setCurrent(int position) { change(current_, position, Property::current); }
 void Field::select(int position) {
   if (position < 0 || position >= static_cast<int>(entries_.size())) return;
   listIndex_ = position;

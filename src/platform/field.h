@@ -44,15 +44,25 @@ enum class Property : std::uint8_t {
   visible,
   checked,
   toolTip,
+  fault,
   tag,
   backColour,
   foreColour,
   fillColour,
   entries,
+  details,
+  current,
   left,
   top,
   width,
   height
+};
+
+/// What a list tells about an entry beside its text.
+struct EntryDetail {
+  std::string text;     ///< shown with the entry, in a line of its own
+  std::string toolTip;  ///< shown on request
+  bool operator==(const EntryDetail&) const = default;
 };
 
 class Field {
@@ -105,6 +115,9 @@ class Field {
 
   const std::string& toolTip() const { return toolTip_; }
   void setToolTip(std::string_view toolTip);
+  /// What is wrong with the text, for the user; empty: nothing is known to be. Goes with the text, and when the field is left.
+  const std::string& fault() const { return fault_; }
+  void setFault(std::string_view fault);
   const std::string& tag() const { return tag_; }
   void setTag(std::string_view tag);
 
@@ -118,6 +131,12 @@ class Field {
   /// Entries of a list or combo field, in the order shown. New entries leave a list with none selected.
   const std::vector<std::string>& entries() const { return entries_; }
   void setEntries(const std::vector<std::string>& entries);
+  /// Details of the entries, in their order; new entries have none.
+  const std::vector<EntryDetail>& details() const { return details_; }
+  void setDetails(const std::vector<EntryDetail>& details);
+  /// Position of the entry that is in force, whichever is selected; -1: none is.
+  int current() const { return current_; }
+  void setCurrent(int position);
   /// Position of the selected entry of a list, whose text is the text of the field; -1 when none is selected.
   int listIndex() const { return listIndex_; }
   /// Selects an entry by its position; does nothing for a position that the list doesn't have.
@@ -163,11 +182,14 @@ class Field {
   bool locked_ = false;
   bool visible_ = true;
   std::string toolTip_;
+  std::string fault_;
   std::string tag_;
   Colour backColour_;
   Colour foreColour_;
   Colour fillColour_;
   std::vector<std::string> entries_;
+  std::vector<EntryDetail> details_;
+  int current_ = -1;
   int listIndex_ = -1;
   double left_ = 0;
   double top_ = 0;

@@ -9,23 +9,9 @@ namespace noldarz {
 namespace {
 
 // In the order of Property.
-constexpr std::array<std::string_view, 17> names{"text",
-                                                 "caption",
-                                                 "value",
-                                                 "enabled",
-                                                 "locked",
-                                                 "visible",
-                                                 "checked",
-                                                 "toolTip",
-                                                 "tag",
-                                                 "backColour",
-                                                 "foreColour",
-                                                 "fillColour",
-                                                 "entries",
-                                                 "left",
-                                                 "top",
-                                                 "width",
-                                                 "height"};
+constexpr std::array<std::string_view, 20> names{
+    "text",       "caption",    "value",      "enabled", "locked",  "visible", "checked", "toolTip", "fault", "tag",
+    "backColour", "foreColour", "fillColour", "entries", "details", "current", "left",    "top",     "width", "height"};
 
 std::optional<bool> parseTruth(std::string_view text) {
   if (text == "true" || text == "1") return true;
@@ -51,11 +37,12 @@ bool setNumber(Field& field, Property property, std::string_view text) {
     case Property::top: field.setTop(parsed.value); return true;
     case Property::width: field.setWidth(parsed.value); return true;
     case Property::height: field.setHeight(parsed.value); return true;
-    default:
-      if (std::trunc(parsed.value) != parsed.value || std::fabs(parsed.value) > 1e9) return false;
-      field.setValue(static_cast<int>(parsed.value));
-      return true;
+    default: break;
   }
+  if (std::trunc(parsed.value) != parsed.value || std::fabs(parsed.value) > 1e9) return false;
+  const int whole = static_cast<int>(parsed.value);
+  property == Property::current ? field.setCurrent(whole) : field.setValue(whole);
+  return true;
 }
 
 bool setTruth(Field& field, Property property, std::string_view text) {
@@ -88,6 +75,18 @@ bool showsCaption(FieldKind kind) {
   }
 }
 
+std::vector<std::string> detailTexts(const Field& field) {
+  std::vector<std::string> texts;
+  for (const auto& detail : field.details()) texts.push_back(detail.text);
+  return texts;
+}
+
+void setDetails(Field& field, const std::vector<std::string>& texts) {
+  std::vector<EntryDetail> details;
+  for (const auto& text : texts) details.push_back({text, ""});
+  field.setDetails(details);
+}
+
 bool isAtDefault(const Field& field, Property property) {
   switch (property) {
     case Property::text: return showsCaption(field.kind()) || field.text().empty();
@@ -98,11 +97,14 @@ bool isAtDefault(const Field& field, Property property) {
     case Property::locked: return !field.locked();
     case Property::visible: return field.visible();
     case Property::toolTip: return field.toolTip().empty();
+    case Property::fault: return field.fault().empty();
     case Property::tag: return field.tag().empty();
     case Property::backColour: return field.backColour() == defaultBackColour(field.kind());
     case Property::foreColour: return field.foreColour() == defaultForeColour(field.kind());
     case Property::fillColour: return field.fillColour() == Colour{};
     case Property::entries: return field.entries().empty();
+    case Property::details: return field.details().empty();
+    case Property::current: return field.current() < 0;
     default: return std::get<double>(getProperty(field, property)) == 0;
   }
 }
@@ -138,11 +140,14 @@ PropertyValue getProperty(const Field& field, Property property) {
     case Property::visible: return field.visible();
     case Property::checked: return field.value() != 0;
     case Property::toolTip: return field.toolTip();
+    case Property::fault: return field.fault();
     case Property::tag: return field.tag();
     case Property::backColour: return colourText(field.backColour());
     case Property::foreColour: return colourText(field.foreColour());
     case Property::fillColour: return colourText(field.fillColour());
     case Property::entries: return field.entries();
+    case Property::details: return detailTexts(field);
+    case Property::current: return static_cast<double>(field.current());
     case Property::left: return field.left();
     case Property::top: return field.top();
     case Property::width: return field.width();
@@ -156,8 +161,10 @@ bool setProperty(Field& field, Property property, std::string_view text) {
     case Property::text:
     case Property::caption: field.setText(text); return true;
     case Property::toolTip: field.setToolTip(text); return true;
+    case Property::fault: field.setFault(text); return true;
     case Property::tag: field.setTag(text); return true;
     case Property::entries: field.setEntries(lines(text)); return true;
+    case Property::details: setDetails(field, lines(text)); return true;
     case Property::enabled:
     case Property::locked:
     case Property::visible:

@@ -26,6 +26,7 @@ void View::on(Field& field, Event event, Rule rule) {
 }
 
 void View::fire(Field& field, Event event) {
+  if (event == Event::lostFocus) field.setFault({});       // its rule tells what still is
   for (std::size_t i = 0; i < subscriptions_.size(); ++i)  // by index: a rule may subscribe another
     if (subscriptions_[i].field == &field && subscriptions_[i].event == event) subscriptions_[i].rule();
 }

@@ -59,6 +59,8 @@ ScenarioFields::ScenarioFields(View& view)
       naturchem(hidden(view, "naturchem")),
       reftmptxt(hidden(view, "reftmptxt")),
       conctemp(hidden(view, "conctemp")),
+      releaselbl(view.label("releaselbl")),
+      resultnotelbl(view.label("resultnotelbl")),
       scnrotxtlbl(withToolTip(view.text("scnrotxtlbl"),
                               "You must always edit scenario text as appropriate first before proceeding further")),
       dspScnorlst_1(withToolTip(view.add(FieldKind::list, "dspScnorlst_1"), "Double click to select scenario ")),

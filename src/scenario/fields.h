@@ -17,6 +17,8 @@ struct ScenarioFields {
   Field& naturchem;        // nature of the chemical; not shown
   Field& reftmptxt;        // reference number of the row of heights and terrain; not shown
   Field& conctemp;         // a column of the chemical's data, chosen when it is read; not shown
+  Field& releaselbl;       // the release in one line
+  Field& resultnotelbl;    // why a figure is none, or what has changed since; empty when all stand
   Field& scnrotxtlbl;      // name of the run
   Field& dspScnorlst_1;    // stored runs, the last one on top
   Field& redosimul;        // clears the results for a new Compute

@@ -47,8 +47,15 @@ InputRules::InputRules(View& view, ModelState& model, ScenarioState& state, cons
 }
 
 void InputRules::refuse(Field& field, const std::string& text, std::string_view replacement) {
-  desktop_.messageBox(critical(text));
-  if (!replacement.empty()) field.setText(replacement);
+  refuse(field, critical(text), replacement);
+}
+
+void InputRules::refuse(Field& field, const MessageBox& box, std::string_view replacement) {
+  desktop_.messageBox(box);
+  if (replacement.empty())
+    field.setFault(box.text);
+  else
+    field.setText(replacement);
   status_.skipping().step([&] { desktop_.setFocus(field); });
 }
 
@@ -95,9 +102,7 @@ void InputRules::Givnwnd_LostFocus(Field& share) {
     return;
   }
   if (!numeric) desktop_.messageBox(information("Variable error."));
-  desktop_.messageBox(information("Variable required."));
-  share.setText("0");
-  status_.skipping().step([&] { desktop_.setFocus(share); });
+  refuse(share, information("Variable required."), "0");
 }
 
 void InputRules::roghwndoptcbo_LostFocus() {
@@ -132,8 +137,7 @@ void InputRules::wndveltxt_LostFocus() {
   if (!in_.wndveltxt.isNumeric()) {
     MessageBox box = critical("Input Variable error");
     box.title = "QUENDARIS: Error";
-    desktop_.messageBox(box);
-    return status_.skipping().step([&] { desktop_.setFocus(in_.wndveltxt); });
+    return refuse(in_.wndveltxt, box);
   }
   DataLink& row = links_.dt2a;
   status_.skipping().steps([&] { row.edit(); },

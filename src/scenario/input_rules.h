@@ -42,8 +42,10 @@ class InputRules {
   /// The entry checks itself and unchecks the other.
   void chooseLineWidth(bool thin);
 
-  /// A box with the text, and the focus goes back to the field, with the replacement in it if there is one.
+  /// A box with the text, and the focus goes back to the field: with the replacement in it if there is one, else with what
+  /// the box says as its fault.
   void refuse(Field& field, const std::string& text, std::string_view replacement = {});
+  void refuse(Field& field, const MessageBox& box, std::string_view replacement = {});
   void refuseEntry(Field& field);
   void saveHeights();
 

@@ -53,6 +53,7 @@ void RunReset::clearResults(const Trap& trap) {
        {&result_.mgctxt, &result_.distconctxt, &result_.expmass, &result_.constn1, &result_.maxdistconctxt})
     trap.step([&] { field->setText("0"); });
   trap.steps([&] { result_.tmestbltxt.setCaption("0"); },
+             [&] { result_.tmeunitlbl.setCaption(""); },
              [&] { command_.prntprv.disable(); },
              [&] { toxic_.FatatyDistDsplyLbl.setCaption(""); },
              [&] { toxic_.InjuryDistDsplyLbl.setCaption(""); });

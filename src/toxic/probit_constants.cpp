@@ -44,21 +44,21 @@ constexpr double dryHumidity = 10;     // percent; up to here nothing is correct
 constexpr double greatestEffect = 80;  // percent; a higher humidity has no more effect
 constexpr double humidityDivisor = 1800;
 
+}  // namespace
+
 /// A constant with its field, the column of its row, and its base in the run state.
-struct Constant {
+struct ProbitConstants::Constant {
   Field& field;
   const char* column;
   double ProbitState::*base;
 };
 
-std::array<Constant, 4> constantsOf(const ScenarioInputs& in) {
+std::array<ProbitConstants::Constant, 4> ProbitConstants::constantsOf(const ScenarioInputs& in) {
   return {{{in.avalftl, "avalftl", &ProbitState::prbtAFtl},
            {in.nvalftl, "nvalftl", &ProbitState::prbtBFtl},
            {in.avalinj, "avalinj", &ProbitState::prbtAInj},
            {in.nvalinj, "nvalinj", &ProbitState::prbtBInj}}};
 }
-
-}  // namespace
 
 ProbitValues probitConstantsOf(std::string_view chemical, const ProbitValues& fallback) {
   ProbitValues constants = fallback;
@@ -185,22 +185,33 @@ void ProbitConstants::takeChoiceFromRow(const Trap& regime) {
     prbtLoadConstants();
 }
 
+void ProbitConstants::takeBase(const Constant& constant, const Trap& regime) {
+  regime.step([&] { state_.*constant.base = constant.field.number(); });
+}
+
 void ProbitConstants::takeBase(const Trap& regime) {
-  for (const auto& constant : constantsOf(in_)) regime.step([&] { state_.*constant.base = constant.field.number(); });
+  for (const auto& constant : constantsOf(in_)) takeBase(constant, regime);
 }
 
 void ProbitConstants::constant_LostFocus(Field& left) {
   prbtStoreConstants();
-  const Trap trap{[&](const RuntimeFailure&) {
-    desktop_.messageBox(critical("Should be Numeric"));
-    silently([&] { desktop_.setFocus(left); });
-  }};
-  takeBase(trap);
+  const std::string notNumeric = "Should be Numeric";
+  for (const auto& constant : constantsOf(in_)) {
+    const Trap trap{[&](const RuntimeFailure&) {
+      desktop_.messageBox(critical(notNumeric));
+      constant.field.setFault(notNumeric);
+      silently([&] { desktop_.setFocus(left); });
+    }};
+    takeBase(constant, trap);
+  }
 }
 
 void ProbitConstants::refuseHumidity(std::string_view text) {
   desktop_.messageBox(critical(std::string{text}));
-  if (in_.hudityTxt.isNumeric()) in_.hudityTxt.setText(plainText(leastHumidity));
+  if (in_.hudityTxt.isNumeric())
+    in_.hudityTxt.setText(plainText(leastHumidity));
+  else
+    in_.hudityTxt.setFault(text);
   silently([&] { desktop_.setFocus(in_.hudityTxt); });
 }
 

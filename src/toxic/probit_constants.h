@@ -51,6 +51,9 @@ class ProbitConstants {
   void takeChoiceFromRow(const Trap& regime);
 
  private:
+  struct Constant;
+  static std::array<Constant, 4> constantsOf(const ScenarioInputs& in);
+
   /// The four fields are open to the user unless `prbtoptn` is 1, and its caption says so.
   void showChoice();
   void constant_LostFocus(Field& left);
@@ -62,6 +65,7 @@ class ProbitConstants {
   void storeChoice();
   /// The run state takes the numbers in the fields; a text that is none leaves its constant as it was.
   void takeBase(const Trap& regime);
+  void takeBase(const Constant& constant, const Trap& regime);
   void refuseHumidity(std::string_view text);
 
   ProbitState& state_;

@@ -136,8 +136,33 @@ TEST_F(LevelPassesTest, anyTextInALevelEnds) {
     other.press();
     other.setLevels({"100", "50", "20", "10", "5", text});
     other.press();
-    EXPECT_EQ(other.state().firstPass, 0) << text;
+    EXPECT_EQ(other.state().firstPass, isNumeric(text) ? 0 : 1) << text;
     EXPECT_FALSE(other.session.system().views().find("aniwait1")->loaded()) << text;
+  }
+}
+
+TEST_F(LevelPassesTest, aLevelThatIsNoNumberIsRefusedWithOneBox) {
+  const struct {
+    int level;    // that is no number
+    int bad;      // level behind the first pair with it: its fields take the mark, it takes the focus
+    int atFault;  // level that tells what is wrong
+  } cases[] = {{0, 1, 0}, {1, 1, 1}, {3, 3, 3}, {5, 5, 5}};
+  for (const auto& [level, bad, atFault] : cases) {
+    TestSystem other;
+    other.setRelease();
+    other.press();
+    std::vector<std::string> levels{"100", "50", "20", "10", "5", "2"};
+    levels[static_cast<std::size_t>(level)] = "x";
+    other.setLevels(levels);
+    other.takeBoxes();
+    other.press();
+    EXPECT_EQ(other.record.back().dump(), R"({"focus":"dspmnfrm.constn()" + std::to_string(bad) + ")\"}") << level;
+    EXPECT_EQ(other.takeBoxes().size(), 1U) << level;
+    const LevelFields& fields = other.main().level;
+    for (int i = 0; i < levelCount; ++i) {
+      EXPECT_EQ(fields.endpt[i].text(), i == bad ? mark::inputError : mark::nothing) << level;
+      EXPECT_EQ(fields.constn[i].fault().empty(), i != atFault) << level;
+    }
   }
 }
 

@@ -442,7 +442,11 @@ class Engine:
 
     def badLevel(self, i):
         try:
-            a, b, m = number(self.constn[i]), number(self.constn[i + 1]), self.num("constn1")
+            a, b = number(self.constn[i]), number(self.constn[i + 1])
+        except FAILED:
+            return True
+        try:
+            m = self.num("constn1")
         except FAILED:
             return False
         return not a < m or a < b or not a > 0

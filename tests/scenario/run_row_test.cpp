@@ -121,8 +121,8 @@ TEST(RunRow, isNeitherMadeNorChangedWhileTwoRunsHaveTheName) {
 
 TEST(RunRow, ofTheClassBeforeStaysAsItWasWhenTheUserIsQuick) {
   TestStudy study;
-  study.run("start\nchoose stblclscbo F\nenter hudityTxt 50");  // leaves the field before the step has run
-  EXPECT_EQ(study.rows("SELECT StblClas, wndvel FROM maimTbl4All"), Texts{"D|6"});
+  study.run("start\nchoose stblclscbo F\nenter hudityTxt 50");  // no time passes
+  EXPECT_EQ(study.rows("SELECT StblClas, wndvel, Hmudy FROM maimTbl4All"), (Texts{"D|6|", "F|3|50"}));
   compute(study);
   EXPECT_EQ(study.rows("SELECT StblClas, wndvel, constn6 FROM maimTbl4All"), (Texts{"D|6|", "F|3|0.25"}));
 }

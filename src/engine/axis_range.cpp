@@ -9,6 +9,10 @@ namespace noldarz {
 
 namespace {
 
+/// Concentration (ppm) down to which the exponentials keep their digits: below it one of them may underflow, and the
+/// concentration goes up and down by its last digit.
+constexpr double leastConc = 1e-280;
+
 double square(double value) { return value * value; }
 
 /// d ln(C) / d ln(x) from the exponents and the reflection at the ground.
@@ -45,7 +49,7 @@ std::optional<AxisRange> axisRange(const Source& source, int stabilityClass, dou
   double end = 0;
   silently([&] { begin = axisConcentration(source, sigmaY->low, sigmaZ->low, T); },
            [&] { end = axisConcentration(source, sigmaY->high, sigmaZ->high, T); });
-  if (!(begin > 0 && end > 0)) return {};
+  if (!(begin > leastConc && end > leastConc)) return {};
   // From either end the concentration goes no steeper than the exponents.
   const double stretch = to / from;
   range.low = std::max(begin * std::pow(stretch, std::min(0.0, range.leastExponent)),

@@ -63,6 +63,7 @@ void Compute::firstPress(const Trap& press) {
   command_.comput.setCaption("&Compute maximum concentration");
   command_.comput.setBackColour(SystemColour::buttonFace);
   press.step([&] { model_.sigmaZAtMax = checked(model_.htRelease / rootOfTwo); });
+  model_.concGround = 0;  // a type outside the three leaves it, and must not find that of an earlier release
   model_.mgcPass = 1;
   sweep_.bgnIdx = sweep_.endIdx = passes_.widthIdx = levelCount;
   passes_.firstPass = 1;

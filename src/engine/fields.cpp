@@ -108,6 +108,10 @@ LevelFields::LevelFields(View& view)
 
 std::string_view initialLevelCaption(int level) { return levelCaptions.at(static_cast<std::size_t>(level)); }
 
+void LevelFields::setWidth(int level, std::string_view mark) const {
+  for (const auto* results : {&isopwdth, &distmaxisop, &isopang, &isoparea}) (*results)[level].setText(mark);
+}
+
 void LevelFields::setResults(int level, std::string_view text) const {
   for (const auto* results : {&bgnpt, &endpt, &isoplngt, &isopwdth, &isopang, &distmaxisop, &isoparea})
     (*results)[level].setText(text);

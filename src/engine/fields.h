@@ -66,6 +66,8 @@ struct LevelFields {
   FieldArray<levelCount> distmaxisop;  // distance of the greatest width (m), or a mark
   FieldArray<levelCount> isoparea;     // area (Ha), or a mark
 
+  /// Puts a mark into the width of a level and all that comes of it: its distance, angle and area.
+  void setWidth(int level, std::string_view mark) const;
   /// Puts the text into the seven result fields of a level.
   void setResults(int level, std::string_view text) const;
 };

@@ -42,7 +42,7 @@ void Isopleth::findMaxWidth(const Trap& regime) {
   if (passes_.widthIdx >= levelCount) return;
   const auto atMaximumDistance = [&] { return in_.enddisttxt.number() == model_.distAt; };
   Stride stride;
-  do {
+  for (;;) {
     regime.steps([&] { progress_.showProgress(); },
                  [&] { plume_.calcSigmaYAt(); },
                  [&] { plume_.calcSigmaZBaseAt(); },
@@ -57,7 +57,9 @@ void Isopleth::findMaxWidth(const Trap& regime) {
     passes_.halfWidthPrev = passes_.halfWidthCur;
     skipWideningSteps(stride);
     model_.distAt += sweep_.sweepStep;
-  } while (!regime.holds(atMaximumDistance) && model_.distAt < farthestDistance);
+    if (regime.holds(atMaximumDistance)) break;
+    if (model_.distAt >= farthestDistance) return level_.setWidth(passes_.widthLevel, mark::beyond(farthestDistance));
+  }
   level_.distmaxisop[passes_.widthLevel].setText(Format(passes_.maxWidthDist, "0.00"));
   level_.isopwdth[passes_.widthLevel].setText(Format(model_.halfWidthMax + model_.halfWidthMax, "0.00"));
 }

@@ -23,8 +23,9 @@ class Isopleth {
   ///   half width = sqrt(2 * ln(concAt / levelConcAt)) * sigmaYAt        where concAt is above levelConcAt
   ///
   /// and writes `isopwdth` and `distmaxisop` of that level. distAt and halfWidthPrev run on to the next, lower level.
-  /// At the maximum distance, and at the latest at farthestDistance, the march ends with the greatest width found
-  /// before. Does nothing when widthIdx is above 5.
+  /// At the maximum distance the march ends with the greatest width found before. A cloud that still widens at
+  /// farthestDistance has no greatest width: the mark ">" with that distance takes its place. Does nothing when widthIdx is
+  /// above 5.
   ///
   /// Statements fail under the regime of the caller, but for the concentration and the half width: their failure
   /// would repeat at every distance, so it ends the march with the fields as they were.

@@ -59,7 +59,11 @@ void Sweep::takeStep() {
               [&] { findPeak(); },
               [&] { testBeginPoint(); },
               [&] { testEndPoint(); });
-  if (sweep_.mgcDone == 0) trap_.steps([&] { plume_.calcConcGround(); }, [&] { takeGroundMaximum(); });
+  if (sweep_.mgcDone == 0)
+    trap_.step([&] {  // one step: a candidate that fails must not give its place to that of another release
+      plume_.calcConcGround();
+      takeGroundMaximum();
+    });
 }
 
 void Sweep::skipQuietSteps(double limit, double step, Stride& stride) {

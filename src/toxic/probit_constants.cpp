@@ -170,19 +170,18 @@ void ProbitConstants::chooseDefaults() {
   const bool wasOwn = in_.prbtoptn.value() != 1;
   in_.prbtoptn.setValue(1);
   prbtFillDefaults();
-  if (wasOwn) prbtLoadConstants();
+  if (wasOwn) takeBase(Trap::ignoring());
 }
 
 void ProbitConstants::takeChoiceFromRow(const Trap& regime) {
-  const bool wasOwn = in_.prbtoptn.value() != 1;
-  regime.step([&] { in_.prbtoptn.setValue(isTrue(row_.value("prbtoptn")) ? 1 : 0); });
+  bool software = in_.prbtoptn.value() == 1;
+  regime.step([&] { software = isTrue(row_.value("prbtoptn")); });
+  if (software) chooseDefaults();
+  in_.prbtoptn.setValue(software ? 1 : 0);
   takeFromRow(regime);
   showChoice();
   // The base is that of this run, or leaving the humidity would put those of the chemical, or of another run, in its row.
-  if (in_.prbtoptn.value() != 1)
-    takeBase(Trap::ignoring());
-  else if (wasOwn)
-    prbtLoadConstants();
+  if (!software) takeBase(Trap::ignoring());
 }
 
 void ProbitConstants::takeBase(const Constant& constant, const Trap& regime) {

@@ -42,7 +42,8 @@ class ProbitConstants {
   /// Value 1: the constants of the chemical come into the fields and the run row. Else the fields keep what they show, and
   /// the row the choice. The run state takes the numbers in the fields.
   void prbtoptn_Click();
-  /// `prbtoptn` becomes 1, with the constants of the chemical in the fields and, in place of the user's, in the run state.
+  /// `prbtoptn` becomes 1, with the constants of the chemical in the fields. The run state takes them in place of the user's,
+  /// as a click does; constants that were the chemical's already stay there.
   void chooseDefaults();
   /// The four constants of the run row come into the fields, each as a statement of its own. A cell without a value leaves
   /// its field as it is.

@@ -157,6 +157,25 @@ TEST(Compute, goesToTheCloseOutWhenOneResultIsMissing) {
   EXPECT_TRUE(system.takeBoxes().empty());
 }
 
+TEST(Compute, takesNoMaximumOfAnEarlierRelease) {
+  const struct {
+    const char* field;
+    const char* text;
+    const char* mgc;
+  } cases[] = {{"QntyRelstxt", "", "0"}, {"tempStore", "warm", "0"}, {"scnrotypetxt", "JET", "0.00"}};
+  for (const auto& [field, text, mgc] : cases) {
+    TestSystem system;
+    system.setRelease();
+    system.press();
+    EXPECT_EQ(system.state().mgcDone, 1);
+    system.field("redosimul").fire(Event::click);
+    system.field(field).setText(text);
+    system.field("enddisttxt").setText("1000");
+    system.press();
+    EXPECT_EQ(system.text("mgctxt"), mgc) << field;
+  }
+}
+
 TEST(Compute, pressesOfTheSameInputsGiveTheSameTexts) {
   std::string dumps[2];
   for (auto& dump : dumps) {

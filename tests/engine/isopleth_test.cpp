@@ -101,17 +101,33 @@ TEST(MaxWidth, marchesOnFromLevelToLevel) {
   }
 }
 
+/// A march at 1 m steps, behind a level with a half width of 3 m at 50 m.
+struct March : Geometry {
+  March(double from, double level) {
+    main.in.scnrotypetxt.setText("PLUME");
+    main.in.QntyRelstxt.setText("5");
+    main.in.molwttxt.setText("29");
+    main.in.vapordnstytxt.setText("1");
+    main.in.wndveltxt.setText("6");
+    main.in.enddisttxt.setText("110");
+    state.windAtHeight = 4, state.htRelease = state.htSimul = 1;
+    state.distAt = from, state.sweepStep = 1, state.levelConcAt = level;
+    state.halfWidthMax = 3, state.maxWidthDist = 50;
+  }
+};
+
+TEST(MaxWidth, ofACloudThatWidensBeyondAllReachIsThatMark) {
+  March g{999000, 1e-9};
+  g.main.level.setResults(0, "of another level");
+  g.isopleth.findMaxWidth(Trap::ignoring());
+  const LevelFields& level = g.main.level;
+  for (const auto* field : {&level.isopwdth, &level.distmaxisop, &level.isopang, &level.isoparea})
+    EXPECT_EQ((*field)[0].text(), ">1000000");
+  EXPECT_EQ(level.endpt[0].text(), "of another level");
+}
+
 TEST(MaxWidth, stopsAtTheMaximumDistanceWithTheWidthBefore) {
-  Geometry g;
-  g.main.in.scnrotypetxt.setText("PLUME");
-  g.main.in.QntyRelstxt.setText("5");
-  g.main.in.molwttxt.setText("29");
-  g.main.in.vapordnstytxt.setText("1");
-  g.main.in.wndveltxt.setText("6");
-  g.main.in.enddisttxt.setText("110");
-  g.state.windAtHeight = 4, g.state.htRelease = g.state.htSimul = 1;
-  g.state.distAt = 100, g.state.sweepStep = 1, g.state.levelConcAt = 1;
-  g.state.halfWidthMax = 3, g.state.maxWidthDist = 50;
+  March g{100, 1};
   g.isopleth.findMaxWidth(Trap::ignoring());
   EXPECT_EQ(g.state.distAt, 110);
   EXPECT_EQ(g.main.level.isopwdth[0].text(), "6.00");

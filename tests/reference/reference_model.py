@@ -321,7 +321,7 @@ class Engine:
     def runSweep(self):
         limit, step = self.sweepTo, self.sweepStep
         steps = (self.roundDistance, self.calcSigmaZBase, self.calcWindAtHeight, self.calcSigmaZ, self.calcSigmaY,
-                 self.findPeak, self.testBeginPoint, self.testEndPoint, self.calcConcGround, self.takeMgc)
+                 self.findPeak, self.testBeginPoint, self.testEndPoint, self.findMgc)
         self.distSweep = self.sweepFrom
         while self.distSweep <= limit:
             for call in steps:
@@ -340,14 +340,19 @@ class Engine:
     def roundDistance(self):
         self.distX = rounded(self.distSweep)
 
+    def findMgc(self):
+        if self.mgcDone == 0:
+            self.calcConcGround()
+            self.takeMgc()
+
     def calcConcGround(self):
-        if self.mgcDone == 0 and self.f["scnrotypetxt"] in KINDS:
+        if self.f["scnrotypetxt"] in KINDS:
             self.concGround = ground_concentration(
                 self.f["scnrotypetxt"], self.num("QntyRelstxt"), self.num("molwttxt"), self.num("tempStore"),
                 self.htRelease, self.windAtHeight, self.sigmaY, self.sigmaZAtMax)
 
     def takeMgc(self):
-        if self.mgcDone != 0 or self.sigmaZ < self.sigmaZAtMax:
+        if self.sigmaZ < self.sigmaZAtMax:
             return
         self.mgc, self.mgcDist = min(self.concGround, 1000000.0), self.distX
         self.f["mgctxt"] = fmt(self.mgc)
@@ -532,8 +537,12 @@ class Engine:
                 break
             self.halfWidthPrev = self.halfWidthCur
             self.distAt = self.distAt + self.sweepStep
-            if self.at_maximum_distance() or self.distAt >= FARTHEST:
+            if self.at_maximum_distance():
                 break
+            if self.distAt >= FARTHEST:
+                for field in (self.isopwdth, self.distmaxisop, self.isopang, self.isoparea):
+                    field[self.widthLevel] = ">" + plain(FARTHEST)
+                return
         self.distmaxisop[self.widthLevel] = fmt(self.maxWidthDist)
         self.isopwdth[self.widthLevel] = fmt(self.halfWidthMax + self.halfWidthMax)
 

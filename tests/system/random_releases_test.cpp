@@ -55,6 +55,7 @@ Inputs randomInputs(Chance& chance) {
   // Where a form ends, or one thing equals another.
   if (chance.once(8)) inputs["vapordnstytxt"] = chance.oneOf(std::array{"1", "1.5", "0.9999", "1.0001"});
   if (chance.once(8)) inputs["htsmul"] = chance.once(2) ? inputs["htreltxt"] : number(chance.between(-5, 300), "0.0");
+  if (chance.once(4)) inputs["htreltxt"] = number(chance.between(200, 1000), "0.0");
   if (chance.once(12)) inputs["tempStore"] = number(chance.between(400, 1500), "0");
   if (chance.once(12)) inputs["enddisttxt"] = number(chance.between(10, 300), "0.0");
   if (chance.once(40)) {  // a text that makes every step fail would show a box each
@@ -118,7 +119,7 @@ void expectNumbersAndMarks(TestSystem& system) {
   for (const Field& field : system.main().view.fields()) {
     if (!field.locked()) continue;
     const bool known = field.isNumeric() || mark::isOpen(field.text(), endDist) || field.text() == mark::inputError ||
-                       field.text() == "Mass = 0";
+                       field.text() == "Mass = 0" || field.text() == mark::beyond(farthestDistance);
     EXPECT_TRUE(known) << field.name() << " holds " << field.text();
   }
 }

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <array>
 #include <fstream>
 #include <iterator>
 #include <ostream>
@@ -75,6 +76,50 @@ std::string cellAt(const std::shared_ptr<Database>& study, const std::string& qu
   return textOf(Recordset{study, query, Recordset::Access::read}.value(0));
 }
 
+/// The first key that several rows of a table bear, told with the table; empty when there is none.
+std::string doubleKey(const std::shared_ptr<Database>& study) {
+  for (const Table& table : studyLayout().tables) {
+    std::string columns;
+    std::string groups;
+    std::string known;
+    for (const auto column : table.key) {
+      const std::string name = quotedName(column);
+      columns += name + ", ";
+      groups += (groups.empty() ? "" : ", ") + name + " COLLATE NOCASE";
+      known += (known.empty() ? "" : " AND ") + name + " IS NOT NULL";
+    }
+    if (table.key.empty()) continue;
+    Recordset found{study,
+                    fmt::format("SELECT {}count(*) FROM {} WHERE {} GROUP BY {} HAVING count(*) > 1",
+                                columns,
+                                quotedName(table.name),
+                                known,
+                                groups),
+                    Recordset::Access::read};
+    if (found.eof()) continue;
+    std::string key;
+    for (int i = 0; i < static_cast<int>(table.key.size()); ++i)
+      key += (i == 0 ? "\"" : ", \"") + textOf(found.value(i)) + "\"";
+    return fmt::format(
+        "{} rows of {} with the key {}", textOf(found.value(static_cast<int>(table.key.size()))), table.name, key);
+  }
+  return {};
+}
+
+/// What the active project lacks for a press, and can be given in the window; empty when it lacks nothing.
+std::string lackOf(const std::shared_ptr<Database>& study) {
+  Recordset heights{study,
+                    "SELECT htrel, htsmul, terrain FROM Disptbl WHERE refNo = "
+                    "(SELECT refNo FROM [dsptbl-1] WHERE actvproj=-1) COLLATE NOCASE",
+                    Recordset::Access::read};
+  constexpr std::array names{"height of release", "height of simulation", "terrain"};
+  std::string lack;
+  for (int i = 0; i < static_cast<int>(names.size()); ++i)
+    if (heights.eof() || textOf(heights.value(i)).empty())
+      lack += (lack.empty() ? "" : ", ") + std::string{names.at(static_cast<std::size_t>(i))};
+  return lack;
+}
+
 /// What keeps the program from working on a sound file; empty when nothing does.
 std::string faultOf(const std::shared_ptr<Database>& study) {
   const auto read = Recordset::Access::read;
@@ -86,7 +131,8 @@ std::string faultOf(const std::shared_ptr<Database>& study) {
   for (const std::string& name : {textOf(projects.value(0)), textOf(projects.value(1)), textOf(scenarios.value(0))})
     if (const std::string fault = faultOfName(name); !fault.empty())
       return fmt::format("holds the name \"{}\", and it {}", name, fault);
-  return {};
+  const std::string key = doubleKey(study);
+  return key.empty() ? key : "holds " + key;
 }
 
 }  // namespace
@@ -133,6 +179,8 @@ ExitStatus checkStudy(const fs::path& file, std::ostream& out, std::ostream& err
                        cellAt(study, "SELECT count(*) FROM [dsptbl-1]"),
                        cellAt(study, "SELECT count(*) FROM maimTbl4All"),
                        cellAt(study, "SELECT scenariotxt FROM scenr1"));
+    if (const std::string lack = lackOf(study); !lack.empty())
+      out << file.string() << ": the active project has no " << lack << ": to be entered before a run\n";
     return ExitStatus::done;
   });
 }

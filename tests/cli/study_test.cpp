@@ -189,7 +189,9 @@ TEST(Study, isCheckedBeforeTheProgramStartsOnIt) {
       {"INSERT INTO [dsptbl-1] (OrgName, refNo, actvproj) VALUES ('B', '2', -1)", "has more than one active project"},
       {"DELETE FROM scenr1", "has no working scenario"},
       {"UPDATE scenr1 SET scenariotxt = '3'' pipe'",
-       "holds the name \"3' pipe\", and it holds a single quote ('), which the study does not take"}};
+       "holds the name \"3' pipe\", and it holds a single quote ('), which the study does not take"},
+      {"DROP TRIGGER \"Orgtn key INSERT\"; INSERT INTO Orgtn (OrgName) SELECT OrgName FROM Orgtn",
+       "holds 2 rows of Orgtn with the key \"Harbour Water Works\""}};
   for (const auto& [statement, fault] : cases) {
     const TestFolder folder;
     test::makeStudy(folder.study(), exampleStudy("chlorine"));
@@ -198,6 +200,21 @@ TEST(Study, isCheckedBeforeTheProgramStartsOnIt) {
     std::ostringstream errors;
     EXPECT_EQ(checkStudy(folder.study(), out, errors), ExitStatus::refused);
     EXPECT_EQ(errors.str(), folder.study().string() + " " + fault + "\n");
+  }
+}
+
+TEST(Study, isToldWhatARunStillNeeds) {
+  for (const auto& [change, lack] : std::map<std::string, std::string>{
+           {"UPDATE Disptbl SET terrain = ''", "terrain"},
+           {"DELETE FROM Disptbl", "height of release, height of simulation, terrain"}}) {
+    const TestFolder folder;
+    test::makeStudy(folder.study(), exampleStudy("chlorine"));
+    Database(folder.study(), studyLayout()).run(change);
+    std::ostringstream out;
+    std::ostringstream errors;
+    EXPECT_EQ(checkStudy(folder.study(), out, errors), ExitStatus::done) << errors.str();
+    EXPECT_TRUE(out.str().ends_with(": the active project has no " + lack + ": to be entered before a run\n"))
+        << out.str();
   }
 }
 

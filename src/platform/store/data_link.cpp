@@ -7,9 +7,10 @@
 
 namespace noldarz {
 
-void DataLink::bind(Field& field, std::string column, Accepts accepts) {
+void DataLink::bind(Field& field, std::string column, Accepts accepts, std::string words) {
   std::erase_if(bindings_, [&](const Binding& b) { return b.field == &field; });
-  Binding& binding = bindings_.emplace_back(Binding{&field, std::move(column), std::move(accepts), ""});
+  Binding& binding =
+      bindings_.emplace_back(Binding{&field, std::move(column), std::move(accepts), std::move(words), ""});
   if (!rows_ || !rows_->isAdding()) show(binding);
 }
 
@@ -28,8 +29,21 @@ bool DataLink::writes(const Binding& binding) const {
          rows_->find(binding.column).has_value();
 }
 
-void DataLink::takePendingEdits() {
-  for (Binding& binding : bindings_) {
+std::string DataLink::wordsOf(const Binding& binding) const {
+  const std::string& text = binding.field->text();
+  return binding.words.empty() ? binding.column + " " + text : fmt::format(fmt::runtime(binding.words), text);
+}
+
+std::string DataLink::pendingEdits() const {
+  std::string edits;
+  for (const Binding& binding : bindings_)
+    if (rows_ && writes(binding)) edits += (edits.empty() ? "" : ", ") + wordsOf(binding);
+  return edits;
+}
+
+std::vector<const DataLink::Binding*> DataLink::takePendingEdits() {
+  std::vector<const Binding*> taken;
+  for (const Binding& binding : bindings_) {
     if (!writes(binding)) continue;
     const std::string& text = binding.field->text();
     std::string fault;
@@ -37,11 +51,14 @@ void DataLink::takePendingEdits() {
       fault = "is no number";
     else if (binding.accepts)
       fault = binding.accepts(text);
-    if (fault.empty())
+    if (fault.empty()) {
       rows_->set(binding.column, text);
-    else if (refused_)
+      taken.push_back(&binding);
+    } else if (refused_) {
       refused_(fmt::format("\"{}\" {} and is not stored", text, fault));
+    }
   }
+  return taken;
 }
 
 void DataLink::save() {
@@ -49,10 +66,27 @@ void DataLink::save() {
   const bool pending = std::any_of(bindings_.begin(), bindings_.end(), [&](const Binding& b) { return writes(b); });
   if (!rows_->isOpenForWriting()) {
     if (!pending || rows_->eof()) return;
-    rows_->edit();
+    edit();
   }
-  takePendingEdits();
+  const auto taken = takePendingEdits();
   rows_->update();
+  show();
+  std::string words;
+  for (const Binding* binding : taken) words += (words.empty() ? "" : ", ") + wordsOf(*binding);
+  if (stored_ && !words.empty()) stored_(words);
+}
+
+void DataLink::edit() {
+  if (!(rows_ && rows_->isOpenForWriting())) prepare();
+  rows().edit();
+}
+
+void DataLink::insert(const std::vector<std::pair<std::string_view, Cell>>& cells) {
+  Recordset added = rows();
+  added.addNew();
+  for (const auto& [column, cell] : cells) added.set(column, cell);
+  added.update();
+  rows_ = std::move(added);
   show();
 }
 
@@ -71,8 +105,9 @@ void DataLink::refresh() {
   try {
     save();
   } catch (const RuntimeFailure& failure) {
-    unsaved = std::current_exception();
     if (refused_) refused_(failure.what());
+    if (failure.reason() == FailureNumber::storeLocked) throw;
+    unsaved = std::current_exception();
   }
   readRows();
   if (unsaved) std::rethrow_exception(unsaved);
@@ -90,17 +125,13 @@ void DataLink::readRows() {
 }
 
 void DataLink::close() {
-  const auto drop = [this] {
-    rows_.reset();
-    database_.reset();
-  };
-  try {
-    save();
-  } catch (...) {
-    drop();
-    throw;
-  }
-  drop();
+  save();
+  abandon();
+}
+
+void DataLink::abandon() {
+  rows_.reset();
+  database_.reset();
 }
 
 void DataLink::show() {

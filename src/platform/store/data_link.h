@@ -8,6 +8,8 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/field.h"
@@ -19,27 +21,40 @@ class DataLink {
  public:
   /// Whether a text may go from a field into its column; "" or why not.
   using Accepts = std::function<std::string(const std::string& text)>;
+  using Tells = std::function<void(const std::string&)>;
 
-  /// `refused` hears of an edit that could not be stored, in words for the user.
-  explicit DataLink(Databases& databases, std::function<void(const std::string&)> refused = {})
-      : databases_(databases), refused_(std::move(refused)) {}
+  /// `refused` hears of an edit that could not be stored, `stored` of what was, in words for the user.
+  explicit DataLink(Databases& databases, Tells refused = {}, Tells stored = {})
+      : databases_(databases), refused_(std::move(refused)), stored_(std::move(stored)) {}
   DataLink(const DataLink&) = delete;
   DataLink& operator=(const DataLink&) = delete;
 
-  /// Binds a field to a column, in place of the column it had. A label shows its column and never writes it.
-  void bind(Field& field, std::string column, Accepts accepts = {});
+  /// Binds a field to a column, in place of the column it had. A label shows its column and never writes it. `words` tells
+  /// the user what was stored, with "{}" for the text: "height of release {} m".
+  void bind(Field& field, std::string column, Accepts accepts = {}, std::string words = {});
+  /// What is done before the row is opened for writing: the link may stand on another row behind it. It fails when there is
+  /// none to write to.
+  void beforeEdit(std::function<void()> prepare) { prepare_ = std::move(prepare); }
+  void prepare() {
+    if (prepare_) prepare_();
+  }
 
   /// Both hold from the next Refresh on.
   void setDatabaseName(const std::filesystem::path& file) { file_ = file; }
   void setRecordSource(const std::string& query) { recordSource_ = query; }
   const std::string& recordSource() const { return recordSource_; }
 
-  /// Stores pending edits to the row that the link stands on, runs the query again, and shows its first row. An edit that
-  /// can't be stored is dropped, so that the fields show what the study holds; the refresh then fails behind its last
-  /// step. Another query that fails leaves the link without rows.
+  /// Stores pending edits to the row that the link stands on, runs the query again, and shows its first row. Edits that wait
+  /// for another program (storeLocked) stay pending, and the link on its row: the refresh fails there. Any other edit that
+  /// can't be stored is dropped, so that the fields show what the study holds; the refresh then fails behind its last step.
+  /// Another query that fails leaves the link without rows.
   void refresh();
-  /// Stores pending edits and lets go of the study.
+  /// Stores pending edits and lets go of the study. Fails, with everything as it was, when they can't be stored.
   void close();
+  /// Lets go of the study, without its pending edits.
+  void abandon();
+  /// The edits that are not stored yet, in words for the user; empty: none.
+  std::string pendingEdits() const;
 
   /// Whether the link stands on a row.
   bool hasRow() const { return rows_ && !rows_->eof(); }
@@ -57,7 +72,10 @@ class DataLink {
   void moveNext();
   /// Starts a new row and empties the bound fields.
   void addNew();
-  void edit() { rows().edit(); }
+  /// Stores a new row of these cells, makes it the current one and shows it. Fails with duplicateKey for a row that is there
+  /// already; when it fails, fields and row stay as they were.
+  void insert(const std::vector<std::pair<std::string_view, Cell>>& cells);
+  void edit();
   void set(std::string_view column, Cell value) { rows().set(column, std::move(value)); }
   /// Stores what is open for writing, with pending edits of bound fields. Fails with updateUnopened when nothing is open.
   void update();
@@ -72,19 +90,23 @@ class DataLink {
     Field* field;
     std::string column;
     Accepts accepts;
+    std::string words;
     std::string shown;  // what the link put into the field last
   };
 
   Recordset& rows();
   bool writes(const Binding& binding) const;
-  void takePendingEdits();
+  std::string wordsOf(const Binding& binding) const;
+  std::vector<const Binding*> takePendingEdits();
   void save();
   void readRows();
   void show();
   void show(Binding& binding);
 
   Databases& databases_;
-  std::function<void(const std::string&)> refused_;
+  Tells refused_;
+  Tells stored_;
+  std::function<void()> prepare_;
   std::vector<Binding> bindings_;
   std::filesystem::path file_;
   std::string recordSource_;

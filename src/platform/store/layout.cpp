@@ -18,12 +18,13 @@ std::string_view declaration(ColumnType type) {
   return "";
 }
 
-/// Refuses a second row with the key, when one is added or one is changed.
+/// Refuses a second row with the key, when one is added or one is changed. A row to be added has no number yet.
 std::string keyTrigger(const Table& table, std::string_view moment) {
-  std::string same;
-  for (const auto column : table.key) same += fmt::format(" AND {0} = NEW.{0}", quotedName(column));
+  std::string same = moment == "UPDATE" ? "rowid <> OLD.rowid" : "";
+  for (const auto column : table.key)
+    same += fmt::format("{0}{1} = NEW.{1}", same.empty() ? "" : " AND ", quotedName(column));
   return fmt::format(
-      "CREATE TRIGGER {} BEFORE {} ON {} WHEN EXISTS (SELECT 1 FROM {} WHERE rowid <> NEW.rowid{}) "
+      "CREATE TRIGGER {} BEFORE {} ON {} WHEN EXISTS (SELECT 1 FROM {} WHERE {}) "
       "BEGIN SELECT RAISE(ABORT, 'duplicate key'); END;\n",
       quotedName(fmt::format("{} key {}", table.name, moment)),
       moment,

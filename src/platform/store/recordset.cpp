@@ -197,7 +197,25 @@ void Recordset::storeChanges() {
     throw StoreFailure(FailureNumber::noCurrentRow, "the row is no longer there");
 }
 
+void Recordset::requireNewKey() const {
+  const Table* table = database_->layout().find(table_);
+  std::string same;
+  std::vector<const Cell*> key;
+  for (const auto& [column, cell] : changes_) {
+    const std::string& name = columns_[static_cast<std::size_t>(column)];
+    if (!table || !table->isKey(name) || holdsNothing(cell)) continue;
+    same += fmt::format("{}{} = ? COLLATE NOCASE", same.empty() ? "" : " AND ", quotedName(name));
+    key.push_back(&cell);
+  }
+  if (!table || table->key.empty() || key.size() != table->key.size()) return;  // a key in part is none
+  Statement others{*database_, fmt::format("SELECT 1 FROM {} WHERE {}", quotedName(table_), same)};
+  for (std::size_t i = 0; i < key.size(); ++i) others.bind(static_cast<int>(i) + 1, *key[i]);
+  if (others.step())
+    throw StoreFailure(FailureNumber::duplicateKey, fmt::format("{} has a row with this key already", table_));
+}
+
 void Recordset::storeNewRow() {
+  requireNewKey();
   std::string names;
   std::string places;
   for (const auto& [column, cell] : changes_) {

@@ -192,6 +192,13 @@ TEST_F(RecordsetTest, refusesASecondRowWithTheKey) {
   EXPECT_EQ(count("SELECT * FROM maimTbl4All WHERE scenariotxt = 'b'"), 1);
 }
 
+TEST_F(RecordsetTest, looksForTheKeyItselfInAFileWithoutGuards) {
+  addRuns({"Größe"});
+  database->run("DROP TRIGGER \"maimTbl4All key INSERT\"");
+  EXPECT_EQ(failureOf([&] { addRuns({"grÖße"}); }), static_cast<int>(FailureNumber::duplicateKey));
+  EXPECT_EQ(count("SELECT * FROM maimTbl4All"), 1);
+}
+
 TEST_F(RecordsetTest, writesNoOtherRowOrFileThanItRead) {
   addRuns({"a"});
   Recordset gone = query("SELECT * FROM maimTbl4All");

@@ -62,21 +62,7 @@ ReportSection inputs(const MainView& main, bool puff) {
   return section;
 }
 
-/// The unit in which the time of stabilization stands in its field; empty when there was no end point to work it out.
-std::string stabilizationUnit(const MainView& main, const RunState& state) {
-  const Field& end = main.level.endpt[levelCount - 1];
-  if (!end.isNumeric() || !(state.windAtHeight > 0) || state.firstPass != 0) return "";
-  return std::string{scaledTime(end.number() / state.windAtHeight).unit};
-}
-
-/// What the limits do not tell; empty when the search had an end.
-std::string limitsNote(const MainView& main, const RunState& state) {
-  const Field& end = main.level.endpt[levelCount - 1];
-  if (state.firstPass != 0 || main.in.MaxFtlyDstOptn.value() != 1 || end.isNumeric()) return "";
-  return "No limits were searched for: the level " + main.level.conclbl[levelCount - 1].caption() + " has no end point";
-}
-
-ReportSection results(const MainView& main, const RunState& state, bool puff) {
+ReportSection results(const MainView& main, bool puff) {
   const ResultFields& result = main.result;
   return {"results",
           "Results",
@@ -88,10 +74,10 @@ ReportSection results(const MainView& main, const RunState& state, bool puff) {
            item(result.expmass, "Flammable mass for VCE", result.expmass.isNumeric() ? "lbm" : ""),
            item(result.tmestbltxt,
                 puff ? "Time for puff dispersion to end" : "Time of stabilization",
-                stabilizationUnit(main, state)),
+                result.tmeunitlbl.text()),
            item(main.toxic.FatatyDistDsplyLbl, ""),
            item(main.toxic.InjuryDistDsplyLbl, ""),
-           {"limitsNote", "", limitsNote(main, state), ""}}};
+           {"limitsNote", "", main.scenario.resultnotelbl.text(), ""}}};
 }
 
 ReportTable isopleths(const LevelFields& level) {
@@ -283,10 +269,10 @@ Report reportOf(System& system, std::string version, std::string source, Message
   Report report{std::move(version), std::move(source), {}, {}, std::move(messages), ""};
   if (system.study()) {
     report.sections.push_back(study(main, state));
-    report.status = main.scenario.statuslbl.caption();
+    report.status = system.status().happened();
   }
   report.sections.push_back(inputs(main, puff));
-  report.sections.push_back(results(main, state, puff));
+  report.sections.push_back(results(main, puff));
   report.tables.push_back(isopleths(main.level));
   return report;
 }

@@ -83,7 +83,7 @@ std::string faultOfRun(System& system, bool ofStudy) {
     if (level.bgnpt[i].text() == mark::inputError)
       return ofStudy ? "the levels were refused; --levels gives others" : "the levels were refused";
   if (!ofStudy || system.runRow().isStored()) return "";
-  if (Trap::ignoring().holds([&] { return isStorable(level); })) return system.mainView().scenario.statuslbl.text();
+  if (Trap::ignoring().holds([&] { return isStorable(level); })) return system.status().happened();
   return "the results are not stored: the level " + level.conclbl[storingLevel].caption() + " is not complete";
 }
 

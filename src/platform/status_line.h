@@ -2,7 +2,9 @@
 // that write to the study share it.
 #pragma once
 
+#include <map>
 #include <string>
+#include <utility>
 
 #include "platform/failure.h"
 #include "platform/field.h"
@@ -14,7 +16,35 @@ class StatusLine {
  public:
   explicit StatusLine(Field& field) : field_(field) {}
 
-  void say(const std::string& text) { field_.setCaption(text); }
+  /// Tells what has happened, in place of what was told before; within one act, behind it.
+  void say(const std::string& text) {
+    said_ = acts_ > 0 ? joined(said_, text) : text;
+    if (acts_ == 0) advice_.clear();
+    show();
+  }
+  /// What the user may do next, behind what has happened.
+  void advise(const std::string& text) {
+    advice_ = text;
+    show();
+  }
+  /// What has happened, and what is held in front of it, without advice.
+  std::string happened() const { return joined(held(), said_); }
+
+  /// While it lives, one act: what its rooms tell is told together.
+  class Act {
+   public:
+    explicit Act(StatusLine& line) : line_(line) {
+      if (line_.acts_++ > 0) return;
+      line_.said_.clear();
+      line_.advice_.clear();
+    }
+    Act(const Act&) = delete;
+    Act& operator=(const Act&) = delete;
+    ~Act() { --line_.acts_; }
+
+   private:
+    StatusLine& line_;
+  };
 
   /// The regime that skips a failing step; a failure of the store is told.
   Trap skipping() {
@@ -23,17 +53,39 @@ class StatusLine {
     }};
   }
 
-  /// Tells a fault, which stays until clearFault().
+  /// Tells a fault, once within an act. It is known until clearFault().
   void tellFault(const std::string& text) {
-    fault_ = true;
-    say(text);
+    const bool told = std::exchange(fault_, text) == text && acts_ > 0;
+    if (!told) say(text);
   }
-  void clearFault() { fault_ = false; }
-  bool hasFault() const { return fault_; }
+  void clearFault() { fault_.clear(); }
+  bool hasFault() const { return !fault_.empty(); }
+
+  /// What stands in front of all that is told, until the same keeper lets it go by an empty text.
+  void hold(const std::string& keeper, const std::string& text) {
+    if (held_[keeper] == text) return;
+    held_[keeper] = text;
+    show();
+  }
 
  private:
+  void show() { field_.setCaption(joined(happened(), advice_)); }
+  std::string held() const {
+    std::string all;
+    for (const auto& [keeper, text] : held_) all = joined(all, text);
+    return all;
+  }
+  static std::string joined(const std::string& text, const std::string& next) {
+    if (text.empty() || next.empty()) return text + next;
+    return text + (text.ends_with('.') ? " " : "; ") + next;
+  }
+
   Field& field_;
-  bool fault_ = false;
+  std::string said_;
+  std::string advice_;
+  std::string fault_;
+  std::map<std::string, std::string> held_;
+  int acts_ = 0;
 };
 
 }  // namespace noldarz

@@ -1,7 +1,10 @@
 #include "scenario/input_rules.h"
 
+#include <utility>
+
 #include "engine/air.h"
 #include "platform/text.h"
+#include "scenario/missing_heights.h"
 #include "scenario/queries.h"
 
 namespace noldarz {
@@ -15,9 +18,8 @@ constexpr double nearestSimulation = 1000;    // m
 }  // namespace
 
 InputRules::InputRules(View& view, ModelState& model, ScenarioState& state, const ScenarioInputs& in,
-                       const LevelFields& level, const ResultFields& result, const CommandFields& command,
-                       const ScenarioFields& fields, MainLinks& links, PlumeModel& plume, WindShare& wind,
-                       Desktop& desktop, StatusLine& status)
+                       const LevelFields& level, const ResultFields& result, const ScenarioFields& fields,
+                       MainLinks& links, PlumeModel& plume, WindShare& wind, Desktop& desktop, StatusLine& status)
     : model_(model),
       state_(state),
       in_(in),
@@ -33,15 +35,17 @@ InputRules::InputRules(View& view, ModelState& model, ScenarioState& state, cons
   view.on(in_.roghwndoptcbo, Event::lostFocus, [this] { roghwndoptcbo_LostFocus(); });
   view.on(in_.stblclscbo, Event::lostFocus, [this] { stblclscbo_LostFocus(); });
   view.on(in_.stblclscbo, Event::click, [this] { stblclscbo_Click(); });
+  view.on(in_.stblclscbo, Event::change, [this] { classTyped_ = true; });
   view.on(in_.wndveltxt, Event::lostFocus, [this] { wndveltxt_LostFocus(); });
-  view.on(fields_.scnrotxtlbl, Event::gotFocus, [this] { scnrTextBefore_ = fields_.scnrotxtlbl.text(); });
+  view.on(fields_.scnrotxtlbl, Event::gotFocus, [this] {
+    if (!std::exchange(nameRefused_, false)) scnrTextBefore_ = fields_.scnrotxtlbl.text();
+  });
   view.on(fields_.scnrotxtlbl, Event::lostFocus, [this] { scnrotxtlbl_LostFocus(); });
   view.on(in_.enddisttxt, Event::lostFocus, [this] { enddisttxt_LostFocus(); });
   for (int i = 0; i < levelCount; ++i)
     view.on(level.constn[i], Event::lostFocus, [this, &constn = level.constn[i]] { constn_LostFocus(constn); });
   for (int i = 0; i < in_.Givnwnd.size(); ++i)
     view.on(in_.Givnwnd[i], Event::lostFocus, [this, &share = in_.Givnwnd[i]] { Givnwnd_LostFocus(share); });
-  view.on(command.prntprv, Event::click, [this, &list = command.prntprv] { prntprv_Click(list); });
   view.on(fields_.no2, Event::click, [this] { chooseLineWidth(true); });
   view.on(fields_.no4, Event::click, [this] { chooseLineWidth(false); });
 }
@@ -66,6 +70,7 @@ void InputRules::refuseEntry(Field& field) {
 
 void InputRules::saveHeights() {
   status_.skipping().step([&] { links_.dt3.refresh(); });
+  status_.hold("heights", missingHeights(in_));
 }
 
 void InputRules::htreltxt_LostFocus() {
@@ -115,19 +120,31 @@ void InputRules::roghwndoptcbo_LostFocus() {
 void InputRules::stblclscbo_LostFocus() {
   if (in_.stblclscbo.wordIndex(stabilityClassEntries) < 0 && in_.stblclscbo.text() != usersClass)
     return refuseEntry(in_.stblclscbo);
+  if (classTyped_ && in_.stblclscbo.wordIndex(stabilityClassEntries) >= 0) stblclscbo_Click();
+  classTyped_ = false;
   DataLink& row = links_.dt2a;
   // The row of a class just chosen is looked up once this event has ended: the link stands on the one before.
   const bool awaitsRow = fields_.tmr_1.enabled() && state_.scnrKeyByText == 0;
-  if (awaitsRow && row.hasRow() && !row.recordset().isAdding()) return;
+  if (awaitsRow && row.hasRow()) return;
+  const std::string windBefore = in_.wndveltxt.text();
   status_.skipping().steps([&] { plume_.setClassWind(); },
                            [&] { row.edit(); },
                            [&] { row.set("StblClas", in_.stblclscbo.text()); },
                            [&] { row.set("wndvel", model_.classWind); },
                            [&] { row.update(); },
                            [&] { in_.wndveltxt.setPlainNumber(model_.classWind); });
+  tellClassWind(windBefore);
+}
+
+void InputRules::tellClassWind(const std::string& before) {
+  const std::string& now = in_.wndveltxt.text();
+  if (now == before || status_.hasFault()) return;
+  status_.say("Wind set to " + now + " m/s, usual for class " + in_.stblclscbo.text() +
+              (before.empty() ? "." : " (was " + before + ")."));
 }
 
 void InputRules::stblclscbo_Click() {
+  classTyped_ = false;
   state_.scnrKeyByText = 0;
   askForRunRow();
   status_.skipping().steps([&] { links_.dt2.refresh(); }, [&] { links_.dt2a.refresh(); });
@@ -150,18 +167,16 @@ void InputRules::scnrotxtlbl_LostFocus() {
   const std::string name = fields_.scnrotxtlbl.text();
   if (name.empty()) return refuse(fields_.scnrotxtlbl, "Please enter scenario text");
   if (const std::string fault = faultOfName(name); !fault.empty()) {
-    status_.tellFault("The name \"" + name + "\" " + fault);
-  } else {
-    state_.scnrUserText = name;
-    state_.scnrKeyByText = 1;
-    state_.selectByUserText = 1;
-    if (name != scnrTextBefore_) askForRunRow();
+    if (name == scnrTextBefore_)
+      return status_.tellFault("The name \"" + name + "\" " + fault);  // not the user's doing
+    nameRefused_ = true;
+    return refuse(fields_.scnrotxtlbl, "Scenario text should not hold a single quote (')");
   }
+  state_.scnrUserText = name;
+  state_.scnrKeyByText = 1;
+  state_.selectByUserText = 1;
+  if (name != scnrTextBefore_) askForRunRow();
   scnrTextBefore_.clear();
-}
-
-void InputRules::prntprv_Click(const Field& list) {
-  status_.say("\"" + list.text() + "\" is not part of this version.");
 }
 
 void InputRules::chooseLineWidth(bool thin) {

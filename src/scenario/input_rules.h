@@ -21,8 +21,8 @@ class InputRules {
  public:
   /// Subscribes the rules to the events of the view.
   InputRules(View& view, ModelState& model, ScenarioState& state, const ScenarioInputs& in, const LevelFields& level,
-             const ResultFields& result, const CommandFields& command, const ScenarioFields& fields, MainLinks& links,
-             PlumeModel& plume, WindShare& wind, Desktop& desktop, StatusLine& status);
+             const ResultFields& result, const ScenarioFields& fields, MainLinks& links, PlumeModel& plume,
+             WindShare& wind, Desktop& desktop, StatusLine& status);
 
   /// Asks for the run row step: it runs once this event has ended.
   void askForRunRow() { fields_.tmr_1.enable(); }
@@ -37,8 +37,6 @@ class InputRules {
   void stblclscbo_Click();
   void wndveltxt_LostFocus();
   void scnrotxtlbl_LostFocus();
-  /// The choice of an output: none of their views is there yet.
-  void prntprv_Click(const Field& list);
   /// The entry checks itself and unchecks the other.
   void chooseLineWidth(bool thin);
 
@@ -48,6 +46,7 @@ class InputRules {
   void refuse(Field& field, const MessageBox& box, std::string_view replacement = {});
   void refuseEntry(Field& field);
   void saveHeights();
+  void tellClassWind(const std::string& before);
 
   ModelState& model_;
   ScenarioState& state_;
@@ -60,6 +59,8 @@ class InputRules {
   Desktop& desktop_;
   StatusLine& status_;
   std::string scnrTextBefore_;  // name of the run when its field took the focus
+  bool nameRefused_ = false;    // the focus comes back to it
+  bool classTyped_ = false;     // the class was typed, not picked, since its field was left last
 };
 
 }  // namespace noldarz

@@ -51,7 +51,7 @@ void LevelCaptions::storeCaptions() {
   skipping.step([&] { row.edit(); });
   for (int i = 0; i < levelCount; ++i)
     skipping.step([&] { row.set(levelColumn("constnTxt", i + 1), level_.conclbl[i].caption()); });
-  skipping.steps([&] { row.update(); }, [&] { row.refresh(); });
+  skipping.steps([&] { row.update(), status_.say("Stored: captions of the levels."); }, [&] { row.refresh(); });
 }
 
 }  // namespace noldarz

@@ -86,7 +86,7 @@ void LevelChoice::replaceMissing(int level, std::string_view column) {
   if (level_.constn[level].text() != mark::nothing) return;
   const std::string text = limit(column);
   level_.conclbl[level].setCaption(std::string{column} + ":");
-  level_.constn[level].setText(isNumeric(text) ? text : mark::nothing);
+  level_.constn[level].setText(text);
 }
 
 }  // namespace noldarz

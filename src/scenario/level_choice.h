@@ -19,7 +19,7 @@ class LevelChoice {
 
   /// UEL, LEL, TEEL3, TEEL2, TEEL1 and TEEL0 of the chemical (ppm) become the levels; one without a number becomes 0. Pairs
   /// of a flammable chemical that are out of order are exchanged, if the user wishes so. A TEEL3 of 0 gives way to the IDLH,
-  /// a TEEL0 of 0 to the TWA, and stays 0 where that has no number either. A failed step is skipped.
+  /// a TEEL0 of 0 to the TWA, as the study has them, number or not. A failed step is skipped.
   void getconclvl_Click();
 
  private:

@@ -16,16 +16,17 @@ std::string faultOfTerrain(const std::string& terrain) {
 
 std::string faultOfHumidity(const std::string& humidity) {
   const ParsedNumber parsed = parseNumber(humidity);
-  const bool outside =
-      parsed.outcome == ParsedNumber::Outcome::number && (parsed.value < leastHumidity || parsed.value > mostHumidity);
-  return outside ? "% is no relative humidity" : "";
+  const bool possible = parsed.isNumber() && parsed.value >= leastHumidity && parsed.value <= mostHumidity;
+  return possible ? "" : "% is no relative humidity";
 }
 
 std::string faultOfReleaseHeight(const std::string& height) {
   const ParsedNumber parsed = parseNumber(height);
-  const bool low = parsed.outcome == ParsedNumber::Outcome::number && parsed.value < leastReleaseHeight;
-  return low ? "m is too low for a release" : "";
+  if (!parsed.isNumber()) return "is no height of release";
+  return parsed.value < leastReleaseHeight ? "m is too low for a release" : "";
 }
+
+std::string faultOfWind(const std::string& wind) { return isNumeric(wind) ? "" : "is no wind velocity"; }
 
 std::string faultOfWindShare(const std::string& share) {
   const ParsedNumber parsed = parseNumber(share);
@@ -34,12 +35,17 @@ std::string faultOfWindShare(const std::string& share) {
 
 }  // namespace
 
+MainLinks::Told::Told(StatusLine& status)
+    : refused([&status](const std::string& text) { status.tellFault(text); }),
+      stored([&status](const std::string& words) { status.say("Stored: " + words + "."); }) {}
+
 MainLinks::MainLinks(Databases& databases, const ScenarioInputs& in, const ScenarioFields& fields, StatusLine& status)
-    : dt1(databases),
-      dt2(databases, [&status](const std::string& text) { status.tellFault(text); }),
-      dt2a(databases, [&status](const std::string& text) { status.tellFault(text); }),
-      dt3(databases, [&status](const std::string& text) { status.tellFault(text); }),
-      dt4(databases, [&status](const std::string& text) { status.tellFault(text); }) {
+    : told_(status),
+      dt1(databases),
+      dt2(databases, told_.refused),
+      dt2a(databases, told_.refused, told_.stored),
+      dt3(databases, told_.refused, told_.stored),
+      dt4(databases, told_.refused, told_.stored) {
   dt1.bind(fields.Orglbltxt, "OrgName");
   dt1.bind(fields.refnolbl, "refNo");
   dt1.bind(fields.chmnmelbl, "Flamblechemcl");
@@ -52,17 +58,20 @@ MainLinks::MainLinks(Databases& databases, const ScenarioInputs& in, const Scena
   dt2.bind(in.vapordnstytxt, "vapordnsty");
   dt2.bind(in.tempStore, "TemprturTemp");
 
-  dt2a.bind(fields.scnrotxtlbl, "scenariotxtUser", faultOfRunName);
-  dt2a.bind(in.wndveltxt, "wndvel");
-  dt2a.bind(in.hudityTxt, "Hmudy", faultOfHumidity);
+  dt2a.bind(fields.scnrotxtlbl, "scenariotxtUser", faultOfRunName, "run name \"{}\"");
+  dt2a.bind(in.wndveltxt, "wndvel", faultOfWind, "wind velocity {} m/s");
+  dt2a.bind(in.hudityTxt, "Hmudy", faultOfHumidity, "relative humidity {} %");
 
-  dt3.bind(in.htreltxt, "htrel", faultOfReleaseHeight);
-  dt3.bind(in.htsmul, "htsmul");
-  dt3.bind(in.roghwndoptcbo, "terrain", faultOfTerrain);
+  dt3.bind(in.htreltxt, "htrel", faultOfReleaseHeight, "height of release {} m");
+  dt3.bind(in.htsmul, "htsmul", {}, "height of simulation {} m");
+  dt3.bind(in.roghwndoptcbo, "terrain", faultOfTerrain, "terrain {}");
 
   dt4.bind(fields.naturchem, "naturchem");
   for (int i = 0; i < in.Givnwnd.size(); ++i)
-    dt4.bind(in.Givnwnd[i], "givnwnd" + std::to_string(i + 1), faultOfWindShare);
+    dt4.bind(in.Givnwnd[i],
+             "givnwnd" + std::to_string(i + 1),
+             faultOfWindShare,
+             "wind " + fields.wndlbl1[i].caption() + " {} %");
 }
 
 }  // namespace noldarz

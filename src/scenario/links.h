@@ -10,7 +10,16 @@
 
 namespace noldarz {
 
-struct MainLinks {
+class MainLinks {
+  /// Where the links tell what they could not store and what they have stored.
+  struct Told {
+    explicit Told(StatusLine& status);
+    DataLink::Tells refused;
+    DataLink::Tells stored;
+  };
+  Told told_;
+
+ public:
   MainLinks(Databases& databases, const ScenarioInputs& in, const ScenarioFields& fields, StatusLine& status);
 
   std::array<DataLink*, 5> all() { return {&dt1, &dt2, &dt2a, &dt3, &dt4}; }

@@ -96,6 +96,12 @@ void Queries::buildQryRunList() {
                       ") AND ((maimTbl4All.ScenarioOptn)=" + quoted(state_.moduleTag) + "))";
 }
 
+std::string Queries::runDetails() const {
+  std::string columns = "StblClas, wndvel";
+  for (int i = 0; i < levelCount; ++i) columns += fmt::format(", constn{0}, constnTxt{0}, endptn{1}", i + 1, i);
+  return "SELECT " + columns + state_.qryRunList.substr(state_.qryRunList.find(" From "));
+}
+
 void Queries::buildQryPopulation(const Field& getfrPre) {
   std::string list = selectList("poplatndnstytbl") + " ";
   // Two columns have a blank in front of their comma.

@@ -36,6 +36,8 @@ class Queries {
   /// By the key text of the scenario and class in force.
   void buildQryRunByClass();
   void buildQryRunList();
+  /// The rows of the run list as built last, in its order, with class, wind, levels and where they end.
+  std::string runDetails() const;
   /// All rows of all reference numbers when the check field `getfrPre` of the population view is set.
   void buildQryPopulation(const Field& getfrPre);
 

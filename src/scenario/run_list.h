@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "engine/fields.h"
+#include "engine/state.h"
 #include "platform/status_line.h"
 #include "scenario/fields.h"
 #include "scenario/links.h"
@@ -16,16 +17,21 @@ namespace noldarz {
 
 class RunList {
  public:
-  RunList(ScenarioState& state, const ScenarioInputs& in, const LevelFields& level, const ScenarioFields& fields,
-          MainLinks& links, Queries& queries, ProbitConstants& probit, StatusLine& status);
+  RunList(ScenarioState& state, SweepState& sweep, const ScenarioInputs& in, const LevelFields& level,
+          const ScenarioFields& fields, MainLinks& links, Queries& queries, ProbitConstants& probit,
+          StatusLine& status);
 
   /// Fills the list from the run rows of the reference number, the last row on top. The link dt2a then stands on the first
   /// of them. A failed step is skipped.
   void fill(const Trap& skipping);
-  void clear();
+
+  /// Shows class and wind of each run, and where its levels end, as they are stored now.
+  void showDetails();
+  /// Shows which entry is the run that the link dt2a stands on.
+  void showCurrent();
 
   /// A double click in the list: brings the inputs of the selected run into the view, with the link dt2a on its row. Without
-  /// a selected entry nothing is loaded.
+  /// a selected entry, and for a row that is out of reach, nothing is loaded.
   void dspScnorlst_1_DblClick();
 
  private:
@@ -40,10 +46,12 @@ class RunList {
   };
 
   void takeScenario(const Run& run) const;
-  void standOnRow(const Run& run, const Trap& skipping);
+  /// Whether the link stands on the row of the run.
+  bool standOnRow(const Run& run, const Trap& skipping);
   void takeInputs(const Trap& skipping);
 
   ScenarioState& state_;
+  SweepState& sweep_;
   const ScenarioInputs& in_;
   const LevelFields& level_;
   const ScenarioFields& fields_;

@@ -2,7 +2,8 @@
 
 #include <fmt/format.h>
 
-#include <optional>
+#include <utility>
+#include <vector>
 
 #include "engine/air.h"
 #include "scenario/row_inputs.h"
@@ -47,31 +48,76 @@ RunRow::RunRow(ScenarioState& state, const ScenarioInputs& in, const LevelFields
       status_(status) {}
 
 void RunRow::settleRequest() {
-  if (fields_.tmr_1.enabled()) saveRunRow();
+  if (fields_.tmr_1.enabled() || owed_) saveRunRow();
+}
+
+void RunRow::provide() {
+  if (running_ || !owed_) return;
+  saveRunRow();
+  if (owed_) throw StoreFailure(FailureNumber::storeLocked, owed_->cause);
+}
+
+Trap RunRow::stepping() {
+  return Trap{[this](const RuntimeFailure& failure) {
+    const auto* store = dynamic_cast<const StoreFailure*>(&failure);
+    if (!store) return;
+    if (store->reason() != FailureNumber::storeLocked) return status_.tellFault(store->what());
+    if (owed_) return;
+    std::vector<Field*> inputs{&in_.prbtoptn, &in_.avalftl, &in_.nvalftl, &in_.avalinj, &in_.nvalinj};
+    for (int i = 0; i < levelCount; ++i) inputs.push_back(&level_.conclbl[i]);
+    owed_.emplace(Owed{store->what(), KeptInputs{{&in_.wndveltxt, &in_.hudityTxt}}, KeptInputs{inputs}});
+  }};
 }
 
 void RunRow::saveRunRow() {
   if (!links_.dt1.database()) return fields_.tmr_1.disable();  // without a study there is no row
-  DataLink& row = links_.dt2a;
+  const StatusLine::Act act{status_};
   status_.clearFault();
-  const Trap skipping = status_.skipping();
-  list_.clear();
+  const auto owed = std::exchange(owed_, {});
+  const KeptInputs typedBound = owed ? owed->boundInputs.changes() : KeptInputs{{}};
+  const KeptInputs typed = owed ? owed->inputs.changes() : KeptInputs{{}};
+  if (owed) owed->boundInputs.bringBack();
+  running_ = true;
+  findRow(owed.has_value());
+  running_ = false;
+  if (owed && owed_) owed_ = owed;  // what was typed counts from the first time on
+  takeTyped(typedBound, typed);
+  fields_.tmr_1.disable();
+  if (!owed_) state_.scnrKeyByText = 1;
+  status_.hold("row", owed_ ? owed_->cause + "; the next step that needs the row of the run looks for it again." : "");
+}
+
+void RunRow::takeTyped(const KeptInputs& typedBound, const KeptInputs& typed) {
+  typedBound.bringBack();
+  typed.bringBack();
+  const bool choice = typed.holds(in_.prbtoptn);
+  const bool constants =
+      typed.holds(in_.avalftl) || typed.holds(in_.nvalftl) || typed.holds(in_.avalinj) || typed.holds(in_.nvalinj);
+  if (owed_ || !(choice || constants)) return;
+  probit_.prbtoptn_Click();
+  if (in_.prbtoptn.value() != 1) probit_.prbtStoreConstants();
+}
+
+void RunRow::findRow(bool again) {
+  DataLink& row = links_.dt2a;
+  const Trap skipping = stepping();
   skipping.steps([&] { useRunQuery(); }, [&] { row.refresh(); });
+  if (owed_) return;
   probit_.prbtFillDefaults();
   int found = unknown;
   skipping.step([&] { found = row.recordCount(); });
   if (found == 0) create(skipping);
   if (found == 1) bringUpToDate(skipping);
-  skipping.steps([&] { update(); }, [&] { row.refresh(); });
+  if (owed_) return;
+  skipping.step([&] { row.refresh(); });
   list_.fill(skipping);
   standOnRow(skipping);
-  skipping.step([&] { restoreLevels(); });
+  skipping.step([&] { list_.showCurrent(); });
+  if (!again) skipping.step([&] { restoreLevels(); });  // later the user has levels of his own
   if (!focusDone_) {
     skipping.step([&] { desktop_.setFocus(fields_.scnrotxtlbl); });
     focusDone_ = true;
   }
-  state_.scnrKeyByText = 1;
-  fields_.tmr_1.disable();
   tellOutcome(found);
 }
 
@@ -82,36 +128,52 @@ void RunRow::useRunQuery() {
     queries_.use(links_.dt2a, &Queries::buildQryRunByClass, state_.qryRunByClass);
 }
 
+std::string RunRow::classOfNewRow() const {
+  const std::string& chosen = in_.stblclscbo.text();
+  if (state_.scnrKeyByText == 0 && isStabilityClass(chosen)) return chosen;
+  return isStabilityClass(state_.stblClassStored) ? state_.stblClassStored : "";
+}
+
+void RunRow::insertRow() {
+  if (fields_.refnolbl.caption().empty() || state_.scnrText.empty())
+    throw StoreFailure(FailureNumber::noCurrentRow, "The study has no active project with a working scenario");
+  requirePlain(queries_.runKey());
+  std::vector<std::pair<std::string_view, Cell>> cells{{"OrgName", fields_.Orglbltxt.caption()},
+                                                       {"refNo", fields_.refnolbl.caption()},
+                                                       {"scenariotxt", queries_.runKey()},
+                                                       {"scenariotxt_ac", state_.scnrText},
+                                                       {"scnrotype", in_.scnrotypetxt.text()},
+                                                       {"ScenarioOptn", std::string{moduleName}},
+                                                       {"scenariotxtUser", state_.scnrText},
+                                                       {"QntyRels", in_.QntyRelstxt.text()},
+                                                       {"PoolRadiusRrsls", in_.PoolRadiusRrslstxt.text()},
+                                                       {"prbtoptn", truth(true)},
+                                                       {"TemptureTmp", in_.tempStore.text()}};
+  if (const std::string stabilityClass = classOfNewRow(); !stabilityClass.empty())
+    cells.emplace_back("StblClas", stabilityClass);
+  for (const auto& [column, constant] : probit_.softwareCells()) cells.emplace_back(column, std::string{constant});
+  silently([&] { cells.emplace_back("qntystor", links_.dt4.value("qntychem")); },
+           [&] { cells.emplace_back("pipholradstor", links_.dt4.value("pipetxt")); });
+  links_.dt2a.insert(cells);
+}
+
 void RunRow::create(const Trap& skipping) {
-  DataLink& row = links_.dt2a;
-  const auto set = setter(row, skipping);
+  bool stored = false;
   skipping.step([&] {
-    if (fields_.refnolbl.caption().empty() || state_.scnrText.empty())
-      throw StoreFailure(FailureNumber::noCurrentRow, "The study has no active project with a working scenario");
-    requirePlain(queries_.runKey());
-    row.addNew();
+    try {
+      insertRow();
+      stored = true;
+    } catch (const StoreFailure& failure) {
+      if (failure.reason() != FailureNumber::duplicateKey) throw;
+      status_.tellFault(
+          fmt::format("No run \"{}\": the stored run of this scenario and class is in force.", state_.scnrUserText));
+    }
   });
-  if (!skipping.holds([&] { return row.recordset().isAdding(); })) return;
-  set("OrgName", fields_.Orglbltxt.caption());
-  set("refNo", fields_.refnolbl.caption());
-  set("scenariotxt", queries_.runKey());
-  set("scenariotxt_ac", state_.scnrText);
-  set("scnrotype", in_.scnrotypetxt.text());
-  set("ScenarioOptn", std::string{moduleName});
-  fields_.scnrotxtlbl.setText(state_.scnrText);  // the link stores it
-  set("QntyRels", in_.QntyRelstxt.text());
-  set("PoolRadiusRrsls", in_.PoolRadiusRrslstxt.text());
-  if (isStabilityClass(state_.stblClassStored)) set("StblClas", state_.stblClassStored);
-  set("prbtoptn", truth(true));
+  if (!stored) return;
   probit_.chooseDefaults();
-  probit_.setCells(skipping);
-  set("TemptureTmp", in_.tempStore.text());
-  skipping.steps([&] { row.set("qntystor", links_.dt4.value("qntychem")); },
-                 [&] { row.set("pipholradstor", links_.dt4.value("pipetxt")); });
-  if (state_.scnrKeyByText != 0 && isStabilityClass(state_.stblClassStored)) {
+  if (state_.scnrKeyByText != 0 && isStabilityClass(state_.stblClassStored))
     in_.stblclscbo.setText(state_.stblClassStored);
-    set("StblClas", in_.stblclscbo.text());
-  }
+  fields_.tmr_1.disable();  // the row that the class asked for is there, and takes the wind of the class
   settleFocus();
 }
 
@@ -133,13 +195,14 @@ void RunRow::bringUpToDate(const Trap& skipping) {
     set("expmass", result_.expmass.isNumeric() ? result_.expmass.text() : "0");
   }
   probit_.takeChoiceFromRow(skipping);
-}
-
-void RunRow::update() try { links_.dt2a.update(); } catch (const StoreFailure& failure) {
-  links_.dt2a.cancelUpdate();  // or the next refresh would wait for the file again
-  if (failure.reason() != FailureNumber::duplicateKey) throw;
-  status_.tellFault(
-      fmt::format("No run \"{}\": the stored run of this scenario and class is in force.", state_.scnrUserText));
+  skipping.step([&] {
+    try {
+      row.update();
+    } catch (const StoreFailure&) {
+      row.cancelUpdate();  // or the next refresh would wait for the file again
+      throw;
+    }
+  });
 }
 
 void RunRow::standOnRow(const Trap& skipping) {
@@ -150,6 +213,9 @@ void RunRow::standOnRow(const Trap& skipping) {
   if (!refused && !skipping.holds([&] { return row.recordCount() != 1; })) return;
   skipping.steps([&] { queries_.use(row, &Queries::buildQryRunByClass, state_.qryRunByClass); },
                  [&] { row.refresh(); });
+  if (!row.hasRow()) return;
+  skipping.step([&] { in_.stblclscbo.setText(textIn(row, "StblClas")); });
+  probit_.takeChoiceFromRow(skipping);
 }
 
 void RunRow::restoreLevels() {

@@ -2,11 +2,15 @@
 // step runs from the timer tmr_1, so that the event that asked for it has ended.
 #pragma once
 
+#include <optional>
+#include <string>
+
 #include "engine/effects.h"
 #include "engine/fields.h"
 #include "platform/desktop.h"
 #include "platform/status_line.h"
 #include "scenario/fields.h"
+#include "scenario/kept_inputs.h"
 #include "scenario/links.h"
 #include "scenario/queries.h"
 #include "scenario/run_list.h"
@@ -24,11 +28,14 @@ class RunRow : public RunStore {
 
   /// The run row step: finds the row by the name of the run (`scnrKeyByText` 1) or by scenario and class (0), creates it
   /// when there is none, brings it up to date when there is one, fills the list of stored runs, and brings the levels of a
-  /// finished run back. A failed step is skipped.
+  /// finished run back. A failed step is skipped. When another program holds the file, nothing in the view changes: the row
+  /// is owed, and the cause stays in the status line.
   void saveRunRow();
 
-  /// Before a press: a step that is still asked for runs now, so that the results go into the row of their run.
+  /// Before a press: a step that is still asked for or owed runs now, so that the results go into the row of their run.
   void settleRequest();
+  /// Before the row is written to: a step that is owed runs now. Fails with storeLocked while it can't.
+  void provide();
 
   /// The levels that the row holds, with their captions, come into the view. False, with nothing changed, for a row without
   /// levels.
@@ -42,10 +49,24 @@ class RunRow : public RunStore {
   bool isStored() const { return stored_; }
 
  private:
+  /// A step that could not be carried out since another program held the file.
+  struct Owed {
+    std::string cause;
+    KeptInputs boundInputs;  // wind and humidity
+    KeptInputs inputs;       // what a row brings into the view beside them
+  };
+
+  /// Brings back what was typed while the row was owed: it belongs to that row, not to the one before.
+  void takeTyped(const KeptInputs& typedBound, const KeptInputs& typed);
+  /// The regime of the step: a failing statement is skipped and told; one that meets a lock makes the step owed.
+  Trap stepping();
+  void findRow(bool again);
   void useRunQuery();
+  std::string classOfNewRow() const;
+  void insertRow();
+  /// Nothing in the view changes unless the row is stored.
   void create(const Trap& skipping);
   void bringUpToDate(const Trap& skipping);
-  void update();
   void standOnRow(const Trap& skipping);
   void restoreLevels();
   void settleFocus();
@@ -65,6 +86,8 @@ class RunRow : public RunStore {
   StatusLine& status_;
   bool focusDone_ = false;
   bool stored_ = false;
+  bool running_ = false;
+  std::optional<Owed> owed_;
 };
 
 }  // namespace noldarz

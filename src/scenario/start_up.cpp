@@ -5,6 +5,7 @@
 #include "engine/air.h"
 #include "platform/text.h"
 #include "scenario/level_choice.h"
+#include "scenario/missing_heights.h"
 #include "scenario/study_layout.h"
 #include "toxic/distance_limits.h"
 
@@ -109,13 +110,15 @@ void StartUp::openHeights(const Trap& skipping) {
   const ScenarioFields& fields = main_.scenario;
   const bool missing = skipping.holds([&] { return heights.absolutePosition() == -1; });
   if (missing && !fields.refnolbl.caption().empty()) {
-    skipping.steps([&] { heights.addNew(); },
-                   [&] { heights.bind(fields.reftmptxt, "refNo"); },
-                   [&] { fields.reftmptxt.setText(fields.refnolbl.caption()); },
-                   [&] { heights.refresh(); });
+    skipping.steps(
+        [&] {
+          heights.insert({{"refNo", fields.refnolbl.caption()}});
+        },
+        [&] { heights.bind(fields.reftmptxt, "refNo"); });
   } else if (skipping.holds([&] { return heights.text("refNo") == fields.refnolbl.caption(); })) {
     skipping.step([&] { heights.moveFirst(); });
   }
+  status_.hold("heights", missingHeights(main_.in));
 }
 
 void StartUp::takeScenario(const Trap& skipping) {
@@ -161,7 +164,20 @@ void StartUp::closeAll() {
   for (const auto name : attachedViews)
     if (View* view = views_.find(name)) view->close();
   // What was typed and not left yet is kept as if the field had been left.
-  for (DataLink* link : links_.all()) status_.skipping().step([&] { link->close(); });
+  for (DataLink* link : links_.all()) closeLink(*link);
+}
+
+void StartUp::closeLink(DataLink& link) {
+  for (;;) try {
+      return link.close();
+    } catch (const RuntimeFailure& failure) {
+      const std::string edits = link.pendingEdits();
+      MessageBox box = critical("Not stored: " + (edits.empty() ? "the last change" : edits) + ".\n" + failure.what() +
+                                "\nTry again?");
+      box.buttons = Buttons::yesNo;
+      box.defaultReply = Reply::no;
+      if (desktop_.messageBox(box) != Reply::yes) return link.abandon();
+    }
 }
 
 void StartUp::end() { state_.mainWnd = desktop_.activateWindow(std::string{mainModuleTitle}); }

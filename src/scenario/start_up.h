@@ -40,6 +40,8 @@ class StartUp {
   void comeToFront();
   void paint();
   void closeAll();
+  /// An edit that can't be stored is told, and tried again as long as the user wishes.
+  void closeLink(DataLink& link);
   void end();
 
   Views& views_;

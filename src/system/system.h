@@ -17,7 +17,10 @@
 #include "scenario/level_captions.h"
 #include "scenario/level_choice.h"
 #include "scenario/main_view.h"
+#include "scenario/output_list.h"
+#include "scenario/release_line.h"
 #include "scenario/required_files.h"
+#include "scenario/result_standing.h"
 #include "scenario/run_list.h"
 #include "scenario/run_reset.h"
 #include "scenario/run_row.h"
@@ -45,11 +48,16 @@ class System {
   LimitSearch& limitSearch() { return limitSearch_; }
   const Progress& progress() const { return progress_; }
   const Settings& settings() const { return settings_; }
+  const StatusLine& status() const { return status_; }
   /// The study, null when none is open.
   std::shared_ptr<Database> study() const { return links_.dt1.database(); }
 
  private:
   void wire();
+  void press();
+  void showRunDetails();
+  /// Clears the results and tells what comes next.
+  void clear(const std::string& next);
 
   Folders folders_;
   Settings settings_;
@@ -77,6 +85,9 @@ class System {
   Compute compute_;
   WindShare windShare_;
   InputRules inputRules_;
+  OutputList outputList_;
+  ReleaseLine releaseLine_;
+  ResultStanding standing_;
   LevelCaptions levelCaptions_;
   LevelChoice levelChoice_;
   RequiredFiles requiredFiles_;

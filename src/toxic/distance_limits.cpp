@@ -119,7 +119,7 @@ void DistanceLimits::storeLimits(const Cell& fatality, const Cell& injury) {
   status_.skipping().steps([&] { row_.edit(); },
                            [&] { row_.set("FtlyXcord", fatality); },
                            [&] { row_.set("InjXcord", injury); },
-                           [&] { row_.update(); },
+                           [&] { row_.update(), status_.say("Stored: distance limits."); },
                            [&] { row_.refresh(); });
 }
 

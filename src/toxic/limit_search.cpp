@@ -49,21 +49,29 @@ LimitSearch::LimitSearch(Views& views, ModelState& model, LimitSearchState& sear
       profileProgress_(views),
       desktop_(desktop) {}
 
-void LimitSearch::prbtRun(Product product, ProfileSink* chart) {
+void LimitSearch::findLimits() {
+  found_ = false;
+  found_ = prbtRun(Product::limits, nullptr);
+}
+
+bool LimitSearch::prbtRun(Product product, ProfileSink* chart) {
   product_ = product;
+  bool walked = false;
   try {
     begin();
     const std::string& length = level_.isoplngt[walkLevel].text();
     // Compared with the text that the user sees, not with the distance of the press.
-    if (length != mark::notApplicable && length != ">" + in_.enddisttxt.text()) goDownwind(chart);
+    if (length != mark::notApplicable && length != ">" + in_.enddisttxt.text()) walked = goDownwind(chart);
   } catch (...) {
     end();
     throw;
   }
   end();
+  return walked;
 }
 
-void LimitSearch::goDownwind(ProfileSink* chart) {
+bool LimitSearch::goDownwind(ProfileSink* chart) {
+  const bool walks = model_.distAt <= search_.maxDistPrbt;
   if (product_ != Product::table) takeFineStep();
   if (chart) beginChart(*chart);
   Stride stride;
@@ -75,6 +83,7 @@ void LimitSearch::goDownwind(ProfileSink* chart) {
       finishRow(chart);
     advance();
   }
+  return walks;
 }
 
 void LimitSearch::end() {

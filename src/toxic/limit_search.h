@@ -37,7 +37,9 @@ class LimitSearch {
 
   /// The limits alone, into ftlLimitRaw and injLimitRaw: every 1 m up to 1000 m, beyond by a thousandth of the way rounded
   /// to whole metres, so at some 1500 distances at most.
-  void findLimits() { prbtRun(Product::limits, nullptr); }
+  void findLimits();
+  /// Whether the last findLimits() has come to its end: there was a way to walk, and no input failed.
+  bool foundLimits() const { return found_; }
   /// The rows of prbtTable, whose 20 rows the caller has cleared: a twentieth of the way apart, from the begin of level 0 on.
   void fillTable() { prbtRun(Product::table, nullptr); }
   /// The profile chart, at the distances of findLimits.
@@ -53,9 +55,10 @@ class LimitSearch {
   /// The loop. Does nothing where level 4 is not applicable or reaches past the maximum distance. All products move the
   /// raw limits, to two steps past the last distance with a figure above 0. Fails for a field that holds no number: what was
   /// found before stays.
-  void prbtRun(Product product, ProfileSink* chart);
+  bool prbtRun(Product product, ProfileSink* chart);
   void begin();
-  void goDownwind(ProfileSink* chart);
+  /// Whether there was a distance to look at.
+  bool goDownwind(ProfileSink* chart);
   void end();
   void takeFineStep();
   void beginChart(ProfileSink& chart);
@@ -97,6 +100,7 @@ class LimitSearch {
   CrosswindWalk walk_;
 
   Product product_ = Product::limits;
+  bool found_ = false;
   int row_ = 0;                 // of the table
   double strip_ = 0;            // m, where the next strip of a band begins
   double halfWidthBefore_ = 0;  // m, of the strip before

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "platform/failure.h"
 #include "platform/text.h"
@@ -81,11 +82,18 @@ ProbitConstants::ProbitConstants(ProbitState& state, const ScenarioInputs& in, c
       status_(status) {}
 
 void ProbitConstants::subscribe(View& view) {
-  view.on(in_.prbtoptn, Event::click, [this] { prbtoptn_Click(); });
+  view.on(in_.prbtoptn, Event::click, [this] {
+    prbtoptn_Click();
+    if (row_.hasRow())
+      status_.say(in_.prbtoptn.value() == 1 ? "Stored: constants by software." : "Stored: own constants.");
+  });
   for (const auto& constant : constantsOf(in_)) {
     Field& field = constant.field;
     view.on(field, Event::lostFocus, [this, &field] { constant_LostFocus(field); });
   }
+  view.on(in_.hudityTxt, Event::gotFocus, [this] {
+    if (!std::exchange(humidityRefused_, false)) hadHumidity_ = !in_.hudityTxt.text().empty();
+  });
   view.on(in_.hudityTxt, Event::lostFocus, [this] { hudityTxt_LostFocus(); });
 }
 
@@ -121,7 +129,9 @@ void ProbitConstants::prbtFillDefaults() {
 }
 
 void ProbitConstants::prbtStoreConstants() {
-  const Trap trap{[this](const RuntimeFailure& failure) {
+  bool failed = false;
+  const Trap trap{[&](const RuntimeFailure& failure) {
+    failed = true;
     desktop_.messageBox(information("Check Variable entered."));
     command_.comput.disable();
     redosimul_.disable();
@@ -133,7 +143,18 @@ void ProbitConstants::prbtStoreConstants() {
                  for (const auto& constant : constantsOf(in_)) row_.set(constant.column, constant.field.text());
                },
                [&] { row_.update(); });
+  if (row_.database() && !failed)
+    status_.say("Stored: probit constants " + in_.avalftl.text() + ", " + in_.nvalftl.text() + ", " +
+                in_.avalinj.text() + ", " + in_.nvalinj.text() + ".");
   trap.steps([&] { command_.comput.enable(); }, [&] { redosimul_.enable(); });
+}
+
+std::array<std::pair<std::string_view, std::string_view>, 4> ProbitConstants::softwareCells() const {
+  const ProbitValues values = probitConstantsOf(chemical_.caption(), fieldFallback);
+  const auto constants = constantsOf(in_);
+  std::array<std::pair<std::string_view, std::string_view>, 4> cells;
+  for (std::size_t i = 0; i < cells.size(); ++i) cells[i] = {constants[i].column, values[i]};
+  return cells;
 }
 
 void ProbitConstants::setCells(const Trap& regime) {
@@ -150,6 +171,9 @@ void ProbitConstants::storeChoice() {
 }
 
 void ProbitConstants::prbtoptn_Click() {
+  const int choice = in_.prbtoptn.value();
+  status_.skipping().step([&] { row_.prepare(); });
+  in_.prbtoptn.setValue(choice);  // the row that was brought may have another one
   if (in_.prbtoptn.value() == 1)
     prbtFillDefaults();
   else
@@ -211,14 +235,17 @@ void ProbitConstants::refuseHumidity(std::string_view text) {
     in_.hudityTxt.setText(plainText(leastHumidity));
   else
     in_.hudityTxt.setFault(text);
+  humidityRefused_ = true;
   silently([&] { desktop_.setFocus(in_.hudityTxt); });
 }
 
 void ProbitConstants::hudityTxt_LostFocus() {
+  if (in_.hudityTxt.text().empty() && !hadHumidity_) return;  // a new run has none, and nobody has touched it
   if (!in_.hudityTxt.isNumeric()) return refuseHumidity("Percent humidity should be Numeric");
   const double entered = in_.hudityTxt.number();
   if (entered < leastHumidity || entered > mostHumidity)
     return refuseHumidity("Percent humidity should be  between 0.1% to 100%");
+  const StatusLine::Act act{status_};
   const std::string text = Format(entered, "0.00");
   in_.hudityTxt.setText(text);
   if (row_.database()) status_.skipping().step([&] { row_.refresh(); });

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <string_view>
+#include <utility>
 
 #include "engine/fields.h"
 #include "platform/desktop.h"
@@ -36,8 +37,8 @@ class ProbitConstants {
   /// Writes the four fields into the run row and opens `comput` and `redosimul`. A failing step shows a box and closes both
   /// commands before the next one runs, so that a failure of the row ends with both open.
   void prbtStoreConstants();
-  /// Sets the cells of the four constants in the row that is open for writing, each as a statement of its own.
-  void setCells(const Trap& regime);
+  /// The constants of the chemical, each with its column of the run row.
+  std::array<std::pair<std::string_view, std::string_view>, 4> softwareCells() const;
 
   /// Value 1: the constants of the chemical come into the fields and the run row. Else the fields keep what they show, and
   /// the row the choice. The run state takes the numbers in the fields.
@@ -63,6 +64,8 @@ class ProbitConstants {
   ///
   ///   A + e * (A / 1800)      B - e * (B / 1800)      e = h, at most 80; no correction up to h = 10
   void correctForHumidity(double h);
+  /// Sets the cells of the four constants in the row that is open for writing, each as a statement of its own.
+  void setCells(const Trap& regime);
   void storeChoice();
   /// The run state takes the numbers in the fields; a text that is none leaves its constant as it was.
   void takeBase(const Trap& regime);
@@ -77,7 +80,9 @@ class ProbitConstants {
   DataLink& row_;
   Desktop& desktop_;
   StatusLine& status_;
-  bool refilling_ = false;  // a failing step of prbtFillDefaults fills the fields again, but once
+  bool hadHumidity_ = true;       // a text stood in its field when the user came to it
+  bool humidityRefused_ = false;  // the focus comes back to it
+  bool refilling_ = false;        // a failing step of prbtFillDefaults fills the fields again, but once
 };
 
 /// The constants of the chemical, from the last row of the table whose words all stand in the name, case included; the

@@ -156,7 +156,7 @@ TEST(Run, answersQuestionsAsAsked) {
   const Printed no = study.compute();
   EXPECT_EQ(no.status, ExitStatus::done) << no.errors;  // level 2 is complete, so the row is written
   EXPECT_NE(no.out.find("Wish to simulate beyond 10000 m"), std::string::npos);
-  EXPECT_NE(no.out.find("No limits were searched for: the level TWA: has no end point"), std::string::npos);
+  EXPECT_NE(no.out.find("Not computed: TWA reaches past 10000 m."), std::string::npos);
   EXPECT_EQ(no.out.find("Wish to simulate beyond 20000 m"), std::string::npos);
   study.request.answer = Reply::yes;
   const Printed yes = study.compute();

@@ -34,13 +34,13 @@ TEST(InputRules, testAFieldWhenItIsLeft) {
       {"htsmul", "low", "", "1.5", heights, "1|1.5|Level"},
       {"roghwndoptcbo", "Semi-Urban", "", "Semi-Urban", heights, "1|1.5|Semi-Urban"},
       {"roghwndoptcbo", "level", "Please select from List", "level", heights, "1|1.5|Level"},
-      {"stblclscbo", "EF", "", "EF", air, "EF|5"},
       {"stblclscbo", "Custom", "", "Custom", air, "Custom|6"},
       {"stblclscbo", "G", "Please select from List", "G", air, "D|6"},
       {"wndveltxt", "4.25", "", "4.25", air, "D|4.25"},
       {"wndveltxt", "", "Input Variable error", "", air, "D|6"},
       {"wndveltxt", "strong", "Input Variable error", "strong", air, "D|6"},
       {"scnrotxtlbl", "", "Please enter scenario text", "", air, "D|6"},
+      {"scnrotxtlbl", "O'Brien", "Scenario text should not hold a single quote (')", "O'Brien", air, "D|6"},
   };
   for (const auto& [field, typed, box, text, query, row] : cases) {
     TestStudy study;
@@ -156,7 +156,10 @@ TEST(InputRules, sayThatAnOutputIsNotThereYet) {
   study.record.clear();
   study.run("choose prntprv #3");
   EXPECT_EQ(study.status(), "\"Plot Hazard Zones\" is not part of this version.");
-  EXPECT_TRUE(study.record.empty());
+  ASSERT_EQ(study.record.size(), 1U);
+  EXPECT_EQ(study.record[0].dump(), R"({"clipboard":""})");
+  EXPECT_EQ(study.state().distSweep, 0);
+  EXPECT_EQ(study.state().levelIdx, 0);
 }
 
 TEST(InputRules, showTheirBoxesWithTitleAndIcon) {

@@ -79,6 +79,13 @@ TEST(LevelChoice, takesTheLimitsOfTheChemicalInDescendingOrder) {
        "0 0 10 2 0.5 0.0",
        "Conc. 0 Conc. 1 IDLH: TEEL2: TEEL1: TEEL0:",
        0},
+      // The IDLH and the TWA as they stand.
+      {{"", "", "", "2", "0.5", "", "none", "0.40"},
+       false,
+       yes,
+       "0 0 none 2 0.5 0.40",
+       "Conc. 0 Conc. 1 IDLH: TEEL2: TEEL1: TWA:",
+       0},
   };
   for (const auto& [limits, flammable, replies, levels, names, questions] : cases) {
     TestStudy study{studyWith(limits, flammable)};

@@ -36,7 +36,7 @@ TEST(RunList, bringsTheInputsOfASelectedRunBack) {
                                                                      {"endpt(5)", "0"}})
     EXPECT_EQ(study.text(name), text) << name;
   EXPECT_EQ(study.state().selectByUserText, 0);
-  EXPECT_EQ(study.status(), "Run \"Day\" selected. Compute to see its results.");
+  EXPECT_EQ(study.status(), "Stored: relative humidity 60 %. Run \"Day\" selected. Compute to see its results.");
   EXPECT_EQ(study.rows("SELECT QntyRels FROM scenr1"), Texts{"0.3"});
   EXPECT_EQ(study.rows("SELECT wndvel, Hmudy FROM maimTbl4All"), (Texts{"6|", "2.5|60"}));
 }

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "support/test_study.h"
 
 namespace noldarz {
@@ -109,7 +111,7 @@ TEST(RunRow, isNeitherMadeNorChangedWhileTwoRunsHaveTheName) {
   TestStudy study;
   study.run("start\nenter scnrotxtlbl Day\nwait\nchoose stblclscbo F\nwait\nenter scnrotxtlbl Night\nwait");
   study.run("enter scnrotxtlbl Day\nwait");
-  EXPECT_EQ(study.status(), "2 runs have the name \"Day\"; rename one of them.");
+  EXPECT_EQ(study.status(), "Stored: run name \"Day\". 2 runs have the name \"Day\"; rename one of them.");
   EXPECT_EQ(study.runs(), (Texts{"Torn transfer hoseHW-1D|Day|D", "Torn transfer hoseHW-1F|Day|F"}));
   compute(study);  // into its own row all the same
   EXPECT_EQ(study.rows("SELECT StblClas, wndvel, constn6 FROM maimTbl4All"), (Texts{"D|6|", "F|3|0.25"}));
@@ -127,6 +129,35 @@ TEST(RunRow, ofTheClassBeforeStaysAsItWasWhenTheUserIsQuick) {
   EXPECT_EQ(study.rows("SELECT StblClas, wndvel, constn6 FROM maimTbl4All"), (Texts{"D|6|", "F|3|0.25"}));
 }
 
+TEST(RunRow, isThatOfTheUsersLastStepWhateverHeDoesNext) {
+  const std::string all = "SELECT scenariotxtUser, StblClas, wndvel FROM maimTbl4All ORDER BY rowid";
+  const std::string hose = "Torn transfer hose";
+  const struct {
+    const char* acts;  // no time passes between them
+    Texts rows;
+    int boxes;
+  } cases[] = {
+      {"choose stblclscbo F\nenter wndveltxt 2.2", {hose + "|D|6", hose + "|F|2.2"}, 0},
+      {"choose stblclscbo F\nfocus wndveltxt\nleave wndveltxt", {hose + "|D|6", hose + "|F|3"}, 0},
+      {"enter stblclscbo F\nenter wndveltxt 2.2", {hose + "|D|6", hose + "|F|2.2"}, 0},  // typed whole
+      {"enter stblclscbo F\nenter stblclscbo D\nclose", {hose + "|D|6", hose + "|F|3"}, 0},
+      {"choose stblclscbo F\nclose", {hose + "|D|6", hose + "|F|3"}, 0},
+      {"enter scnrotxtlbl Day\nchoose dspScnorlst_1 #0\ndblclick dspScnorlst_1\nwait", {"Day|D|6"}, 0},
+      {"choose stblclscbo F\nenter scnrotxtlbl Night\nchoose dspScnorlst_1 #1\ndblclick dspScnorlst_1\nwait\n"
+       "enter wndveltxt 5",
+       {hose + "|D|5", "Night|F|3"},
+       0},
+  };
+  for (const auto& [acts, rows, boxes] : cases) {
+    TestStudy study;
+    study.run("start\n" + std::string{acts});
+    EXPECT_EQ(study.rows(all), rows) << acts;
+    EXPECT_EQ(std::count_if(study.record.begin(), study.record.end(), [](const Json& e) { return e.contains("box"); }),
+              boxes)
+        << acts;
+  }
+}
+
 TEST(RunRow, isSettledBeforeAPressAlsoWithoutARow) {
   TestStudy study;
   study.run("start\nenter scnrotxtlbl Day\nwait\nenter scnrotxtlbl Later\nchoose stblclscbo F");  // no time passes
@@ -142,17 +173,20 @@ TEST(RunRow, takesNamesThatLookLikePartsOfAQuery) {
     study.record.push_back({});
     const std::string typed = study.text("scnrotxtlbl");
     EXPECT_EQ(study.runs(), Texts{"Torn transfer hoseHW-1D|" + typed + "|D"});
-    EXPECT_EQ(study.status(), "Run \"" + typed + "\" found.");
+    EXPECT_EQ(study.status(), "Stored: run name \"" + typed + "\". Run \"" + typed + "\" found.");
   }
 }
 
 TEST(RunRow, takesNoNameWithASingleQuoteAndStaysOnItsRow) {
   TestStudy study;
-  study.run("start\nenter scnrotxtlbl Day\nwait\nenter scnrotxtlbl \"O'Brien\"\nwait");
-  EXPECT_EQ(study.status(), "The name \"O'Brien\" holds a single quote ('), which the study does not take");
-  EXPECT_EQ(study.runs(), Texts{"Torn transfer hoseHW-1D|Day|D"});
+  study.run("start\nenter scnrotxtlbl Day\nwait\nenter scnrotxtlbl \"O'Brien\"");
+  EXPECT_EQ(study.text("scnrotxtlbl"), "O'Brien");
+  EXPECT_NE(study.field("scnrotxtlbl").fault(), "");
+  EXPECT_EQ(study.session->desktop().focused(), &study.field("scnrotxtlbl"));
+  EXPECT_THROW(study.run("click comput"), std::logic_error);  // it holds the focus, as any refused text
+  study.run("enter scnrotxtlbl Night");
   compute(study);
-  EXPECT_EQ(study.rows("SELECT scenariotxtUser, endptn5 FROM maimTbl4All"), Texts{"Day|6216.94"});
+  EXPECT_EQ(study.rows("SELECT scenariotxtUser, endptn5 FROM maimTbl4All"), Texts{"Night|6216.94"});
 }
 
 TEST(RunRow, isMissingForAScenarioWithASingleQuote) {

@@ -49,7 +49,9 @@ TEST(StartUp, showsTheProjectAndTheWorkingScenario) {
                                                  {"conclbl(0)", "UEL:"},
                                                  {"FatatyDistDsplyLbl", ""},
                                                  {"enddisttxt", "10000"},
-                                                 {"statuslbl", "Run \"Pool under the loading arm\" created."}};
+                                                 {"statuslbl",
+                                                  "Wind set to 3 m/s, usual for class F. Run \"Pool under the loading "
+                                                  "arm\" created."}};
   for (const auto& [name, text] : shown) EXPECT_EQ(study.text(name), text) << name;
   EXPECT_EQ(study.field("prntprv").entries(),
             (Texts{"Concentration Levels and distances",

@@ -99,7 +99,8 @@ class TestStudy {
     return *found;
   }
   std::string text(const std::string& name) { return field(name).text(); }
-  std::string status() { return text("statuslbl"); }
+  /// What has happened, without advice.
+  std::string status() { return session->system().status().happened(); }
   const RunState& state() { return session->system().state(); }
 
   /// The cells that a query finds, "a|b" a row, read beside the running program.

@@ -103,6 +103,36 @@ TEST(ProbitConstants, ofTheUserAreTheBaseOfHumidityInALaterLife) {
   EXPECT_EQ(study.shown(), (Texts{"-15.85", "2", "-8.48", "2"}));
 }
 
+TEST(ProbitConstants, ofTheSoftwareThatTheProgramChoosesAreTheBaseAsBehindAClick) {
+  // A chemical that is not in the table: the base at the start differs from the fields.
+  const Texts humid{"-10.25", "1.95", "-6.15", "1.95"};
+  for (const char* choice : {"choose stblclscbo F\nwait",                           // a new row
+                             "choose dspScnorlst_1 #0\ndblclick dspScnorlst_1"}) {  // a restored one
+    Study study{"Propylene"};
+    EXPECT_EQ(study.base().at(2), "-5");
+    study.run("choose stblclscbo E\nwait\nchoose stblclscbo D\nwait\nuncheck prbtoptn\nenter avalftl -9.5");
+    study.run(choice);
+    EXPECT_EQ(study.base(), (Texts{"-10", "2", "-6", "2"})) << choice;
+    study.run("enter hudityTxt 45");
+    EXPECT_EQ(study.shown(), humid) << choice;
+  }
+}
+
+TEST(ProbitConstants, letTheUserPassAHumidityThatIsNotThere) {
+  Study study{"Ammonia"};
+  study.told();
+  study.run("focus hudityTxt\nleave hudityTxt");  // a new run has none
+  EXPECT_EQ(study.told(), Texts{});
+  study.run("enter hudityTxt wet");
+  EXPECT_EQ(study.told().size(), 2U);
+  study.run("enter hudityTxt \"\"");  // as it was
+  EXPECT_EQ(study.told(), Texts{});
+  study.run("enter hudityTxt 45\nenter hudityTxt \"\"");
+  EXPECT_EQ(study.told().size(), 2U);
+  study.run("leave hudityTxt");  // a text that was there is refused again
+  EXPECT_EQ(study.told().size(), 2U);
+}
+
 TEST(ProbitConstants, refuseATextThatIsNoNumberAtTheFieldThatWasLeft) {
   Study study{"Ammonia"};
   study.run("uncheck prbtoptn\nset avalftl x\nset nvalftl y");
@@ -110,6 +140,8 @@ TEST(ProbitConstants, refuseATextThatIsNoNumberAtTheFieldThatWasLeft) {
   study.run("enter nvalinj 1.5");
   const std::string box = "critical: Should be Numeric";
   EXPECT_EQ(study.told(), (Texts{box, "dspmnfrm.nvalinj", box, "dspmnfrm.nvalinj"}));
+  for (const char* field : {"avalftl", "nvalftl"}) EXPECT_EQ(study.field(field).fault(), "Should be Numeric");
+  EXPECT_EQ(study.field("nvalinj").fault(), "");
   EXPECT_EQ(study.base(), (Texts{"-15.85", "2", "-8.48", "1.5"}));
   EXPECT_EQ(study.stored(), "0|x|y|-8.48|1.5");  // the row keeps texts
 }

@@ -1,0 +1,23 @@
+// The release of the working scenario in one line of the main view, "PLUME, 0.3 kg/s, 70.9 g/mol, -34 °C": its fields carry
+// values for the code and are not shown.
+#pragma once
+
+#include "engine/fields.h"
+#include "platform/view.h"
+#include "scenario/fields.h"
+
+namespace noldarz {
+
+class ReleaseLine {
+ public:
+  /// Subscribes to changes of the release.
+  ReleaseLine(View& view, const ScenarioInputs& in, const ScenarioFields& fields);
+
+ private:
+  void show() const;
+
+  const ScenarioInputs& in_;
+  Field& line_;
+};
+
+}  // namespace noldarz

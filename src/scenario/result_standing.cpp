@@ -1,0 +1,165 @@
+#include "scenario/result_standing.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace noldarz {
+
+namespace {
+
+/// "TEEL1" of the caption "TEEL1:".
+std::string nameOf(const Field& caption) {
+  std::string name = caption.caption();
+  if (name.ends_with(':')) name.pop_back();
+  return name;
+}
+
+}  // namespace
+
+ResultStanding::ResultStanding(View& view, const SweepState& sweep, const LevelState& passes, const LimitSearch& search,
+                               const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
+                               const ToxicFields& toxic, const ScenarioFields& fields, StatusLine& status)
+    : sweep_(sweep),
+      passes_(passes),
+      search_(search),
+      level_(level),
+      result_(result),
+      toxic_(toxic),
+      fields_(fields),
+      status_(status),
+      ofMaximum_{&in.scnrotypetxt,
+                 &in.QntyRelstxt,
+                 &in.molwttxt,
+                 &in.vapordnstytxt,
+                 &in.tempStore,
+                 &in.htreltxt,
+                 &in.htsmul,
+                 &in.roghwndoptcbo,
+                 &in.stblclscbo,
+                 &in.wndveltxt},
+      ofLevels_{&in.enddisttxt, &in.avalftl, &in.nvalftl, &in.avalinj, &in.nvalinj} {
+  for (int i = 0; i < levelCount; ++i) ofLevels_.insert(&level_.constn[i]);
+  view.observe([this](Field& changed, Property property) { follow(changed, property); });
+  show();
+}
+
+void ResultStanding::follow(const Field& changed, Property property) {
+  if (property != Property::text || pressing_ || !pressed_) return;
+  if (ofMaximum_.contains(&changed) || ofLevels_.contains(&changed)) show();
+}
+
+std::vector<std::string> ResultStanding::inputsOf(const std::set<const Field*>& fields) const {
+  std::vector<std::string> texts;
+  std::transform(fields.begin(), fields.end(), std::back_inserter(texts), [](const Field* f) { return f->text(); });
+  return texts;
+}
+
+void ResultStanding::pressEnds() {
+  pressing_ = false;
+  pressed_ = true;
+  maximumInputs_ = inputsOf(ofMaximum_);
+  levelInputs_ = inputsOf(ofLevels_);
+  show();
+  const std::string fault = note();
+  if (!fault.empty()) status_.say(fault);
+  status_.advise(nextStep());
+}
+
+void ResultStanding::cleared() {
+  pressed_ = false;
+  show();
+}
+
+void ResultStanding::levelsLoaded() {
+  status_.say("Levels set to the limits of the chemical.");
+  status_.advise(stage() == Stage::maximum ? "Check them, then press Compute."
+                                           : "Press Compute for the maximum first.");
+}
+
+ResultStanding::Stage ResultStanding::stage() const {
+  if (!pressed_) return Stage::nothing;
+  if (sweep_.mgcDone == 0 || sweep_.maxConcDone == 0) return Stage::noMaximum;
+  for (int i = 0; i < levelCount; ++i)
+    if (level_.bgnpt[i].text() == mark::inputError) return Stage::refused;
+  return passes_.firstPass == 0 ? Stage::levels : Stage::maximum;
+}
+
+bool ResultStanding::isStale(Stage stage) const {
+  if (stage == Stage::nothing) return false;
+  return maximumInputs_ != inputsOf(ofMaximum_) || (stage == Stage::levels && levelInputs_ != inputsOf(ofLevels_));
+}
+
+std::string ResultStanding::faultOfLevel(int level) const {
+  const std::string& end = level_.endpt[level].text();
+  if (end.starts_with('>')) return fmt::format("{} reaches past {} m", nameOf(level_.conclbl[level]), end.substr(1));
+  if (!level_.endpt[level].isNumeric() || !level_.bgnpt[level].isNumeric() || end == mark::nothing)
+    return fmt::format("{} of {} ppm is not met", nameOf(level_.conclbl[level]), level_.constn[level].text());
+  return "";
+}
+
+bool ResultStanding::hasLimits() const {
+  // Where the outermost level has no end the search goes to that of an earlier press.
+  const Field& end = level_.endpt[levelCount - 1];
+  return search_.foundLimits() && end.isNumeric() && end.number() > 0;
+}
+
+std::string ResultStanding::faultOfLimits() const {
+  if (hasLimits()) return "";
+  for (int i = 0; i < levelCount; ++i)
+    if (const std::string fault = faultOfLevel(i); !fault.empty()) return fault;
+  return "an input or a width that the limits need is no number";
+}
+
+std::string ResultStanding::note() const {
+  const Stage now = stage();
+  if (isStale(now)) return "Out of date: an input was changed since. Press Redo and compute again.";
+  switch (now) {
+    case Stage::nothing: return "Not computed yet: press Compute.";
+    case Stage::noMaximum: return "Not computed: no maximum concentration was found.";
+    case Stage::maximum: return "Not computed yet: set the levels and press again.";
+    case Stage::refused: return "Not computed: a level was refused.";
+    case Stage::levels: break;
+  }
+  const std::string fault = faultOfLimits();
+  return fault.empty() ? "" : "Not computed: " + fault + ".";
+}
+
+std::string ResultStanding::nextStep() const {
+  switch (stage()) {
+    case Stage::nothing: return "";
+    case Stage::noMaximum: return "Press Redo, check the inputs, and compute again.";
+    case Stage::maximum: return "Get Concentration brings those of the chemical.";
+    case Stage::refused: return "Correct it and press Compute again.";
+    case Stage::levels: break;
+  }
+  return note().empty() ? "Choose an output, or press Redo for other inputs."
+                        : "Press Redo, and set that level or the maximum distance higher.";
+}
+
+void ResultStanding::show() {
+  const Stage now = stage();
+  const bool stale = isStale(now);
+  const bool maximum = !stale && now != Stage::nothing && now != Stage::noMaximum;
+  const bool levels = !stale && now == Stage::levels;
+  const auto grey = [](Field& field, bool stands) {
+    field.setForeColour(stands ? defaultForeColour(field.kind()) : Colour{SystemColour::disabledText});
+  };
+  for (Field* field :
+       {&result_.mgctxt, &result_.distconctxt, &result_.constn1, &result_.maxdistconctxt, &result_.nodfdwndlbl})
+    grey(*field, maximum);
+  for (const auto* results : {&level_.bgnpt,
+                              &level_.endpt,
+                              &level_.isoplngt,
+                              &level_.isopwdth,
+                              &level_.isopang,
+                              &level_.distmaxisop,
+                              &level_.isoparea})
+    for (int i = 0; i < levelCount; ++i) grey((*results)[i], levels);
+  for (Field* field : {&result_.expmass, &result_.tmestbltxt, &result_.tmeunitlbl}) grey(*field, levels);
+  for (Field* field : {&toxic_.FatatyDistDsplyLbl, &toxic_.InjuryDistDsplyLbl}) grey(*field, levels && hasLimits());
+  fields_.resultnotelbl.setCaption(note());
+}
+
+}  // namespace noldarz

@@ -83,6 +83,7 @@ std::vector<std::string> detailTexts(const Field& field) {
 
 void setDetails(Field& field, const std::vector<std::string>& texts) {
   std::vector<EntryDetail> details;
+  details.reserve(texts.size());
   for (const auto& text : texts) details.push_back({text, ""});
   field.setDetails(details);
 }

@@ -108,7 +108,7 @@ bool ResultStanding::hasLimits() const {
 std::string ResultStanding::faultOfLimits() const {
   if (hasLimits()) return "";
   for (int i = 0; i < levelCount; ++i)
-    if (const std::string fault = faultOfLevel(i); !fault.empty()) return fault;
+    if (std::string fault = faultOfLevel(i); !fault.empty()) return fault;
   return "an input or a width that the limits need is no number";
 }
 

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -15,7 +16,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScopedValueRollback>
-#include <QStyle>
 #include <QTimer>
 #include <QWidget>
 #include <algorithm>
@@ -24,8 +24,6 @@
 namespace noldarz {
 
 namespace {
-
-QString qt(const std::string& text) { return QString::fromStdString(text); }
 
 /// Whether the event tells that the user has come to the widget. A window that becomes active tells nothing: it gives the
 /// focus to the widget that had it, behind a box too; a press of a key or button there does.
@@ -42,28 +40,12 @@ bool tellsFocus(const QWidget& widget, const QEvent& event) {
   }
 }
 
-/// A locked text can be read and copied by mouse, and lies outside the way of the Tab key.
-void lock(QLineEdit& edit, bool locked) {
-  edit.setReadOnly(locked);
-  edit.setFocusPolicy(locked ? Qt::ClickFocus : Qt::StrongFocus);
-  QPalette palette;
-  if (locked) palette.setBrush(QPalette::Base, Qt::transparent);
-  edit.setPalette(palette);
+/// Keys at which a closed list would take another entry that nobody has seen yet.
+bool walksThroughEntries(int key) {
+  return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp || key == Qt::Key_PageDown;
 }
 
-void fill(QProgressBar& bar, Colour colour) {
-  QPalette palette;
-  if (colour != Colour{}) palette.setColor(QPalette::Highlight, qt(colourText(colour)));
-  bar.setPalette(palette);
-}
-
-void showCaption(QAbstractButton& button, QString caption) {
-  // The captions of levels are the user's own; those of buttons and menus name their key.
-  if (qobject_cast<QCheckBox*>(&button)) caption.replace('&', "&&");
-  const QKeySequence ofForm = button.shortcut();
-  button.setText(caption);
-  if (button.shortcut().isEmpty()) button.setShortcut(ofForm);  // the caption names none
-}
+bool isEnter(int key) { return key == Qt::Key_Return || key == Qt::Key_Enter; }
 
 }  // namespace
 
@@ -72,7 +54,7 @@ QString widgetName(const std::string& fieldName) {
   return name.replace('(', '_').remove(')');
 }
 
-Binder::Binder(View& view, QWidget& form, Front front) : view_(view), form_(form), front_(std::move(front)) {
+Binder::Binder(View& view, QWidget& form, Front front) : form_(form), front_(std::move(front)) {
   for (Field& field : view.fields()) bind(field);
   reportSpareWidgets();
   view.observe([this](Field& field, Property property) { show(field, property); });
@@ -86,11 +68,11 @@ void Binder::bind(Field& field) {
     if (QAction* action = menu ? menu->menuAction() : form_.findChild<QAction*>(name))
       return bindAction(field, *action);
   } else if (auto* widget = form_.findChild<QWidget*>(name)) {
-    widgets_[&field] = widget;
-    ownToolTips_[widget] = widget->toolTip();
+    FieldWidget& shown = widgets_.try_emplace(&field, field, *widget).first->second;
     fields_[widget] = &field;
     connectEvents(field, *widget);
-    return showAll(field);
+    const QScopedValueRollback<bool> showing{showing_, true};
+    return shown.showAll();
   }
   faults_ << "no widget " + name;
 }
@@ -103,7 +85,7 @@ void Binder::bindAction(Field& field, QAction& action) {
     send(field, Event::click);
     show(field, Property::value);  // the screen has turned the check over; the rule may have not
   });
-  showAll(field);
+  for (const Property property : {Property::text, Property::value, Property::enabled}) show(field, property);
 }
 
 void Binder::send(Field& field, Event event) const {
@@ -112,7 +94,6 @@ void Binder::send(Field& field, Event event) const {
 
 void Binder::connectEvents(Field& field, QWidget& widget) {
   widget.installEventFilter(this);
-  if (auto* label = qobject_cast<QLabel*>(&widget)) label->setTextFormat(Qt::PlainText);
   if (auto* edit = qobject_cast<QLineEdit*>(&widget)) {
     connect(edit, &QLineEdit::textEdited, this, [this, &field](const QString& text) {
       field.setText(text.toStdString());
@@ -131,6 +112,10 @@ void Binder::connectCombo(Field& field, QComboBox& combo) {
   if (QLineEdit* edit = combo.lineEdit()) {
     edit->installEventFilter(this);
     fields_[edit] = &field;
+    connect(edit, &QLineEdit::textEdited, this, [this, &field](const QString& text) {
+      field.setText(text.toStdString());
+      send(field, Event::change);
+    });
   }
   connect(&combo, &QComboBox::editTextChanged, this, [this, &field](const QString& text) {
     if (showing_) return;
@@ -172,8 +157,7 @@ bool Binder::pick(Field& field, const QListWidget& list) const {
 /// By keyboard: the space bar is a click on the entry, Enter a double click.
 void Binder::takeListKey(Field& field, const QListWidget& list, int key) const {
   front_.settle();
-  const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
-  if ((enter || key == Qt::Key_Space) && pick(field, list) && enter) send(field, Event::dblClick);
+  if ((isEnter(key) || key == Qt::Key_Space) && pick(field, list) && isEnter(key)) send(field, Event::dblClick);
 }
 
 bool Binder::isAimStill(const Field& field, const QEvent& event) const {
@@ -210,118 +194,62 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::Resize: followFieldsOver(field); return false;
     case QEvent::MouseButtonDblClick:
       if (field.kind() == FieldKind::label) send(field, Event::dblClick);
-      return !here || !isAimStill(field, *event);
-    case QEvent::KeyPress: {
-      const auto& key = static_cast<const QKeyEvent&>(*event);
-      const auto* list = qobject_cast<QListWidget*>(watched);
-      if (here && list && !key.isAutoRepeat()) takeListKey(field, *list, key.key());
-      if (here && field.over() && key.key() == Qt::Key_Return) widgetOf(*field.over())->setFocus();
-      return !here;
-    }
+      // On a button it would be a second press, of what nobody has seen yet.
+      return !here || field.kind() == FieldKind::button || !isAimStill(field, *event);
+    case QEvent::KeyPress:
+      return !here || takeKey(field, static_cast<QWidget&>(*watched), static_cast<const QKeyEvent&>(*event));
     case QEvent::MouseButtonPress: return !here || !isAimStill(field, *event);
     default: return false;
   }
 }
 
+bool Binder::takeKey(Field& field, QWidget& widget, const QKeyEvent& key) const {
+  if (const auto* list = qobject_cast<const QListWidget*>(&widget); list && !key.isAutoRepeat())
+    takeListKey(field, *list, key.key());
+  if (auto* combo = qobject_cast<QComboBox*>(&widget); combo && walksThroughEntries(key.key())) {
+    combo->showPopup();
+    return true;
+  }
+  QLineEdit* line = lineOf(&widget);
+  if (!line || line->isReadOnly()) return false;
+  const auto typeInstead = [&](int code, const QString& text) {
+    QKeyEvent other(QEvent::KeyPress, code, Qt::NoModifier, text);
+    QCoreApplication::sendEvent(&widget, &other);
+    return true;
+  };
+  if (isEnter(key.key())) return typeInstead(Qt::Key_Tab, "\t");
+  if (key.text() == "," && !line->property("freeText").toBool()) return typeInstead(Qt::Key_Period, ".");
+  if (key.key() == Qt::Key_Escape && field.over()) {
+    send(field, Event::cancel);
+    return true;
+  }
+  return false;
+}
+
 void Binder::followFieldsOver(const Field& field) const {
-  for (const auto& [other, widget] : widgets_)
-    if (other->over() == &field) showPlace(*other, *widget);
+  for (const auto& [other, shown] : widgets_)
+    if (other->over() == &field) showPlace(*other, shown.widget());
 }
 
 QWidget* Binder::widgetOf(const Field& field) const {
   const auto found = widgets_.find(&field);
-  return found == widgets_.end() ? nullptr : found->second;
-}
-
-void Binder::showAll(const Field& field) {
-  for (const Property property : {Property::entries,
-                                  Property::text,
-                                  Property::value,
-                                  Property::enabled,
-                                  Property::locked,
-                                  Property::visible,
-                                  Property::toolTip,
-                                  Property::backColour})
-    show(field, property);
+  return found == widgets_.end() ? nullptr : &found->second.widget();
 }
 
 void Binder::show(const Field& field, Property property) {
   const QScopedValueRollback<bool> showing{showing_, true};
-  if (const auto action = actions_.find(&field); action != actions_.end()) {
-    if (property == Property::text) action->second->setText(qt(field.caption()));
-    if (property == Property::value) action->second->setChecked(field.value() == 1);
-    if (property == Property::enabled) action->second->setEnabled(field.enabled());
-    return;
-  }
-  QWidget* widget = widgetOf(field);
-  if (!widget) return;
-  switch (property) {
-    case Property::text: return showText(field, *widget);
-    case Property::value: return showValue(field, *widget);
-    case Property::entries: return showEntries(field, *widget);
-    case Property::enabled: return widget->setEnabled(field.enabled());
-    case Property::visible: showPlace(field, *widget); return widget->setVisible(field.visible());
-    case Property::toolTip: return showToolTip(field, *widget);
-    case Property::fault: return showFault(field, *widget);
-    case Property::backColour: return showStyle(field, *widget);
-    case Property::locked:
-      if (auto* edit = qobject_cast<QLineEdit*>(widget)) lock(*edit, field.locked());
-      return;
-    case Property::left: return showPlace(field, *widget);
-    case Property::fillColour:
-      if (auto* bar = qobject_cast<QProgressBar*>(widget)) fill(*bar, field.fillColour());
-      return;
-    case Property::width:
-      if (auto* bar = qobject_cast<QProgressBar*>(widget)) bar->setValue(static_cast<int>(field.width()));
-      return;
-    default: return;
-  }
+  if (const auto action = actions_.find(&field); action != actions_.end())
+    return showAction(field, *action->second, property);
+  const auto found = widgets_.find(&field);
+  if (found == widgets_.end()) return;
+  if (property == Property::visible || property == Property::left) showPlace(field, found->second.widget());
+  found->second.show(property);
 }
 
-void Binder::showText(const Field& field, QWidget& widget) {
-  const QString text = qt(field.text());
-  if (auto* edit = qobject_cast<QLineEdit*>(&widget)) {
-    if (edit->text() != text) edit->setText(text);
-  } else if (auto* label = qobject_cast<QLabel*>(&widget)) {
-    label->setText(text);
-  } else if (auto* button = qobject_cast<QAbstractButton*>(&widget)) {
-    showCaption(*button, text);
-  } else if (auto* combo = qobject_cast<QComboBox*>(&widget)) {
-    if (combo->currentText() == text && combo->currentIndex() >= 0) return;
-    const bool typed = combo->isEditable() && combo->lineEdit()->text() == text;
-    if (!typed) combo->setCurrentIndex(combo->findText(text));
-    if (!typed && combo->isEditable()) combo->setEditText(text);
-  } else if (auto* list = qobject_cast<QListWidget*>(&widget)) {
-    list->setCurrentRow(field.listIndex());
-  }
-}
-
-void Binder::showValue(const Field& field, QWidget& widget) {
-  if (auto* check = qobject_cast<QCheckBox*>(&widget)) check->setChecked(field.value() == 1);
-}
-
-void Binder::showEntries(const Field& field, QWidget& widget) {
-  QStringList entries;
-  for (const auto& entry : field.entries()) entries << qt(entry);
-  if (auto* combo = qobject_cast<QComboBox*>(&widget)) {
-    combo->clear();
-    combo->addItems(entries);
-    combo->setCurrentIndex(-1);
-    showText(field, widget);
-  } else if (auto* list = qobject_cast<QListWidget*>(&widget)) {
-    // In place: an entry that is under a double click stays.
-    while (list->count() > entries.size()) delete list->takeItem(list->count() - 1);
-    while (list->count() < entries.size()) list->addItem("");
-    for (int i = 0; i < list->count(); ++i) list->item(i)->setText(entries[i]);
-    list->setCurrentRow(field.listIndex());
-  }
-}
-
-void Binder::showToolTip(const Field& field, QWidget& widget) const {
-  const QString own = ownToolTips_.at(&widget);
-  const QString tip = field.toolTip().empty() ? own : qt(field.toolTip());
-  widget.setWhatsThis(tip);
-  widget.setToolTip(field.fault().empty() ? tip : qt(field.fault()) + "\n\n" + tip);
+void Binder::showAction(const Field& field, QAction& action, Property property) const {
+  if (property == Property::text) action.setText(qt(field.caption()));
+  if (property == Property::value) action.setChecked(field.value() == 1);
+  if (property == Property::enabled) action.setEnabled(field.enabled());
 }
 
 void Binder::showPlace(const Field& field, QWidget& widget) const {
@@ -336,31 +264,8 @@ void Binder::showPlace(const Field& field, QWidget& widget) const {
   QWidget::setTabOrder(under, &widget);
 }
 
-void Binder::showFault(const Field& field, QWidget& widget) {
-  auto* edit = qobject_cast<QLineEdit*>(&widget);
-  if (const auto* combo = qobject_cast<QComboBox*>(&widget)) edit = combo->lineEdit();
-  if (!edit) return;
-  if (field.fault().empty()) {
-    delete signs_[&field];
-    signs_.erase(&field);
-  } else if (!signs_[&field]) {
-    signs_[&field] =
-        edit->addAction(edit->style()->standardIcon(QStyle::SP_MessageBoxCritical), QLineEdit::LeadingPosition);
-  }
-  showToolTip(field, widget);
-  showStyle(field, widget);
-}
-
-void Binder::showStyle(const Field& field, QWidget& widget) const {
-  const Colour colour = field.backColour();
-  const QString name = widget.objectName();
-  QString sheet;
-  if (colour != defaultBackColour(field.kind()) && colour.system == SystemColour::none)
-    // Marked fields are light, so their text is dark in every theme.
-    sheet += QString("#%1 { background-color: %2; color: black } #%1:disabled { color: gray } ")
-                 .arg(name, qt(colourText(colour)));
-  if (!field.fault().empty()) sheet += "QLineEdit { border: 2px solid #d03030; border-radius: 2px }";
-  widget.setStyleSheet(sheet);
+void Binder::followTheme() {
+  for (auto& [field, widget] : widgets_) widget.show(Property::foreColour);
 }
 
 void Binder::reportSpareWidgets() {
@@ -372,9 +277,9 @@ void Binder::reportSpareWidgets() {
     if (ours && !name.isEmpty() && !name.startsWith("qt_") && !name.startsWith("caption") && !fields_.contains(widget))
       faults_ << "no field " + name;
   }
-  for (const auto& [field, widget] : widgets_) {
-    const bool silent = !field->takesFocus() || !field->visible() || !widget->toolTip().isEmpty();
-    if (!silent) faults_ << "no tool tip " + widget->objectName();
+  for (const auto& [field, shown] : widgets_) {
+    const bool silent = !field->takesFocus() || !field->visible() || !shown.widget().toolTip().isEmpty();
+    if (!silent) faults_ << "no tool tip " + shown.widget().objectName();
   }
 }
 

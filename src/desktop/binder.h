@@ -8,13 +8,14 @@
 #include <functional>
 #include <map>
 
+#include "desktop/field_widget.h"
 #include "platform/view.h"
 
 class QAction;
 class QComboBox;
 class QEvent;
+class QKeyEvent;
 class QListWidget;
-class QWidget;
 
 namespace noldarz {
 
@@ -36,6 +37,8 @@ class Binder : public QObject {
   QWidget* widgetOf(const Field& field) const;
   /// Fields without a widget, named widgets of the form without a field, and inputs without a tool tip.
   const QStringList& faults() const { return faults_; }
+  /// The theme has changed: colours that go with it are shown again.
+  void followTheme();
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -50,29 +53,22 @@ class Binder : public QObject {
   bool isHere(Field& field, const QEvent& event) const;
   /// What the user's last step has asked for is done; false when the entry of a list that he presses is another one behind it.
   bool isAimStill(const Field& field, const QEvent& event) const;
+  /// True when the key has done what it is for.
+  bool takeKey(Field& field, QWidget& widget, const QKeyEvent& key) const;
   void takeListKey(Field& field, const QListWidget& list, int key) const;
   void followFieldsOver(const Field& field) const;
   void show(const Field& field, Property property);
-  void showAll(const Field& field);
-  void showText(const Field& field, QWidget& widget);
-  void showValue(const Field& field, QWidget& widget);
-  void showEntries(const Field& field, QWidget& widget);
-  void showToolTip(const Field& field, QWidget& widget) const;
+  void showAction(const Field& field, QAction& action, Property property) const;
   void showPlace(const Field& field, QWidget& widget) const;
-  void showFault(const Field& field, QWidget& widget);
-  void showStyle(const Field& field, QWidget& widget) const;
   void reportSpareWidgets();
   void send(Field& field, Event event) const;
   bool pick(Field& field, const QListWidget& list) const;
 
-  View& view_;
   QWidget& form_;
   Front front_;
-  std::map<const Field*, QWidget*> widgets_;
+  std::map<const Field*, FieldWidget> widgets_;
   std::map<const Field*, QAction*> actions_;
   std::map<const QObject*, Field*> fields_;
-  std::map<const Field*, QAction*> signs_;         // in the widgets of fields with a fault
-  std::map<const QObject*, QString> ownToolTips_;  // of the form
   QStringList faults_;
   const QObject* focusLeaving_ = nullptr;  // the screen takes the focus from this widget now
   bool showing_ = false;                   // what a widget reports now comes from the logic

@@ -60,7 +60,7 @@ int main(int argc, char** argv) {
   }
   noldarz::QtDesktop desktop;
   noldarz::System system{desktop, noldarz::Folders::ofUser()};
-  desktop.attach(system.views());
+  desktop.attach(system.views(), system.settings());
   desktop.deliver([&] { system.start(); });
   return system.views().open().empty() ? 0 : QApplication::exec();
 }

@@ -3,12 +3,11 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
-#include <QCloseEvent>
 #include <QComboBox>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QPalette>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QScopedValueRollback>
@@ -17,7 +16,9 @@
 #include <array>
 #include <utility>
 
+#include "desktop/form_sizes.h"
 #include "desktop/help.h"
+#include "desktop/theme.h"
 #include "desktop/x11_window.h"
 #include "platform/failure.h"
 #include "platform/process.h"
@@ -35,43 +36,6 @@ void setUp(QMainWindow& window) {
   Ui{}.setupUi(&window);
 }
 
-struct Form {
-  std::string_view view;
-  void (*setUp)(QMainWindow&);
-  bool tellsProgress = false;  // it lies over the window in front and takes no focus
-};
-
-constexpr std::array forms{Form{"dspmnfrm", setUp<Ui::dspmnfrm>},
-                           Form{"aniwait1", setUp<Ui::aniwait1>, true},
-                           Form{"reqfrm", setUp<Ui::reqfrm>},
-                           Form{"progrsBar", setUp<Ui::progrsBar>, true}};
-
-/// Widgets that a form wants larger carry the factor in the property fontScale.
-void scaleFonts(const QMainWindow& window) {
-  for (QWidget* widget : window.findChildren<QWidget*>()) {
-    const double scale = widget->property("fontScale").toDouble();
-    if (scale == 0) continue;
-    QFont font = widget->font();
-    font.setPointSizeF(font.pointSizeF() * scale);
-    widget->setFont(font);
-  }
-}
-
-/// An input that a press has closed is still read: its text is nearer to the plain colour than most themes have it.
-void keepDisabledTextsLegible() {
-  QPalette palette = QApplication::palette();
-  const QColor text = palette.color(QPalette::Active, QPalette::Text);
-  const QColor base = palette.color(QPalette::Active, QPalette::Base);
-  const auto mixed = [](int ofText, int ofBase) { return (2 * ofText + ofBase) / 3; };
-  const QColor mixture{
-      mixed(text.red(), base.red()), mixed(text.green(), base.green()), mixed(text.blue(), base.blue())};
-  if (palette.color(QPalette::Disabled, QPalette::Text) == mixture) return;
-  palette.setColor(QPalette::Disabled, QPalette::Text, mixture);
-  QApplication::setPalette(palette);
-}
-
-QString qt(const std::string& text) { return QString::fromStdString(text); }
-
 void fill(QMessageBox& message, const MessageBox& box) {
   message.setWindowTitle(qt(box.title));
   message.setTextFormat(Qt::PlainText);  // captions in it are the user's
@@ -86,20 +50,16 @@ void fill(QMessageBox& message, const MessageBox& box) {
 
 }  // namespace
 
-void ViewWindow::closeEvent(QCloseEvent* event) {
-  event->ignore();
-  deliver_([this] { view_.close(); });
-}
-
-void ViewWindow::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::PaletteChange) keepDisabledTextsLegible();  // the desktop has another theme
-  QMainWindow::changeEvent(event);
-}
+struct QtDesktop::Form {
+  std::string_view view;
+  void (*setUp)(QMainWindow&);
+  bool tellsProgress = false;  // it lies over the window in front and takes no focus
+};
 
 QtDesktop::QtDesktop()
     : timers_([this] { return static_cast<double>(clock_.elapsed()); },
               [this](Field& timer) { deliver([&] { timer.fire(Event::timer); }); }, [this] { followTimers(); }) {
-  keepDisabledTextsLegible();
+  followTheme();
   clock_.start();
   nextTimer_.setSingleShot(true);
   QObject::connect(&nextTimer_, &QTimer::timeout, &nextTimer_, [this] {
@@ -109,41 +69,54 @@ QtDesktop::QtDesktop()
   });
   later_.setSingleShot(true);
   QObject::connect(&later_, &QTimer::timeout, &later_, [this] {
-    refused_ = false;
     followFocus();
+    if (std::exchange(refused_, false)) selectText();
     if (QComboBox* combo = std::exchange(dropDown_, nullptr)) combo->showPopup();
   });
 }
 
-void QtDesktop::attach(Views& views) {
+void QtDesktop::attach(Views& views, const Settings& settings) {
+  constexpr std::array forms{Form{"dspmnfrm", setUp<Ui::dspmnfrm>},
+                             Form{"aniwait1", setUp<Ui::aniwait1>, true},
+                             Form{"reqfrm", setUp<Ui::reqfrm>},
+                             Form{"progrsBar", setUp<Ui::progrsBar>, true}};
   views_ = &views;
   for (View* view : views.all())
-    for (const Form& form : forms) {
-      if (view->name() != form.view) continue;
-      Bound& bound = bound_[view];
-      bound.window = std::make_unique<ViewWindow>(*view, [this](const auto& work) {
-        if (busy()) return;  // a window is not closed under a piece of the logic
-        settle();
-        deliver(work);
-      });
-      form.setUp(*bound.window);
-      scaleFonts(*bound.window);
-      if (form.tellsProgress) {
-        bound.window->setWindowFlag(Qt::Dialog);
-        bound.window->setAttribute(Qt::WA_ShowWithoutActivating);
-      }
-      if (bound.window->findChild<QMenuBar*>())
-        addHelp(*bound.window, [this](const auto& work) {
-          const QScopedValueRollback<bool> open{boxOpen_, true};
-          work();
-        });
-      bound.binder = std::make_unique<Binder>(*view,
-                                              *bound.window,
-                                              Binder::Front{[this](Field& field) { return focusArrived(field); },
-                                                            [this](const auto& work) { deliver(work); },
-                                                            [this] { settle(); }});
-    }
+    for (const Form& form : forms)
+      if (view->name() == form.view) makeWindow(*view, form, settings);
   timers_.watch(views);
+}
+
+void QtDesktop::makeWindow(View& view, const Form& form, const Settings& settings) {
+  const auto close = [this, &view] {
+    if (busy()) return;  // a window is not closed under a piece of the logic
+    settle();
+    deliver([&view] { view.close(); });
+  };
+  const auto themeChanged = [this, &view] {
+    followTheme();
+    if (const auto& binder = bound_[&view].binder) binder->followTheme();
+  };
+  Bound& bound = bound_[&view];
+  bound.window = std::make_unique<ViewWindow>(view, settings, ViewWindow::Front{close, themeChanged});
+  ViewWindow& window = *bound.window;
+  form.setUp(window);
+  scaleFonts(window);
+  setWidths(window);
+  if (form.tellsProgress) {
+    window.setWindowFlag(Qt::Dialog);
+    window.setAttribute(Qt::WA_ShowWithoutActivating);
+  }
+  if (window.findChild<QMenuBar*>())
+    addHelp(window, [this](const auto& work) {
+      const QScopedValueRollback<bool> open{boxOpen_, true};
+      work();
+    });
+  bound.binder = std::make_unique<Binder>(view,
+                                          window,
+                                          Binder::Front{[this](Field& field) { return focusArrived(field); },
+                                                        [this](const auto& work) { deliver(work); },
+                                                        [this] { settle(); }});
 }
 
 void QtDesktop::followTimers() {
@@ -185,13 +158,12 @@ void QtDesktop::followViews() {
 }
 
 void QtDesktop::showWindow(ViewWindow& window, bool visible) const {
-  // The preferred size would let a long name make it too wide for a small screen.
-  if (!window.testAttribute(Qt::WA_Resized)) window.resize(window.minimumSizeHint());
+  if (!visible) return window.disappear();
   window.winId();  // makes the handle
   const ViewWindow* below = frontWindow();
   if (below && window.testAttribute(Qt::WA_ShowWithoutActivating))
     window.windowHandle()->setTransientParent(below->windowHandle());
-  window.setVisible(visible);
+  window.appear();
 }
 
 ViewWindow* QtDesktop::frontWindow() const {
@@ -206,7 +178,13 @@ ViewWindow* QtDesktop::frontWindow() const {
 void QtDesktop::followFocus() const {
   if (boxOpen_) return;
   QWidget* widget = focus_.holder() ? widgetOf(*focus_.holder()) : nullptr;
-  if (widget && !widget->hasFocus()) widget->setFocus(Qt::OtherFocusReason);
+  if (!widget || widget->window()->focusWidget() == widget) return;  // of an inactive window too
+  widget->setFocus(Qt::OtherFocusReason);
+  selectText();
+}
+
+void QtDesktop::selectText() const {
+  if (QLineEdit* line = focus_.holder() ? lineOf(widgetOf(*focus_.holder())) : nullptr) line->selectAll();
 }
 
 bool QtDesktop::focusArrived(Field& field) {

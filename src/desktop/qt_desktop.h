@@ -3,13 +3,13 @@
 #pragma once
 
 #include <QElapsedTimer>
-#include <QMainWindow>
 #include <QSet>
 #include <QTimer>
 #include <map>
 #include <memory>
 
 #include "desktop/binder.h"
+#include "desktop/view_window.h"
 #include "platform/desktop.h"
 #include "platform/focus.h"
 #include "platform/timers.h"
@@ -19,28 +19,12 @@ class QMessageBox;
 
 namespace noldarz {
 
-/// The window of a view. Closing it closes the view, which may refuse.
-class ViewWindow : public QMainWindow {
- public:
-  ViewWindow(View& view, std::function<void(const std::function<void()>&)> deliver)
-      : view_(view), deliver_(std::move(deliver)) {}
-  View& view() const { return view_; }
-
- protected:
-  void closeEvent(QCloseEvent* event) override;
-  void changeEvent(QEvent* event) override;
-
- private:
-  View& view_;
-  std::function<void(const std::function<void()>&)> deliver_;
-};
-
 class QtDesktop : public Desktop {
  public:
   QtDesktop();
 
-  /// Makes the windows of the views that have a form.
-  void attach(Views& views);
+  /// Makes the windows of the views that have a form; each lies where `settings` say that it was last.
+  void attach(Views& views, const Settings& settings);
 
   Reply messageBox(const MessageBox& box) override;
   std::filesystem::path fileDialog(const FileDialog& dialog) override;
@@ -61,6 +45,7 @@ class QtDesktop : public Desktop {
   QStringList faults() const;
 
  private:
+  struct Form;
   struct Bound {
     std::unique_ptr<ViewWindow> window;
     std::unique_ptr<Binder> binder;
@@ -75,7 +60,11 @@ class QtDesktop : public Desktop {
   void followTimers();
   /// The user has come to the field on the screen; false when the field that he left keeps the focus.
   bool focusArrived(Field& field);
+  /// The focus of the screen goes where that of the logic is; the text there is selected.
   void followFocus() const;
+  /// The text of the field that has the focus.
+  void selectText() const;
+  void makeWindow(View& view, const Form& form, const Settings& settings);
   void followViews();
   void showWindow(ViewWindow& window, bool visible) const;
   /// The window in front that the user works in; null when there is none.

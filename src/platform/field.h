@@ -33,7 +33,8 @@ enum class FieldKind : std::uint8_t {
   timer
 };
 
-enum class Event : std::uint8_t { click, dblClick, gotFocus, lostFocus, change, timer };
+/// `cancel`: the user gives up what he enters.
+enum class Event : std::uint8_t { click, dblClick, gotFocus, lostFocus, change, cancel, timer };
 
 enum class Property : std::uint8_t {
   text,

@@ -12,6 +12,7 @@ LevelCaptions::LevelCaptions(View& view, const LevelFields& level, const Scenari
     view.on(level_.conclbl[i], Event::click, [this, i] { conclbl_Click(i); });
   }
   view.on(fields_.conctxt1, Event::lostFocus, [this] { conctxt1_LostFocus(); });
+  view.on(fields_.conctxt1, Event::cancel, [this] { giveUp(); });
 }
 
 void LevelCaptions::conclbl_GotFocus(int level) {
@@ -29,8 +30,16 @@ void LevelCaptions::conclbl_Click(int level) {
   fields_.conctxt1.setText(level_.conclbl[level].caption());
 }
 
+void LevelCaptions::giveUp() {
+  Field& label = level_.conclbl[concEditIdx_];
+  fields_.conctxt1.setVisible(false);
+  label.setValue(0);
+  status_.skipping().step([&] { desktop_.setFocus(label); });
+}
+
 void LevelCaptions::conctxt1_LostFocus() {
   Field& editor = fields_.conctxt1;
+  if (!editor.visible()) return;  // given up
   Field& label = level_.conclbl[concEditIdx_];
   if (editor.text().empty()) {
     desktop_.messageBox(critical("Variable required"));

@@ -19,6 +19,8 @@ class LevelCaptions {
   void conclbl_GotFocus(int level);
   void conclbl_Click(int level);
   void conctxt1_LostFocus();
+  /// The caption stays as it was.
+  void giveUp();
   /// All six go into the run row in one change.
   void storeCaptions();
 

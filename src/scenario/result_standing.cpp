@@ -114,7 +114,7 @@ std::string ResultStanding::faultOfLimits() const {
 
 std::string ResultStanding::note() const {
   const Stage now = stage();
-  if (isStale(now)) return "Out of date: an input was changed since. Press Redo and compute again.";
+  if (isStale(now)) return "Out of date: press Redo and compute again.";
   switch (now) {
     case Stage::nothing: return "Not computed yet: press Compute.";
     case Stage::noMaximum: return "Not computed: no maximum concentration was found.";

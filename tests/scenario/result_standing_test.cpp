@@ -59,7 +59,7 @@ TEST(ResultStanding, saysWhyThereAreNoLimits) {
 }
 
 TEST(ResultStanding, callsResultsOutOfDateOnceAnInputIsAnotherOne) {
-  const std::string stale = "Out of date: an input was changed since. Press Redo and compute again.";
+  const std::string stale = "Out of date: press Redo and compute again.";
   TestStudy study;
   study.run("start");
   compute(study);

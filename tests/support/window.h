@@ -19,7 +19,7 @@ class Window {
   explicit Window(const std::string& text = exampleStudy("lpg"), const Effects* effects = nullptr) {
     makeStudy(folder.study(), text);
     system = std::make_unique<System>(desktop, folder.folders(), effects);
-    desktop.attach(system->views());
+    desktop.attach(system->views(), system->settings());
     QObject::connect(&watch_, &QTimer::timeout, [this] { answerBox(); });
   }
   void start() {

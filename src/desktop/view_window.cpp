@@ -1,0 +1,69 @@
+#include "desktop/view_window.h"
+
+#include <QCloseEvent>
+#include <QLayout>
+#include <QScreen>
+#include <iostream>
+
+#include "desktop/form_sizes.h"
+#include "desktop/page.h"
+
+namespace noldarz {
+
+namespace {
+
+constexpr const char* application = "noldarz";
+constexpr const char* section = "window";
+
+}  // namespace
+
+ViewWindow::ViewWindow(View& view, const Settings& settings, Front front)
+    : view_(view), settings_(settings), front_(std::move(front)) {}
+
+QSize ViewWindow::firstSize() const {
+  // What was measured before the window shows is without the style.
+  for (const QWidget* widget : findChildren<QWidget*>()) widget->ensurePolished();
+  for (QLayout* layout : findChildren<QLayout*>()) layout->invalidate();
+  const QSize least = minimumSizeHint();
+  const auto* page = findChild<Page*>();
+  if (!page) return least;
+  const QMargins margins = centralWidget()->layout()->contentsMargins();
+  const QSize content = page->wholeSize() + QSize(4, 4);  // a text of a first press may need a little more
+  const QSize whole{content.width() + margins.left() + margins.right(),
+                    least.height() + content.height() - page->minimumSizeHint().height()};
+  const QSize titleBar{8, 40};  // and borders, not known before the window shows
+  return whole.expandedTo(least).boundedTo(screen()->availableSize() - titleBar);
+}
+
+void ViewWindow::appear() {
+  if (!testAttribute(Qt::WA_Resized)) {
+    const std::string place = settings_.get(application, section, view_.name()).value_or("");
+    if (!restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(place)))) resize(firstSize());
+  }
+  show();
+}
+
+void ViewWindow::disappear() {
+  hide();
+  if (!findChild<Page*>()) return;  // of one size and in the middle
+  const std::string place = saveGeometry().toBase64().toStdString();
+  try {
+    if (settings_.get(application, section, view_.name()) != place)
+      settings_.set(application, section, view_.name(), place);
+  } catch (const std::exception& error) {
+    std::cerr << "The place of the window is not kept: " << error.what() << '\n';
+  }
+}
+
+void ViewWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  front_.close();
+}
+
+void ViewWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) front_.themeChanged();
+  if (event->type() == QEvent::FontChange) setWidths(*this);
+  QMainWindow::changeEvent(event);
+}
+
+}  // namespace noldarz

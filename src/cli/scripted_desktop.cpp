@@ -95,6 +95,7 @@ void ScriptedDesktop::setFocus(Field& field) {
 }
 
 bool ScriptedDesktop::moveFocus(Field* field) {
+  if (field != focus_.holder()) focus_.commit();
   settle();
   return focus_.moveTo(field);
 }

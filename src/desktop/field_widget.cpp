@@ -169,9 +169,9 @@ void FieldWidget::showColours() const {
   if (widget_.styleSheet() != sheet) widget_.setStyleSheet(sheet);
 
   QPalette palette;
-  if (field_.locked()) palette.setBrush(QPalette::Base, Qt::transparent);
   if (faded)
-    for (const auto role : {QPalette::Text, QPalette::WindowText}) palette.setColor(role, fadedText(palette));
+    for (const auto role : {QPalette::Text, QPalette::WindowText}) palette.setColor(role, fadedText(QPalette()));
+  if (field_.locked()) palette.setBrush(QPalette::Base, Qt::transparent);
   if (qobject_cast<QProgressBar*>(&widget_) && field_.fillColour() != Colour{})
     palette.setColor(QPalette::Highlight, qt(colourText(field_.fillColour())));
   widget_.setPalette(palette);

@@ -21,7 +21,8 @@ void setWidths(const QWidget& form) {
     if (!width) continue;
     if (qobject_cast<QLineEdit*>(widget))
       widget->setSizePolicy(QSizePolicy::Preferred, widget->sizePolicy().verticalPolicy());
-    if (qobject_cast<QFrame*>(widget)) widget->setMinimumWidth(*width);  // a label, a list: their size is not the style's
+    if (qobject_cast<QFrame*>(widget))
+      widget->setMinimumWidth(*width);  // a label, a list: their size is not the style's
   }
 }
 

@@ -10,9 +10,16 @@ namespace noldarz {
 Page::Page(QWidget* parent) : QScrollArea(parent) {
   setFrameShape(QFrame::NoFrame);
   setWidgetResizable(true);
+  setFocusPolicy(Qt::NoFocus);
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-    if (now && widget() && widget()->isAncestorOf(now)) ensureWidgetVisible(now);
+    if (now && widget() && widget()->isAncestorOf(now)) bringIntoView(*now);
   });
+}
+
+void Page::bringIntoView(const QWidget& part) {
+  constexpr int margin = 12;  // px
+  const QPoint centre = part.mapTo(widget(), part.rect().center());
+  ensureVisible(centre.x(), centre.y(), (part.width() / 2) + margin, (part.height() / 2) + margin);
 }
 
 QBoxLayout* Page::parts() const { return widget() ? qobject_cast<QBoxLayout*>(widget()->layout()) : nullptr; }

@@ -23,6 +23,8 @@ class Page : public QScrollArea {
   /// The layout of the page: the main part and its side.
   QBoxLayout* parts() const;
   void arrange();
+  /// The whole of it, where the toolkit's own would do with the place of its text cursor.
+  void bringIntoView(const QWidget& part);
 };
 
 }  // namespace noldarz

@@ -190,7 +190,8 @@ void QtDesktop::selectText() const {
 bool QtDesktop::focusArrived(Field& field) {
   if (busy() || focus_.holder() == &field) return true;
   if (refused_) return false;  // of one click the screen tells the focus and the press
-  settle();                    // the row of a class picked just now
+  deliver([&] { focus_.commit(); });
+  settle();  // the row of a class picked or typed just now
   if (field.usable()) deliver([&] { focus_.moveTo(&field); });
   // The screen still moves the focus now; a rule that kept it gets it back behind that.
   refused_ = focus_.holder() != &field;

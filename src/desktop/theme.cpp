@@ -35,7 +35,8 @@ class OwnStyle : public QProxyStyle {
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
-    if (element == PE_IndicatorCheckBox || element == PE_FrameLineEdit || element == PE_Frame) outline(*option, *painter);
+    if (element == PE_IndicatorCheckBox || element == PE_FrameLineEdit || element == PE_Frame)
+      outline(*option, *painter);
   }
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                           const QWidget* widget) const override {
@@ -63,7 +64,8 @@ class OwnStyle : public QProxyStyle {
 }  // namespace
 
 QColor fadedText(const QPalette& palette) {
-  return mixed(palette.color(QPalette::Active, QPalette::Text), palette.color(QPalette::Active, QPalette::Base), 2. / 3);
+  return mixed(
+      palette.color(QPalette::Active, QPalette::Text), palette.color(QPalette::Active, QPalette::Base), 2. / 3);
 }
 
 void followTheme() {

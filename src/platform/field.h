@@ -33,8 +33,8 @@ enum class FieldKind : std::uint8_t {
   timer
 };
 
-/// `cancel`: the user gives up what he enters.
-enum class Event : std::uint8_t { click, dblClick, gotFocus, lostFocus, change, cancel, timer };
+/// `commit`: the user is about to leave the field for another, and what he has typed counts; `cancel`: he gives it up.
+enum class Event : std::uint8_t { click, dblClick, gotFocus, lostFocus, change, commit, cancel, timer };
 
 enum class Property : std::uint8_t {
   text,

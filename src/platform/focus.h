@@ -25,6 +25,11 @@ class Focus {
     return holder_ == field;
   }
 
+  /// Before the user leaves the field: what it asks for is done before he arrives elsewhere.
+  void commit() const {
+    if (holder_) holder_->fire(Event::commit);
+  }
+
   /// Before its fields go: no field has the focus.
   void forget() { holder_ = nullptr; }
 

@@ -36,6 +36,7 @@ InputRules::InputRules(View& view, ModelState& model, ScenarioState& state, cons
   view.on(in_.stblclscbo, Event::lostFocus, [this] { stblclscbo_LostFocus(); });
   view.on(in_.stblclscbo, Event::click, [this] { stblclscbo_Click(); });
   view.on(in_.stblclscbo, Event::change, [this] { classTyped_ = true; });
+  view.on(in_.stblclscbo, Event::commit, [this] { takeTypedClass(); });
   view.on(in_.wndveltxt, Event::lostFocus, [this] { wndveltxt_LostFocus(); });
   view.on(fields_.scnrotxtlbl, Event::gotFocus, [this] {
     if (!std::exchange(nameRefused_, false)) scnrTextBefore_ = fields_.scnrotxtlbl.text();
@@ -120,8 +121,7 @@ void InputRules::roghwndoptcbo_LostFocus() {
 void InputRules::stblclscbo_LostFocus() {
   if (in_.stblclscbo.wordIndex(stabilityClassEntries) < 0 && in_.stblclscbo.text() != usersClass)
     return refuseEntry(in_.stblclscbo);
-  if (classTyped_ && in_.stblclscbo.wordIndex(stabilityClassEntries) >= 0) stblclscbo_Click();
-  classTyped_ = false;
+  takeTypedClass();
   DataLink& row = links_.dt2a;
   // The row of a class just chosen is looked up once this event has ended: the link stands on the one before.
   const bool awaitsRow = fields_.tmr_1.enabled() && state_.scnrKeyByText == 0;
@@ -141,6 +141,10 @@ void InputRules::tellClassWind(const std::string& before) {
   if (now == before || status_.hasFault()) return;
   status_.say("Wind set to " + now + " m/s, usual for class " + in_.stblclscbo.text() +
               (before.empty() ? "." : " (was " + before + ")."));
+}
+
+void InputRules::takeTypedClass() {
+  if (std::exchange(classTyped_, false) && in_.stblclscbo.wordIndex(stabilityClassEntries) >= 0) stblclscbo_Click();
 }
 
 void InputRules::stblclscbo_Click() {

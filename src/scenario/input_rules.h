@@ -35,6 +35,8 @@ class InputRules {
   void roghwndoptcbo_LostFocus();
   void stblclscbo_LostFocus();
   void stblclscbo_Click();
+  /// A class typed whole acts as one chosen.
+  void takeTypedClass();
   void wndveltxt_LostFocus();
   void scnrotxtlbl_LostFocus();
   /// The entry checks itself and unchecks the other.

@@ -1,0 +1,61 @@
+// A user with a mouse and a keyboard at the program's window, without a screen.
+#pragma once
+
+#include <QAbstractItemView>
+#include <QComboBox>
+
+#include "cli/words.h"
+#include "platform/property.h"
+#include "support/window.h"
+
+namespace noldarz::test {
+
+struct MouseUser : Window {
+  explicit MouseUser(const std::string& study = exampleStudy("lpg"), const Effects* effects = nullptr,
+                     bool starts = true)
+      : Window(study, effects) {
+    if (starts) start();
+  }
+  void type(const std::string& name, const std::string& text) const {
+    comeBack();
+    auto* edit = qobject_cast<QLineEdit*>(&widget(name));
+    if (!edit) edit = widget<QComboBox>(name).lineEdit();
+    QTest::mouseClick(edit, Qt::LeftButton);
+    edit->selectAll();
+    QTest::keyClick(edit, Qt::Key_Delete);
+    QTest::keyClicks(edit, QString::fromStdString(text));
+  }
+  void tab() const {
+    comeBack();
+    QTest::keyClick(focus(), Qt::Key_Tab);
+  }
+  void click(const std::string& name) const {
+    const bool check = field(name).kind() == FieldKind::check;
+    QTest::mouseClick(&widget(name), Qt::LeftButton, Qt::NoModifier, check ? QPoint(8, 8) : QPoint());
+  }
+  void choose(const std::string& name, const std::string& entry) const {
+    auto& combo = widget<QComboBox>(name);
+    combo.showPopup();
+    combo.view()->setCurrentIndex(combo.model()->index(combo.findText(QString::fromStdString(entry)), 0));
+    QTest::keyClick(combo.view(), Qt::Key_Return);
+  }
+  /// Without a window manager nothing makes the window active again behind a box.
+  void comeBack() const {
+    if (!boxes.empty() && !QApplication::activeWindow()) QApplication::setActiveWindow(&main());
+  }
+  /// Carries a line of a script out as a user does; what only prints is left out.
+  void carryOut(const std::vector<std::string>& words) {
+    if (words.empty()) return;
+    if (words[0] == "start") start();
+    if (words[0] == "set") {
+      Field& target = field(words[1]);
+      setProperty(target, words.size() == 3 ? mainProperty(target) : findProperty(words[2]).value(), words.back());
+    }
+    if (words[0] == "enter") type(words[1], words[2]), tab();
+    if (words[0] == "choose") choose(words[1], words[2]);
+    if (words[0] == "click" || words[0] == "check" || words[0] == "uncheck") click(words[1]);
+    if (words[0] == "wait") QTest::qWait(300);
+  }
+};
+
+}  // namespace noldarz::test

@@ -47,7 +47,9 @@ ResultStanding::ResultStanding(View& view, const SweepState& sweep, const LevelS
 
 void ResultStanding::follow(const Field& changed, Property property) {
   if (property != Property::text || pressing_ || !pressed_) return;
-  if (ofMaximum_.contains(&changed) || ofLevels_.contains(&changed)) show();
+  if (!ofMaximum_.contains(&changed) && !ofLevels_.contains(&changed)) return;
+  show();
+  status_.advise(isStale(stage()) ? note() : nextStep());
 }
 
 std::vector<std::string> ResultStanding::inputsOf(const std::set<const Field*>& fields) const {

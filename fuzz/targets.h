@@ -43,6 +43,8 @@ inline void demand(bool holds, const std::string& what) {
 void readNumber(Chance& chance);
 void readScript(Chance& chance);
 void readStudyText(Chance& chance);
+/// A file from a stranger: foreign schema, damaged bytes, a journal beside it. No file elsewhere may change.
+void openStranger(Chance& chance);
 void runQuery(Chance& chance);
 void useProgram(Chance& chance);
 
@@ -54,6 +56,7 @@ struct Target {
 inline constexpr Target targets[]{{"number", readNumber},
                                   {"script", readScript},
                                   {"study-text", readStudyText},
+                                  {"stranger", openStranger},
                                   {"query", runQuery},
                                   {"session", useProgram}};
 

@@ -1,3 +1,4 @@
+#include <sqlite3.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -109,6 +110,54 @@ void readStudyText(Chance& chance) {
   std::ostringstream second;
   exportStudy(study, second, errors);
   demand(first.str() == second.str(), "another study came back");
+}
+
+void openStranger(Chance& chance) {
+  static const std::vector<std::string> schema{
+      "CREATE TRIGGER a AFTER UPDATE ON maimTbl4All BEGIN DELETE FROM scenr1; END",
+      "CREATE VIEW b AS SELECT * FROM Orgtn",
+      "CREATE INDEX c ON maimTbl4All (OrgName COLLATE NOCASE, refNo)",
+      "CREATE INDEX d ON Disptbl (abs(htrel))",
+      "ALTER TABLE Orgtn ADD COLUMN e AS (hex(OrgName))",
+      "CREATE TABLE f (x CHECK (x IN (SELECT 1)))",
+      "DROP TABLE scenr1",
+      "CREATE TABLE scenr1 (scenariotxt, refno) WITHOUT ROWID",
+      "CREATE VIRTUAL TABLE g USING fts4(maimTbl4All)",
+      "PRAGMA journal_mode = WAL",
+      "PRAGMA page_size = 512; VACUUM",
+      "INSERT INTO maimTbl4All (OrgName, ScenarioOptn) VALUES (x'00ff', char(27))"};
+  static const fs::path study = scratch() / "stranger.mdb";
+  static const fs::path canary = scratch() / "canary";
+  static const std::string name = canary.string();
+  const std::string magic{"\xd9\xd5\x05\xf9\x20\xa1\x63\xd7", 8};
+  std::ostringstream errors;
+  for (const char* side : {"-journal", "-wal", "-shm"}) fs::remove(study.string() + side);
+  createStudy(study, NOLDARZ_SOURCE_DIR "/examples/studies/lpg.toml", true, errors);
+  sqlite3* handle = nullptr;
+  sqlite3_open(study.c_str(), &handle);
+  for (std::size_t count = chance.below(4); count > 0; --count)
+    sqlite3_exec(handle, damaged(chance.oneOf(schema), chance).c_str(), nullptr, nullptr, nullptr);
+  sqlite3_exec(handle, chance.oneOf(schema).c_str(), nullptr, nullptr, nullptr);
+  sqlite3_close(handle);
+  if (chance.once(2)) std::ofstream(study, std::ios::binary | std::ios::in) << damaged(fileText(study), chance);
+  if (chance.once(2)) {
+    std::string journal = magic + std::string("\0\0\0\0\0\0\0\1\0\0\0\x9\0\0\2\0\0\0\x10\0", 20);
+    journal.resize(512);
+    journal += std::string(4, '\1') + name + std::string{0, 0, 0, static_cast<char>(name.size())} +
+               std::string(4, '\0') + magic;
+    std::ofstream(study.string() + (chance.once(4) ? "-wal" : "-journal"), std::ios::binary)
+        << (chance.once(2) ? damaged(journal, chance) : journal);
+  }
+  std::ofstream(canary) << "as it was";
+  std::ostringstream out;
+  checkStudy(study, out, errors);
+  exportStudy(study, out, errors);
+  try {
+    const Database opened{study, studyLayout()};
+    opened.transact([&] { opened.run("UPDATE Disptbl SET htrel = 2"); });
+  } catch (const RuntimeFailure&) {  // told to the user
+  }
+  demand(fileText(canary) == "as it was", "another file was touched");
 }
 
 void runQuery(Chance& chance) {

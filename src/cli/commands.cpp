@@ -272,7 +272,12 @@ Json cellJson(const Cell& cell) {
 void rows(ScriptSession& session, const Words& words) {
   const auto study = session.system().study();
   if (!study) throw ScriptError("no study is open");
-  Recordset found{study, words[1], Recordset::Access::read};
+  // A connection of its own, which can't write, and is given up when it computes for long.
+  constexpr std::chrono::seconds longest{10};
+  const auto reading =
+      std::make_shared<Database>(study->file(), study->layout(), Database::Check::none, Connection::Purpose::query);
+  reading->connection().limitSteps(longest);
+  Recordset found{reading, words[1], Recordset::Access::read};
   Json lines = Json::array();
   for (; !found.eof(); found.moveNext()) {
     Json& line = lines.emplace_back(Json::array());

@@ -1,6 +1,7 @@
 // noldarz-cli: the program without a screen.
 
 #include <CLI/CLI.hpp>
+#include <csignal>
 #include <exception>
 #include <filesystem>
 #include <iostream>
@@ -9,6 +10,7 @@
 #include "cli/run.h"
 #include "cli/script.h"
 #include "cli/study.h"
+#include "platform/visible_text.h"
 
 namespace {
 
@@ -19,11 +21,11 @@ ExitStatus script(const std::string& startFolder, const std::string& file) {
   std::error_code error;
   if (!startFolder.empty()) std::filesystem::current_path(startFolder, error);
   if (error) {
-    std::cerr << startFolder << ": no such folder\n";
+    std::cerr << noldarz::visibleText(startFolder) << ": no such folder\n";
     return ExitStatus::refused;
   }
   noldarz::ScriptSession session{
-      [](const noldarz::Json& object) { std::cout << noldarz::jsonLine(object) << std::flush; }};
+      noldarz::FoldedBoxes{[](const noldarz::Json& object) { std::cout << noldarz::jsonLine(object) << std::flush; }}};
   return noldarz::runScriptFile(session, path, file, std::cerr);
 }
 
@@ -55,6 +57,11 @@ CLI::App* addRun(CLI::App& app, noldarz::RunRequest& request) {
       "--levels",
       request.levels,
       "Six levels in ppm, highest first, separated by commas; an empty one stays as the run or the chemical has it");
+  run->add_option_function<std::string>(
+         "--limits",
+         [&request](const std::string& limits) { request.limits = limits; },
+         "Limits by probit equation or by lethal concentration (default: the user's setting, and the page says so)")
+      ->check(CLI::IsMember({"probit", "lethal"}));
   run->add_flag("--table", request.table, "Print fatality and injury by distance");
   run->add_option(
          "--density",
@@ -71,6 +78,7 @@ CLI::App* addRun(CLI::App& app, noldarz::RunRequest& request) {
 }  // namespace
 
 int main(int argc, char** argv) try {
+  std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow is an error of the write
   CLI::App app{"NOLDA-RZ, dispersion of a released chemical and what it does to people, without a screen"};
   app.set_version_flag("--version", std::string{"noldarz-cli "} + NOLDARZ_VERSION);
   app.require_subcommand(1);
@@ -113,6 +121,6 @@ int main(int argc, char** argv) try {
   }
   return static_cast<int>(status);
 } catch (const std::exception& error) {
-  std::cerr << "noldarz-cli: " << error.what() << '\n';
+  std::cerr << "noldarz-cli: " << noldarz::visibleText(error.what()) << '\n';
   return static_cast<int>(ExitStatus::failed);
 }

@@ -7,6 +7,7 @@
 #include "cli/script.h"
 #include "engine/close_out.h"
 #include "engine/model_inputs.h"
+#include "platform/visible_text.h"
 #include "toxic/absolute_numbers.h"
 
 namespace noldarz {
@@ -34,7 +35,7 @@ ReportSection study(const MainView& main, const RunState& state) {
            item(main.scenario.scnrotxtlbl, "Run")}};
 }
 
-ReportSection inputs(const MainView& main, bool puff) {
+ReportSection inputs(const MainView& main, bool puff, const std::string& limitsFrom) {
   const ScenarioInputs& in = main.in;
   ReportSection section{"inputs",
                         "Inputs",
@@ -56,7 +57,8 @@ ReportSection inputs(const MainView& main, bool puff) {
                          item(in.avalinj, "Probit injury A"),
                          item(in.nvalinj, "Probit injury B"),
                          item(in.hudityTxt, "Relative humidity", "%"),
-                         choice(in.MaxFtlyDstOptn, "Limits by probit equation")}};
+                         choice(in.MaxFtlyDstOptn, "Limits by probit equation"),
+                         {"limitsFrom", "Limits chosen by", limitsFrom, ""}}};
   for (int i = 0; i < in.Givnwnd.size(); ++i)
     section.items.push_back(item(in.Givnwnd[i], "Wind " + trimmed(main.scenario.wndlbl1[i].caption()), "%"));
   return section;
@@ -105,9 +107,10 @@ ReportTable isopleths(const LevelFields& level) {
 
 /// "  name            text unit"; an item without a label is a sentence.
 std::string line(const ReportItem& item) {
-  if (item.label.empty()) return item.text.empty() ? "" : "  " + item.text + '\n';
+  const std::string shown = visibleText(item.text);
+  if (item.label.empty()) return shown.empty() ? "" : "  " + shown + '\n';
   const std::string unit = item.unit.empty() || item.text.empty() ? "" : " " + item.unit;
-  std::string text = fmt::format("  {:<34}{:>12}{}", item.label, item.text, unit);
+  std::string text = fmt::format("  {:<34}{:>12}{}", item.label, shown, unit);
   text.erase(text.find_last_not_of(' ') + 1);
   return text + '\n';
 }
@@ -115,10 +118,10 @@ std::string line(const ReportItem& item) {
 std::string lines(const ReportTable& table) {
   std::vector<std::string> page(table.rows.size() + 2);
   for (std::size_t column = 0; column < table.columns.size(); ++column) {
-    std::vector<std::string_view> cells{table.columns[column].label, table.columns[column].unit};
-    for (const auto& row : table.rows) cells.emplace_back(row[column]);
+    std::vector<std::string> cells{table.columns[column].label, table.columns[column].unit};
+    for (const auto& row : table.rows) cells.push_back(visibleText(row[column]));
     std::size_t width = 0;
-    for (const auto cell : cells) width = std::max(width, cell.size());
+    for (const auto& cell : cells) width = std::max(width, cell.size());
     const bool words = column < table.wordColumns;
     for (std::size_t i = 0; i < page.size(); ++i)
       page[i] += words ? fmt::format("  {:<{}}", cells[i], width) : fmt::format("  {:>{}}", cells[i], width);
@@ -145,7 +148,8 @@ std::string withLineBreaks(std::string text, std::string_view lineBreak) {
 }
 
 std::string page(const Report& report) {
-  std::string text = fmt::format("NOLDA-RZ {}, model revision {}: {}\n", report.version, modelRevision, report.source);
+  std::string text =
+      fmt::format("NOLDA-RZ {}, model revision {}: {}\n", report.version, modelRevision, visibleText(report.source));
   for (const ReportSection& section : report.sections) {
     text += '\n' + section.title + '\n';
     for (const ReportItem& item : section.items) text += line(item);
@@ -153,8 +157,8 @@ std::string page(const Report& report) {
   for (const ReportTable& table : report.tables) text += '\n' + table.title + '\n' + lines(table);
   if (!report.messages.counted().empty()) text += "\nMessages\n";
   for (const auto& [box, count] : report.messages.counted())
-    text += "  - " + withLineBreaks(messageText(box, count), "\n    ") + '\n';
-  if (!report.status.empty()) text += '\n' + report.status + '\n';
+    text += "  - " + withLineBreaks(visibleText(messageText(box, count), "\n"), "\n    ") + '\n';
+  if (!report.status.empty()) text += '\n' + visibleText(report.status) + '\n';
   return text;
 }
 
@@ -190,8 +194,11 @@ Json json(const Report& report) {
   return object;
 }
 
-std::string quoted(const std::string& cell) {
-  if (cell.find_first_of(",\"\n\r") == std::string::npos) return cell;
+/// A cell of a table of comma-separated values; one that a spreadsheet would take for a formula begins with an apostrophe.
+std::string quoted(const std::string& raw) {
+  const bool formula = !raw.empty() && std::string_view{"=+-@\t\r"}.find(raw.front()) != std::string_view::npos;
+  const std::string cell = (formula && !isNumeric(raw) ? "'" : "") + visibleText(raw);
+  if (cell.find_first_of(",\"") == std::string::npos) return cell;
   std::string text = "\"";
   for (const char c : cell) text += c == '"' ? std::string{"\"\""} : std::string{c};
   return text + '"';
@@ -262,7 +269,8 @@ ReportTable probitTable(const RunState& state, const std::vector<std::string>& d
   return table;
 }
 
-Report reportOf(System& system, std::string version, std::string source, Messages messages) {
+Report reportOf(System& system, std::string version, std::string source, Messages messages,
+                const std::string& limitsFrom) {
   const MainView& main = system.mainView();
   const RunState& state = system.state();
   const bool puff = main.in.scnrotypetxt.wordIndex(releaseTypes) == static_cast<int>(Release::puff);
@@ -271,7 +279,7 @@ Report reportOf(System& system, std::string version, std::string source, Message
     report.sections.push_back(study(main, state));
     report.status = system.status().happened();
   }
-  report.sections.push_back(inputs(main, puff));
+  report.sections.push_back(inputs(main, puff, limitsFrom));
   report.sections.push_back(results(main, puff));
   report.tables.push_back(isopleths(main.level));
   return report;

@@ -60,7 +60,9 @@ struct Report {
 };
 
 /// Reads the finished run from the fields.
-Report reportOf(System& system, std::string version, std::string source, Messages messages);
+/// `limitsFrom`: who has chosen how the limits are found.
+Report reportOf(System& system, std::string version, std::string source, Messages messages,
+                const std::string& limitsFrom);
 
 /// The report table as it stands, with the numbers of people for the densities of the five rings (persons/Ha) if there are.
 ReportTable probitTable(const RunState& state, const std::vector<std::string>& densities);

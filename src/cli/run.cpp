@@ -3,11 +3,16 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <iterator>
 #include <ostream>
 #include <set>
 #include <sstream>
+#include <stdexcept>
+
+#include "platform/visible_text.h"
+#include "toxic/distance_limits.h"
 
 namespace noldarz {
 
@@ -41,6 +46,7 @@ std::string refusal(const RunRequest& request) {
   const bool ofStudy = !isScript(request);
   if (ofStudy && !request.startFolder.empty()) return "--start goes with a script";
   if (!ofStudy && !request.levels.empty()) return "--levels goes with a study";
+  if (!ofStudy && request.limits) return "--limits goes with a study";
   const std::string fault = faultOfList("--levels", items(request.levels), levelCount, true);
   return fault.empty() ? faultOfList("--density", items(request.densities), ringCount, false) : fault;
 }
@@ -75,6 +81,39 @@ void pressCompute(ScriptSession& session, const std::vector<std::string>& levels
   session.runLine("click comput");
 }
 
+/// The same box, over and over: an input fails alike at every step.
+class GivenUp : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// The boxes of the run, as long as it is worth going on.
+class BoxesOfRun {
+ public:
+  void take(const Json& box) {
+    constexpr int mostInARow = 100'000;
+    messages_.add(box);
+    inARow_ = box == last_ ? inARow_ + 1 : 1;
+    if (inARow_ == 1) last_ = box;
+    if (inARow_ == mostInARow)
+      throw GivenUp(fmt::format("given up: \"{}\" came {} times in a row", box["text"].get<std::string>(), mostInARow));
+  }
+  const Messages& messages() const { return messages_; }
+
+ private:
+  Messages messages_;
+  Json last_;
+  int inARow_ = 0;
+};
+
+/// Takes the limits that the request asks for, and tells where the choice comes from.
+std::string chooseLimits(ScriptSession& session, const RunRequest& request) {
+  const std::array<std::string, 3> key{limitChoice::application, limitChoice::section, limitChoice::key};
+  if (request.limits) session.presetSetting(key, *request.limits == "probit" ? "1" : "0");
+  if (request.limits) return "--limits";
+  return session.system().settings().get(key[0], key[1], key[2]) ? "the user's setting" : "the default";
+}
+
 /// Why there is no valid run, or none in the study; empty when there is.
 std::string faultOfRun(System& system, bool ofStudy) {
   if (!foundMaximum(system.state())) return "no maximum ground concentration or no peak was found";
@@ -103,32 +142,38 @@ std::string addTable(System& system, const std::vector<std::string>& densities, 
 ExitStatus runAndReport(const RunRequest& request, const std::string& version, std::ostream& out, std::ostream& errors,
                         const Folders& folders) {
   const auto report = [&](const std::string& fault, ExitStatus status) {
-    errors << request.target << ": " << fault << '\n';
+    errors << visibleText(request.target + ": " + fault) << '\n';
     return status;
   };
   if (const std::string fault = refusal(request); !fault.empty()) return report(fault, ExitStatus::refused);
   const bool ofStudy = !isScript(request);
   const std::string script = request.target == "-" ? "-" : fs::absolute(request.target).string();
   if (const std::string fault = enterStartFolder(request); !fault.empty()) {
-    errors << fault << '\n';
+    errors << visibleText(fault) << '\n';
     return ExitStatus::refused;
   }
-  Messages messages;
+  BoxesOfRun boxes;
   const auto record = [&](const Json& entry) {
-    if (entry.contains("box")) messages.add(entry["box"]);
+    if (entry.contains("box")) boxes.take(entry["box"]);
   };
   ScriptSession session{record, folders};
   prepareAnswers(session.desktop(), request);
-  if (ofStudy) {
-    session.start();
-    if (!session.system().study())
-      return report(session.system().views().find("reqfrm")->find("reasonlbl")->caption(), ExitStatus::failed);
-    pressCompute(session, items(request.levels));
-  } else if (const ExitStatus status = runScriptFile(session, script, request.target, errors);
-             status != ExitStatus::done) {
-    return status;
+  std::string limitsFrom = "the script";
+  try {
+    if (ofStudy) {
+      limitsFrom = chooseLimits(session, request);
+      session.start();
+      if (!session.system().study())
+        return report(session.system().views().find("reqfrm")->find("reasonlbl")->caption(), ExitStatus::failed);
+      pressCompute(session, items(request.levels));
+    } else if (const ExitStatus status = runScriptFile(session, script, request.target, errors);
+               status != ExitStatus::done) {
+      return status;
+    }
+  } catch (const GivenUp& fault) {
+    return report(fault.what(), ExitStatus::failed);
   }
-  Report printout = reportOf(session.system(), version, request.target, messages);
+  Report printout = reportOf(session.system(), version, request.target, boxes.messages(), limitsFrom);
   std::string fault = faultOfRun(session.system(), ofStudy);
   if (request.table && fault.empty()) fault = addTable(session.system(), items(request.densities), printout);
   out << printed(printout, request.format);

@@ -20,6 +20,8 @@ struct RunRequest {
   std::optional<Reply> answer;
   /// Six levels (ppm), separated by commas, or none; an empty one stays as the run or the chemical has it.
   std::string levels;
+  /// How the limits are found, "probit" or "lethal" (concentration); nothing: by the user's setting.
+  std::optional<std::string> limits;
   /// Whether the report table is printed, and for which population densities (persons/Ha): five, separated by commas, or
   /// none.
   bool table = false;

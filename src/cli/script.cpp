@@ -1,5 +1,7 @@
 #include "cli/script.h"
 
+#include <fmt/format.h>
+
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -8,17 +10,19 @@
 #include "cli/commands.h"
 #include "cli/script_error.h"
 #include "cli/words.h"
+#include "platform/visible_text.h"
 
 namespace noldarz {
 
 namespace {
 
 constexpr std::string_view unreadable = "the file can't be read";
+constexpr int unfolded = 99;  // boxes in a row
 
 ExitStatus refuse(ScriptSession& session, const std::string& name, int line, std::string_view text,
                   std::ostream& errors) {
   session.print({{"error", {{"line", line}, {"text", text}}}});
-  errors << name << ':' << line << ": " << text << '\n';
+  errors << visibleText(fmt::format("{}:{}: {}", name, line, text)) << '\n';
   return ExitStatus::refused;
 }
 
@@ -37,6 +41,7 @@ ScriptSession::ScriptSession(ScriptedDesktop::Record record, Folders folders)
 void ScriptSession::makeSystem() {
   desktop_.forgetFields();
   system_ = std::make_unique<System>(desktop_, folders_);
+  for (const auto& [key, value] : presets_) system_->settings().preset(key[0], key[1], key[2], value);
   desktop_.watchTimers(system_->views());
 }
 
@@ -85,6 +90,25 @@ ExitStatus runScriptFile(ScriptSession& session, const std::string& file, const 
   return lines.is_open() ? runScript(session, lines, name, errors) : refuse(session, name, 0, unreadable, errors);
 }
 
-std::string jsonLine(const Json& object) { return object.dump(-1, ' ', false, Json::error_handler_t::replace) + '\n'; }
+std::string jsonLine(const Json& object) {
+  return escapedText(object.dump(-1, ' ', false, Json::error_handler_t::replace), Escapes::json) + '\n';
+}
+
+void FoldedBoxes::Run::take(const Json& entry) {
+  const bool again = times_ > 0 && entry == last_;
+  if (!again) end();
+  if (entry.contains("box")) {
+    last_ = entry;
+    ++times_;
+  }
+  if (times_ <= unfolded) record_(entry);
+}
+
+void FoldedBoxes::Run::end() {
+  if (const int folded = std::exchange(times_, 0) - unfolded; folded > 0) {
+    last_["times"] = folded;
+    record_(last_);
+  }
+}
 
 }  // namespace noldarz

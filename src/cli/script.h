@@ -2,15 +2,45 @@
 // object a line in the order in which things happen. The commands themselves stand in commands.cpp.
 #pragma once
 
+#include <array>
 #include <filesystem>
 #include <iosfwd>
+#include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "cli/scripted_desktop.h"
 #include "system/system.h"
 
 namespace noldarz {
+
+/// A record in which boxes that are all the same are told one by one up to the 99th in a row, and from the hundredth on as one
+/// entry that counts them: "times".
+class FoldedBoxes {
+ public:
+  explicit FoldedBoxes(ScriptedDesktop::Record record) : run_(std::make_shared<Run>(std::move(record))) {}
+  void operator()(const Json& entry) const { run_->take(entry); }
+
+ private:
+  class Run {
+   public:
+    explicit Run(ScriptedDesktop::Record record) : record_(std::move(record)) {}
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+    ~Run() { end(); }
+    void take(const Json& entry);
+
+   private:
+    void end();
+
+    ScriptedDesktop::Record record_;
+    Json last_;
+    int times_ = 0;
+  };
+
+  std::shared_ptr<Run> run_;  // of all copies
+};
 
 /// The program as a script drives it: a System on a scripted desktop, its main view open on its initial values.
 class ScriptSession {
@@ -26,6 +56,9 @@ class ScriptSession {
   /// Whether the line ended the system: nothing of it is on the screen.
   bool ended() const { return system_->views().open().empty(); }
 
+  /// Gives a setting of the user a value for this session, from its next start on.
+  void presetSetting(std::array<std::string, 3> key, std::string value) { presets_[std::move(key)] = std::move(value); }
+
   System& system() { return *system_; }
   ScriptedDesktop& desktop() { return desktop_; }
   void print(const Json& object) const { record_(object); }
@@ -39,6 +72,7 @@ class ScriptSession {
   std::filesystem::path startFolder_;
   ScriptedDesktop desktop_;
   std::unique_ptr<System> system_;
+  std::map<std::array<std::string, 3>, std::string> presets_;
   bool started_ = false;
 };
 

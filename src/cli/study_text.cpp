@@ -7,32 +7,70 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <istream>
+#include <map>
 #include <optional>
+#include <ostream>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "cli/study_rules.h"
 #include "platform/store/data_link.h"
-#include "platform/store/store_failure.h"
-#include "scenario/queries.h"
+#include "platform/toml_scanner.h"
+#include "platform/visible_text.h"
 
 namespace noldarz {
 
 namespace {
 
-using Source = toml::source_region;
+constexpr std::size_t longestBlock = 4'000'000;  // bytes of a row's text
 
-[[noreturn]] void refuse(const std::string& name, const Source& at, const std::string& text) {
-  throw StudyTextError(fmt::format("{}:{}: {}", name, at.begin.line, text));
-}
+/// A row, or what stands in front of the first one: a text of its own.
+struct Block {
+  std::string text;
+  std::uint32_t firstLine = 1;
+};
 
-std::string_view typeName(ColumnType type) {
-  switch (type) {
-    case ColumnType::text: return "a text";
-    case ColumnType::number: return "a number, or a text that stands in its place";
-    case ColumnType::boolean: return "true or false";
-    case ColumnType::any: break;
+/// Cuts a text where its rows begin, so that a study of any length is read row by row.
+class Blocks {
+ public:
+  Blocks(std::istream& text, const std::string& name) : text_(*text.rdbuf()), name_(name) {}
+
+  /// The next block; nothing behind the last.
+  std::optional<Block> next() {
+    if (text_.sgetc() == end) return {};
+    Block block{"", line_};
+    do {
+      takeLine(block);
+    } while (text_.sgetc() != end && !(scanner_.isBetweenLines() && text_.sgetc() == '['));
+    return block;
   }
-  return "a text or a number";
+
+ private:
+  static constexpr int end = std::char_traits<char>::eof();
+
+  void takeLine(Block& block) {
+    for (int c = text_.sbumpc(); c != end; c = text_.sbumpc()) {
+      block.text += static_cast<char>(c);
+      scanner_.take(static_cast<char>(c));
+      if (block.text.size() > longestBlock || scanner_.isTooDeep())
+        throw StudyTextError(fmt::format(
+            "{}:{}: {}", name_, line_, scanner_.isTooDeep() ? "the text nests too deeply" : "a row is too long"));
+      if (c == '\n') return void(++line_);
+    }
+  }
+
+  std::streambuf& text_;
+  const std::string& name_;
+  TomlScanner scanner_;
+  std::uint32_t line_ = 1;
+};
+
+std::string columnList(const Table& table) {
+  std::string columns;
+  for (const Column& column : table.columns) columns += (columns.empty() ? "" : ", ") + quotedName(column.name);
+  return columns;
 }
 
 /// The value as the column stores it; nothing for a type that it does not take.
@@ -51,93 +89,70 @@ std::optional<Cell> cellOf(const toml::node& node, ColumnType type) {
 
 class Filler {
  public:
-  Filler(const Database& study, const std::string& name) : study_(study), name_(name) {}
+  Filler(const Database& study, const std::string& name) : study_(study), name_(name), rules_(study.layout()) {}
 
-  void fill(const toml::table& text) {
-    for (const auto& [key, node] : text)
-      if (!study_.layout().find(key.str())) refuse(name_, key.source(), fmt::format("unknown table \"{}\"", key.str()));
-    for (const Table& table : study_.layout().tables) {
-      const auto* node = text.get(table.name);
-      if (!node) continue;
-      const auto* rows = node->as_array();
-      if (!rows || !rows->is_homogeneous<toml::table>())
-        refuse(
-            name_, node->source(), fmt::format("\"{0}\" is no list of rows: each begins with [[\"{0}\"]]", table.name));
-      for (const auto& row : *rows) addRow(table, *row.as_table());
-    }
-    requireOneActiveProject(text);
-    requireScenario(text);
+  void fill(std::istream& text) {
+    Blocks blocks{text, name_};
+    while (const auto block = blocks.next()) take(*block);
+    if (const std::string fault = rules_.faultOfStudy(); !fault.empty())
+      throw StudyTextError(fmt::format("{}:1: {}", name_, fault));
   }
 
  private:
+  void take(const Block& block) try {
+    line_ = block.firstLine;
+    for (const auto& [key, node] : toml::parse(block.text)) {
+      const Table* table = study_.layout().find(key.str());
+      if (!table) refuse(key.source().begin.line, fmt::format("unknown table \"{}\"", key.str()));
+      const auto* rows = node.as_array();
+      if (!rows || !rows->is_array_of_tables())
+        refuse(node.source().begin.line,
+               fmt::format("\"{0}\" is no list of rows: each begins with [[\"{0}\"]]", table->name));
+      for (const auto& row : *rows) addRow(*table, *row.as_table());
+    }
+  } catch (const toml::parse_error& error) {
+    refuse(error.source().begin.line, std::string{error.description()});
+  }
+
   void addRow(const Table& table, const toml::table& row) {
-    std::string names;
-    std::string places;
-    std::vector<Cell> cells;
+    std::vector<Cell> cells(table.columns.size());
     for (const auto& [key, node] : row) {
       const Column* column = table.find(key.str());
       if (!column)
-        refuse(name_, key.source(), fmt::format("unknown column \"{}\" of table \"{}\"", key.str(), table.name));
+        refuse(key.source().begin.line, fmt::format("unknown column \"{}\" of table \"{}\"", key.str(), table.name));
       const auto cell = cellOf(node, column->type);
       if (!cell)
-        refuse(name_,
-               node.source(),
+        refuse(node.source().begin.line,
                fmt::format("column \"{}\" of table \"{}\" takes {}", key.str(), table.name, typeName(column->type)));
-      names += (names.empty() ? "" : ", ") + quotedName(key.str());
-      places += places.empty() ? "?" : ", ?";
-      cells.push_back(*cell);
+      cells[static_cast<std::size_t>(column - table.columns.data())] = *cell;
     }
-    requireKey(table, row);
-    if (cells.empty()) refuse(name_, row.source(), fmt::format("a row of table \"{}\" is empty", table.name));
-    Statement statement{study_, fmt::format("INSERT INTO {} ({}) VALUES ({})", quotedName(table.name), names, places)};
-    for (std::size_t i = 0; i < cells.size(); ++i) statement.bind(static_cast<int>(i) + 1, cells[i]);
-    try {
-      statement.step();
-    } catch (const StoreFailure& failure) {
-      if (failure.reason() != FailureNumber::duplicateKey) throw;
-      refuse(name_, row.source(), fmt::format("table \"{}\" holds a row with this key already", table.name));
-    }
+    if (const std::string fault = rules_.faultOfRow(table, cells); !fault.empty())
+      refuse(row.source().begin.line, fmt::format("a row of table \"{}\" {}", table.name, fault));
+    Statement& insertion = insertionInto(table);
+    for (std::size_t i = 0; i < cells.size(); ++i) insertion.bind(static_cast<int>(i) + 1, cells[i]);
+    insertion.step();
+    insertion.reset();
   }
 
-  void requireKey(const Table& table, const toml::table& row) {
-    for (const auto column : table.key) {
-      const auto* node = row.get(column);
-      const std::string value = node ? node->value_or(std::string{}) : "";
-      if (value.empty())
-        refuse(name_, row.source(), fmt::format("a row of table \"{}\" lacks its key \"{}\"", table.name, column));
-      requirePlain(table.name, column, value, row.source());
-    }
+  Statement& insertionInto(const Table& table) {
+    const auto known = insertions_.find(table.name);
+    if (known != insertions_.end()) return known->second;
+    std::string places;
+    for (std::size_t i = 0; i < table.columns.size(); ++i) places += i == 0 ? "?" : ", ?";
+    const std::string text =
+        fmt::format("INSERT INTO {} ({}) VALUES ({})", quotedName(table.name), columnList(table), places);
+    return insertions_.try_emplace(table.name, study_, text).first->second;
   }
 
-  void requirePlain(std::string_view table, std::string_view column, const std::string& value, const Source& at) {
-    if (const std::string fault = faultOfName(value); !fault.empty())
-      refuse(name_, at, fmt::format("\"{}\" in column \"{}\" of table \"{}\" {}", value, column, table, fault));
-  }
-
-  void requireScenario(const toml::table& text) {
-    const auto* scenarios = text["scenr1"].as_array();
-    if (!scenarios || scenarios->empty())
-      refuse(name_, text.source(), "no working scenario: table \"scenr1\" has no row");
-    const toml::table& scenario = *scenarios->get(0)->as_table();
-    requirePlain("scenr1", "scenariotxt", scenario["scenariotxt"].value_or(std::string{}), scenario.source());
-  }
-
-  void requireOneActiveProject(const toml::table& text) {
-    const auto* projects = text["dsptbl-1"].as_array();
-    int active = 0;
-    for (std::size_t i = 0; projects && i < projects->size(); ++i) {
-      const toml::table& project = *projects->get(i)->as_table();
-      if (!project["actvproj"].value_or(false)) continue;
-      if (++active > 1)
-        refuse(
-            name_, project.source(), "two projects are active: only one row of table \"dsptbl-1\" has actvproj = true");
-    }
-    if (active == 0)
-      refuse(name_, text.source(), "no project is active: one row of table \"dsptbl-1\" needs actvproj = true");
+  [[noreturn]] void refuse(std::uint32_t lineOfBlock, const std::string& text) {
+    throw StudyTextError(fmt::format("{}:{}: {}", name_, line_ + lineOfBlock - 1, text));
   }
 
   const Database& study_;
   const std::string& name_;
+  StudyRules rules_;
+  std::map<std::string_view, Statement> insertions_;
+  std::uint32_t line_ = 1;  // where the block begins
 };
 
 /// A text in quotes, with what TOML does not take in one escaped.
@@ -156,70 +171,93 @@ std::string quotedText(std::string_view text) {
     else
       quoted += c;
   }
-  return quoted + '"';
+  return escapedText(quoted + '"', Escapes::toml);
 }
 
-/// The shortest text that reads back as the number; a whole number of a number column without a point.
+/// The shortest text that reads back as the number. A whole number has a point where without it the text would be another
+/// kind of number, or none.
 std::string numberText(double value, ColumnType type) {
+  constexpr double endOfWholeNumbers = 9.2e18;
   std::array<char, 32> buffer{};
   const auto end = std::to_chars(buffer.begin(), buffer.end(), value).ptr;
   std::string text(buffer.begin(), end);
   const bool whole = text.find_first_not_of("-0123456789") == std::string::npos;
-  return whole && type == ColumnType::any ? text + ".0" : text;
+  const bool needsPoint = type == ColumnType::any || std::abs(value) > endOfWholeNumbers;
+  return whole && needsPoint ? text + ".0" : text;
 }
 
-/// The value as the text has it; nothing for one that a text can't have: no truth value, no finite number.
-std::optional<std::string> cellText(const Cell& cell, ColumnType type) {
-  const auto* real = std::get_if<double>(&cell);
+/// The value as the text has it.
+std::string cellText(const Cell& cell, ColumnType type) {
   const bool isText = std::holds_alternative<std::string>(cell);
-  if ((real && !std::isfinite(*real)) || (type == ColumnType::boolean && isText)) return {};
   if (type == ColumnType::boolean) return isTrue(cell) ? "true" : "false";
-  if (const auto* text = std::get_if<std::string>(&cell)) return quotedText(*text);
-  if (const auto* number = std::get_if<double>(&cell)) return numberText(*number, type);
+  if (isText || type == ColumnType::text) return quotedText(textOf(cell));
+  if (type == ColumnType::number || std::holds_alternative<double>(cell)) return numberText(numberOf(cell), type);
   return textOf(cell);
 }
 
-void appendCell(std::string& text, const Database& study, const Table& table, const Column& column, const Cell& cell) {
-  if (holdsNothing(cell)) return;
-  const auto value = cellText(cell, column.type);
-  const bool isText = std::holds_alternative<std::string>(cell);
-  if (!value)
-    throw StoreFailure(FailureNumber::typeMismatch,
-                       fmt::format("{} holds \"{}\" in column \"{}\" of table \"{}\", which takes {}",
-                                   study.file().string(),
-                                   isText ? textOf(cell) : "no finite number",
-                                   column.name,
-                                   table.name,
-                                   typeName(column.type)));
-  text += fmt::format("{} = {}\n", column.name, *value);
+/// The rows of a table, their cells in the order of the layout.
+class TableRows {
+ public:
+  TableRows(const Database& study, const Table& table)
+      : statement_(study, fmt::format("SELECT {} FROM {} ORDER BY rowid", columnList(table), quotedName(table.name))),
+        cells_(table.columns.size()) {}
+
+  /// Goes to the next row, from 1; 0 behind the last.
+  int next() {
+    if (!statement_.step()) return 0;
+    for (std::size_t i = 0; i < cells_.size(); ++i) cells_[i] = statement_.cell(static_cast<int>(i));
+    return ++number_;
+  }
+  const std::vector<Cell>& cells() const { return cells_; }
+  /// The first column that holds bytes and no value; -1 when none does.
+  int bytesAt() const {
+    for (int i = 0; i < static_cast<int>(cells_.size()); ++i)
+      if (statement_.isBlob(i)) return i;
+    return -1;
+  }
+
+ private:
+  Statement statement_;
+  std::vector<Cell> cells_;
+  int number_ = 0;
+};
+
+void writeRow(std::ostream& out, const Table& table, const std::vector<Cell>& cells) {
+  const bool bare = table.name.find('-') == std::string_view::npos;
+  std::string text = fmt::format("[[{}]]\n", bare ? std::string{table.name} : quotedName(table.name));
+  for (std::size_t i = 0; i < cells.size(); ++i)
+    if (!holdsNothing(cells[i]))
+      text += fmt::format("{} = {}\n", table.columns[i].name, cellText(cells[i], table.columns[i].type));
+  out << text;
 }
 
 }  // namespace
 
-void fillStudy(const Database& study, const std::string& text, const std::string& name) try {
-  const toml::table table = toml::parse(text);
-  study.transact([&] { Filler{study, name}.fill(table); });
-} catch (const toml::parse_error& error) {
-  refuse(name, error.source(), std::string{error.description()});
-}
+void fillStudy(const Database& study, std::istream& text, const std::string& name) { Filler{study, name}.fill(text); }
 
-std::string studyText(const std::shared_ptr<Database>& study) {
-  std::string text;
-  for (const Table& table : study->layout().tables) {
-    std::string columns;
-    for (const Column& column : table.columns) columns += (columns.empty() ? "" : ", ") + quotedName(column.name);
-    Recordset rows{study,
-                   fmt::format("SELECT {} FROM {} ORDER BY rowid", columns, quotedName(table.name)),
-                   Recordset::Access::read};
-    const bool bare = table.name.find('-') == std::string_view::npos;
-    for (; !rows.eof(); rows.moveNext()) {
-      text +=
-          (text.empty() ? "" : "\n") + fmt::format("[[{}]]\n", bare ? std::string{table.name} : quotedName(table.name));
-      for (std::size_t i = 0; i < table.columns.size(); ++i)
-        appendCell(text, *study, table, table.columns[i], rows.value(static_cast<int>(i)));
+std::string faultOfRows(const Database& study) {
+  StudyRules rules{study.layout()};
+  for (const Table& table : study.layout().tables) {
+    TableRows rows{study, table};
+    while (const int number = rows.next()) {
+      std::string fault = rules.faultOfRow(table, rows.cells());
+      if (const int column = rows.bytesAt(); column >= 0)
+        fault = fmt::format("holds bytes in column \"{}\"", table.columns[static_cast<std::size_t>(column)].name);
+      if (!fault.empty()) return fmt::format("row {} of table \"{}\" {}", number, table.name, fault);
     }
   }
-  return text;
+  return rules.faultOfStudy();
+}
+
+void writeStudy(const Database& study, std::ostream& out) {
+  bool first = true;
+  for (const Table& table : study.layout().tables) {
+    TableRows rows{study, table};
+    while (rows.next() > 0) {
+      if (!std::exchange(first, false)) out << '\n';
+      writeRow(out, table, rows.cells());
+    }
+  }
 }
 
 }  // namespace noldarz

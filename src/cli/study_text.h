@@ -2,7 +2,7 @@
 // Written in the order of the layout, so that the same study is the same text.
 #pragma once
 
-#include <memory>
+#include <iosfwd>
 #include <stdexcept>
 #include <string>
 
@@ -16,12 +16,14 @@ class StudyTextError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Fills an empty study from the text, in one change. Throws StudyTextError for a text that is no TOML, an unknown table or
-/// column, a value of the wrong type, a key that is missing, doubled or holds a single quote, no or two active projects, no
-/// working scenario. `name`: of the file, for errors.
-void fillStudy(const Database& study, const std::string& text, const std::string& name);
+/// Fills an empty study from the text, row by row. Throws StudyTextError for a text that is no TOML, an unknown table or
+/// column, a value of the wrong type, and what StudyRules finds. `name`: of the file, for errors.
+void fillStudy(const Database& study, std::istream& text, const std::string& name);
 
-/// The study as a text. A cell without a value is left out.
-std::string studyText(const std::shared_ptr<Database>& study);
+/// Why the study can't come back from its text: row, table and what StudyRules finds; empty when it can.
+std::string faultOfRows(const Database& study);
+
+/// Writes a study without such a fault as a text. A cell without a value is left out.
+void writeStudy(const Database& study, std::ostream& out);
 
 }  // namespace noldarz

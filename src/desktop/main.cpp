@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QIcon>
+#include <csignal>
 #include <filesystem>
 #include <iostream>
 
@@ -36,6 +37,7 @@ void answerWithoutScreen(QCommandLineParser& parser, int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow is an error of the write
   QApplication::setApplicationName("noldarz");
   QApplication::setApplicationVersion(NOLDARZ_VERSION);
   QApplication::setDesktopFileName("noldarz");

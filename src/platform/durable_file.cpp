@@ -1,6 +1,7 @@
 #include "platform/durable_file.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -16,6 +17,9 @@ namespace noldarz {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr std::string_view mark{".new-"};  // behind the name of the target, in front of random letters
+constexpr std::size_t randomLetters = 6;
 
 [[noreturn]] void failed(const char* action, const fs::path& path) {
   throw fs::filesystem_error(action, path, std::error_code{errno, std::generic_category()});
@@ -35,22 +39,48 @@ void bringToDisk(const fs::path& path) {
 }  // namespace
 
 NewFile::NewFile(fs::path target) : target_(std::move(target)) {
-  std::string name = target_.string() + ".XXXXXX";
-  const int handle = mkstemp(name.data());
-  if (handle < 0) failed("can't be made", target_);
-  path_ = name;
+  sweep();
+  make();
   struct stat old {};
   const mode_t mask = umask(0);
   umask(mask);
   const mode_t mode = stat(target_.c_str(), &old) == 0 ? old.st_mode & 0777U : 0666U & ~mask;
-  const int result = fchmod(handle, mode);
-  close(handle);
-  if (result != 0) failed("can't be made", target_);
+  fchmod(handle_, mode);  // a file system that has no modes gives each file its own
 }
 
 NewFile::~NewFile() {
   std::error_code error;
   if (!path_.empty()) fs::remove(path_, error);
+  close(handle_);
+}
+
+void NewFile::make() {
+  for (;;) {
+    std::string name = target_.string() + std::string{mark} + std::string(randomLetters, 'X');
+    handle_ = mkostemp(name.data(), O_CLOEXEC);
+    if (handle_ < 0) failed("can't be made", target_);
+    flock(handle_, LOCK_EX);  // tells others that somebody works on it
+    struct stat status {};
+    path_ = name;
+    if (fstat(handle_, &status) == 0 && status.st_nlink > 0) return;
+    close(handle_);  // another process has swept it before it was locked
+  }
+}
+
+void NewFile::sweep() const {
+  const std::string beginning = target_.filename().string() + std::string{mark};
+  std::error_code error;
+  for (const auto& entry : fs::directory_iterator(folderOf(target_), error)) {
+    const std::string name = entry.path().filename().string();
+    if (name.size() != beginning.size() + randomLetters || !name.starts_with(beginning)) continue;
+    const int handle = open(entry.path().c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    if (handle < 0) continue;
+    struct stat status {};
+    const bool abandoned =
+        fstat(handle, &status) == 0 && S_ISREG(status.st_mode) && flock(handle, LOCK_EX | LOCK_NB) == 0;
+    if (abandoned) fs::remove(entry.path(), error);
+    close(handle);
+  }
 }
 
 void NewFile::putInPlace(Existing existing) {

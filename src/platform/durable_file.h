@@ -7,7 +7,8 @@
 
 namespace noldarz {
 
-/// A file beside `target` that is being filled. It is removed at the end of its life unless it was put in place.
+/// A file beside `target` that is being filled. It is removed at the end of its life unless it was put in place; one that a
+/// killed process has left is removed by the next.
 class NewFile {
  public:
   /// Makes the file, empty. Throws std::filesystem::filesystem_error when the folder doesn't take it.
@@ -24,8 +25,13 @@ class NewFile {
   void putInPlace(Existing existing);
 
  private:
+  void make();
+  /// Removes what killed processes have left.
+  void sweep() const;
+
   std::filesystem::path target_;
   std::filesystem::path path_;
+  int handle_ = -1;
 };
 
 /// Replaces the file by the bytes. Throws std::filesystem::filesystem_error; the file is then the old or the new one.

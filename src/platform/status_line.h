@@ -9,6 +9,7 @@
 #include "platform/failure.h"
 #include "platform/field.h"
 #include "platform/store/store_failure.h"
+#include "platform/visible_text.h"
 
 namespace noldarz {
 
@@ -69,7 +70,7 @@ class StatusLine {
   }
 
  private:
-  void show() { field_.setCaption(joined(happened(), advice_)); }
+  void show() { field_.setCaption(visibleText(joined(happened(), advice_))); }
   std::string held() const {
     std::string all;
     for (const auto& [keeper, text] : held_) all = joined(all, text);

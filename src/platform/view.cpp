@@ -26,9 +26,15 @@ void View::on(Field& field, Event event, Rule rule) {
 }
 
 void View::fire(Field& field, Event event) {
+  const Views::Act act{views_};
   if (event == Event::lostFocus) field.setFault({});       // its rule tells what still is
   for (std::size_t i = 0; i < subscriptions_.size(); ++i)  // by index: a rule may subscribe another
     if (subscriptions_[i].field == &field && subscriptions_[i].event == event) subscriptions_[i].rule();
+}
+
+void View::run(const std::vector<Rule>& rules) const {
+  const Views::Act act{views_};
+  for (const auto& rule : rules) rule();
 }
 
 void View::load() {

@@ -94,9 +94,7 @@ class View {
     for (const auto& observer : observers_) observer(field, property);
   }
   void textChanged() { ++textRevision_; }
-  void run(const std::vector<Rule>& rules) const {
-    for (const auto& rule : rules) rule();
-  }
+  void run(const std::vector<Rule>& rules) const;
 
   struct Subscription {
     Field* field;
@@ -135,8 +133,25 @@ class Views {
   /// The visible view in front; null when there is none.
   View* front() const;
 
+  /// Each time an act begins: an event of the user or of a timer, with all that its rules set off.
+  void onAct(std::function<void()> rule) { actBegins_ = std::move(rule); }
+
  private:
   friend class View;
+  /// While one lives, an act.
+  class Act {
+   public:
+    explicit Act(Views& views) : views_(views) {
+      if (views_.acts_++ == 0 && views_.actBegins_) views_.actBegins_();
+    }
+    Act(const Act&) = delete;
+    Act& operator=(const Act&) = delete;
+    ~Act() { --views_.acts_; }
+
+   private:
+    Views& views_;
+  };
+
   void raise(View& view);
   void remove(const View& view);
   /// Tells the view that has come to the front.
@@ -145,6 +160,8 @@ class Views {
   std::vector<View*> all_;
   std::vector<View*> stack_;
   View* frontBefore_ = nullptr;
+  std::function<void()> actBegins_;
+  int acts_ = 0;
 };
 
 }  // namespace noldarz

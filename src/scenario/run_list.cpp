@@ -6,6 +6,7 @@
 #include <limits>
 #include <tuple>
 
+#include "platform/store/any_case.h"
 #include "scenario/row_inputs.h"
 
 namespace noldarz {
@@ -58,7 +59,7 @@ void RunList::fill(const Trap& skipping) {
 
 void RunList::showDetails() {
   if (!links_.dt2a.database() || runs_.empty()) return;
-  Recordset rows{links_.dt2a.database(), queries_.runDetails(), Recordset::Access::read};
+  Recordset rows{links_.dt2a.database(), comparingAnyCase(queries_.runDetails()), Recordset::Access::read};
   const auto text = [&](const std::string& column) { return textOf(rows.value(column)); };
   std::vector<EntryDetail> details;
   for (; !rows.eof(); rows.moveNext()) {

@@ -100,6 +100,8 @@ bool StartUp::openStudy() {
   step([&] { links_.dt2.refresh(); });
   // A name that can't be looked up is no missing file.
   if (fault.empty()) status_.skipping().step([&] { queries_.use(links_.dt3, &Queries::buildQryDisp, state_.qryDisp); });
+  if (const auto study = links_.dt2.database(); study && !study->foreign().empty())
+    status_.hold("schema", "The study is read only: it holds " + study->foreign() + ".");
   step([&] { fields.scnrotxtlbl.setText(fields.scnrotxt.text()); });
   if (!fault.empty()) requiredFiles_.open(main_.view, fault);
   return fault.empty();

@@ -47,6 +47,7 @@ System::System(Desktop& desktop, Folders folders, const Effects* effects)
       requiredFiles_(views_, state_, folders_, desktop),
       startUp_(views_, main_, state_, links_, queries_, probit_, requiredFiles_, folders_, settings_, desktop,
                status_) {
+  views_.onAct([this] { databases_.beginAct(); });
   wire();
 }
 

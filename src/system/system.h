@@ -47,7 +47,7 @@ class System {
   PlumeModel& plume() { return plume_; }
   LimitSearch& limitSearch() { return limitSearch_; }
   const Progress& progress() const { return progress_; }
-  const Settings& settings() const { return settings_; }
+  Settings& settings() { return settings_; }
   const StatusLine& status() const { return status_; }
   /// The study, null when none is open.
   std::shared_ptr<Database> study() const { return links_.dt1.database(); }

@@ -2,6 +2,7 @@
 # The command line as a process: exit status, standard output and standard error.
 set -u
 cli=$1
+studies=$(cd "$(dirname "$0")/../../examples/studies" && pwd)
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cd "$folder" || exit 1
@@ -50,5 +51,13 @@ if [ -w /dev/full ]; then
   "$cli" script - <in >/dev/full 2>err
   [ $? = 1 ] || { echo "a full disk was not reported"; failures=$((failures + 1)); }
 fi
+
+# So is a limit on the size of files, in the study and in the output: no signal's death, nothing left behind.
+study=$studies/lpg.toml
+(ulimit -f 8; "$cli" study create limited.mdb --from "$study" 2>err)
+[ $? = 2 ] && [ -z "$(ls limited* 2>/dev/null)" ] || { echo "a limit on files: $(cat err; ls limited*)"; failures=$((failures + 1)); }
+"$cli" study create sound.mdb --from "$study" 2>/dev/null
+(ulimit -f 1; "$cli" study export sound.mdb >out 2>/dev/null)
+[ $? = 1 ] || { echo "a limit on files was not reported"; failures=$((failures + 1)); }
 
 [ "$failures" = 0 ]

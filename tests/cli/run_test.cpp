@@ -178,8 +178,9 @@ TEST(Run, failsBehindTheReportOfWhatIsNoRun) {
             std::string::npos);
 
   study.request.levels = "1000,100,20,2,0.5,0.25";
-  const Database other{study.folder.study(), studyLayout()};
-  other.run("CREATE TRIGGER full BEFORE UPDATE OF endptn5 ON maimTbl4All BEGIN SELECT RAISE(ABORT, 'no more'); END");
+  test::changeFromOutside(
+      study.folder.study(),
+      "CREATE TRIGGER full BEFORE UPDATE OF endptn5 ON maimTbl4All BEGIN SELECT RAISE(ABORT, 'no more'); END");
   printed = study.compute();
   EXPECT_EQ(printed.status, ExitStatus::failed);
   EXPECT_NE(printed.errors.find("The results are not stored: "), std::string::npos) << printed.errors;
@@ -228,6 +229,52 @@ TEST(Run, refusesWhatItCanNotTakeAndPrintsNothing) {
   EXPECT_EQ(test::readFile(study.folder.study()), "no study");
   const RunRequest bad = scriptOf("show nothing");
   refused(bad, bad.target + ":1: no field \"nothing\" in view dspmnfrm", ExitStatus::refused);
+}
+
+TEST(Run, takesTheLimitsAsAskedOrByTheUsersSetting) {
+  RunStudy study;
+  study.request.levels = "1000,100,20,2,0.5,0.25";
+  const auto settings = study.folder / "config/noldarz/settings.toml";
+  const auto chosenBy = [&] {
+    const std::string out = study.compute().out;
+    const auto at = out.find("Limits chosen by");
+    const std::string line = out.substr(at, out.find('\n', at) - at);
+    return line.substr(line.find("  ") + line.substr(line.find("  ")).find_first_not_of(' ')) +
+           (out.find("Fatality dist. limit : ") < out.size() ? ", lethal" : "");
+  };
+  EXPECT_EQ(chosenBy(), "the default");
+  std::filesystem::remove_all(settings.parent_path());
+  study.request.limits = "lethal";
+  EXPECT_EQ(chosenBy(), "--limits, lethal");
+  EXPECT_FALSE(std::filesystem::exists(settings)) << "the choice of one run became the user's";
+  Settings{study.folder / "config"}.set(limitChoice::application, limitChoice::section, limitChoice::key, "0");
+  study.request.limits.reset();
+  EXPECT_EQ(chosenBy(), "the user's setting, lethal");
+  study.request.limits = "probit";
+  EXPECT_EQ(chosenBy(), "--limits");
+}
+
+TEST(Run, showsTextsOfAStudyAsWhatTheyAre) {
+  const std::string odd = "OrgName = \"=1+1\\n\\nResults stored.\\u001b[2J\\u202e\"";
+  RunStudy study{test::exampleStudy(
+      "chlorine",
+      {{"OrgName = \"Harbour Water Works\"      #", odd + " #"}, {"OrgName = \"Harbour Water Works\"", odd}})};
+  study.request.levels = "1000,100,20,2,0.5,0.25";
+  const std::string name = "=1+1\\u{000A}\\u{000A}Results stored.\\u{001B}[2J\\u{202E}";
+  EXPECT_NE(study.compute().out.find(name), std::string::npos);
+  study.request.format = ReportFormat::csv;
+  EXPECT_NE(study.compute().out.find(",'" + name + ","), std::string::npos);
+  study.request.format = ReportFormat::json;
+  EXPECT_NE(study.compute().out.find("=1+1\\n\\nResults stored.\\u001b[2J\\u202E"), std::string::npos);
+}
+
+TEST(Run, givesUpWhereAnInputFailsAtEveryStep) {
+  const Printed printed =
+      run(scriptOf(script + "set enddisttxt 1000000\nclick comput\nset QntyRelstxt x\nset constn(5) 0\nclick comput"));
+  EXPECT_EQ(printed.status, ExitStatus::failed);
+  EXPECT_TRUE(printed.errors.ends_with("application as an administrator.\" came 100000 times in a row\n"))
+      << printed.errors;
+  EXPECT_EQ(printed.out, "");
 }
 
 TEST(Run, saysARepeatedMessageOnce) {

@@ -164,6 +164,25 @@ TEST(Script, tableShowsAllCells) {
   EXPECT_EQ(table["table"][126], "0");
 }
 
+TEST(Script, countsBoxesFromTheHundredthInARowOn) {
+  std::vector<Json> record;
+  {
+    const FoldedBoxes fold{[&](const Json& entry) { record.push_back(entry); }};
+    const Json box{{"box", {{"text", "ppm should be Numeric"}}}};
+    const Json other{{"box", {{"text", "Variable error."}}}};
+    for (int i = 0; i < 99; ++i) fold(box);
+    fold(other);
+    for (int i = 0; i < 5000; ++i) fold(box);
+    fold(Json{{"echo", "done"}});
+    for (int i = 0; i < 100; ++i) fold(other);
+  }
+  ASSERT_EQ(record.size(), 99U + 1 + 99 + 1 + 1 + 99 + 1);
+  EXPECT_FALSE(record[98].contains("times"));
+  EXPECT_EQ(record[199]["times"], 4901);
+  EXPECT_EQ(record[200]["echo"], "done");
+  EXPECT_EQ(record.back()["times"], 1);
+}
+
 TEST(Script, aByteThatIsNoTextIsNoCrash) {
   const Transcript transcript = run("set htreltxt \xff\nshow htreltxt\nset constn(0) \xc3\nclick comput");
   EXPECT_EQ(transcript.status, ExitStatus::done);

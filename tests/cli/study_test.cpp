@@ -2,11 +2,16 @@
 
 #include "cli/study.h"
 
+#include <fcntl.h>
+#include <fmt/format.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <algorithm>
+#include <csignal>
 #include <random>
 
+#include "platform/settings.h"
 #include "platform/store/store_failure.h"
 #include "support/process.h"
 #include "support/test_study.h"
@@ -89,21 +94,24 @@ TEST(Study, isRefusedWithFileLineAndName) {
        "1: no project is active: one row of table \"dsptbl-1\" needs actvproj = true"},
       {"[[Orgtn]]",
        "[[\"dsptbl-1\"]]\nOrgName = \"B\"\nrefNo = \"2\"\nactvproj = true\n[[Orgtn]]",
-       "15: two projects are active: only one row of table \"dsptbl-1\" has actvproj = true"},
+       "15: a row of table \"dsptbl-1\" is a second active project: only one has actvproj = true"},
       {"[[Disptbl]]",
        "[[Disptbl]]\nrefNo = \"hw-1\"\n[[Disptbl]]",
-       "53: table \"Disptbl\" holds a row with this key already"},
+       "53: a row of table \"Disptbl\" has the key of another one, \"HW-1\""},
       {"OrgName = \"Harbour Water Works\"      #",
        "baseAng = 0 #",
        "7: a row of table \"Orgtn\" lacks its key \"OrgName\""},
       {"refNo = \"HW-1\"\nhtrel", "htrel", "51: a row of table \"Disptbl\" lacks its key \"refNo\""},
       {"refNo = \"HW-1\"\nhtrel",
        "refNo = \"O'B\"\nhtrel",
-       "51: \"O'B\" in column \"refNo\" of table \"Disptbl\" holds a single quote ('), which the study does not take"},
+       "51: a row of table \"Disptbl\" holds \"O'B\" in column \"refNo\", and it holds a single quote ('), which the "
+       "study "
+       "does not take"},
       {"scenariotxt = \"Torn transfer hose\"",
        "scenariotxt = \"3' pipe\"",
-       "39: \"3' pipe\" in column \"scenariotxt\" of table \"scenr1\" holds a single quote ('), which the study does "
-       "not take"},
+       "39: a row of table \"scenr1\" holds \"3' pipe\" in column \"scenariotxt\", and it holds a single quote ('), "
+       "which "
+       "the study does not take"},
       {"[[Disptbl]]", "[Disptbl]", "51: \"Disptbl\" is no list of rows: each begins with [[\"Disptbl\"]]"},
   };
   for (const auto& [from, to, fault] : cases) {
@@ -168,15 +176,139 @@ TEST(Study, isNotReplacedUnderAProgramThatWrites) {
 TEST(Study, isNotExportedWhereATextCannotHoldIt) {
   const TestFolder folder;
   for (const auto& [change, what] : std::map<std::string, std::string>{
-           {"UPDATE Disptbl SET htrel = 9e999", "\"no finite number\" in column \"htrel\""},
-           {"UPDATE [dsptbl-1] SET actvproj = 'yes'", "\"yes\" in column \"actvproj\""}}) {
+           {"UPDATE Disptbl SET htrel = 9e999", "Disptbl\" holds no finite number in column \"htrel\""},
+           {"UPDATE [dsptbl-1] SET actvproj = 'yes'", "dsptbl-1\" holds \"yes\" in column \"actvproj\""}}) {
     test::makeStudy(folder.study(), exampleStudy("chlorine"));
-    Database{folder.study(), studyLayout()}.run(change);
+    test::changeFromOutside(folder.study(), change);
     std::ostringstream out;
     std::ostringstream errors;
     EXPECT_EQ(exportStudy(folder.study(), out, errors), ExitStatus::refused);
-    EXPECT_NE(errors.str().find(folder.study().string() + " holds " + what), std::string::npos) << errors.str();
+    EXPECT_NE(errors.str().find(folder.study().string() + ": row 1 of table \"" + what), std::string::npos)
+        << errors.str();
     EXPECT_EQ(out.str(), "");
+  }
+}
+
+/// Puts an odd value into some cell, as another program may.
+std::string oddChange(std::mt19937& random) {
+  const auto below = [&](std::size_t end) { return std::uniform_int_distribution<std::size_t>{0, end - 1}(random); };
+  constexpr const char* values[]{"9223372036854775807",
+                                 "9223372036854775808.0",
+                                 "-1e19",
+                                 "1e300",
+                                 "-0.0",
+                                 "0.1",
+                                 "5",
+                                 "'5'",
+                                 "''",
+                                 "NULL",
+                                 "'ÄÖ\u202e'",
+                                 "char(27, 10, 9, 127, 0x85, 0x202e, 0xe0001)",
+                                 "x'00ff'",
+                                 "CAST(x'ff' AS TEXT)",
+                                 "CAST(x'610062' AS TEXT)",
+                                 "'O''Brien'",
+                                 "9e999",
+                                 "'N.A.'",
+                                 "'\"\\'"};
+  const Table& table = studyLayout().tables[below(studyLayout().tables.size())];
+  return fmt::format("UPDATE \"{}\" SET \"{}\" = {}",
+                     table.name,
+                     table.columns[below(table.columns.size())].name,
+                     values[below(std::size(values))]);
+}
+
+TEST(Study, comesBackFromItsExportWheneverItIsSound) {
+  const TestFolder folder;
+  const std::string rows =
+      "\n[[maimTbl4All]]\nOrgName = \"A\"\nrefNo = \"1\"\nscenariotxt = \"a\"\nScenarioOptn = \"x\"\n"
+      "[[poplatndnstytbl]]\nrefNo = \"1\"\n";
+  std::mt19937 random{5};
+  int sound = 0;
+  for (int i = 0; i < 1000; ++i) {
+    ASSERT_EQ(test::makeStudy(folder.study(), exampleStudy("ammonia") + rows), "");
+    std::string changes;
+    for (int change = 0; change <= i % 4; ++change) changes += oddChange(random) + ";";
+    test::changeFromOutside(folder.study(), changes);
+    std::ostringstream out;
+    std::ostringstream errors;
+    const bool isSound = checkStudy(folder.study(), out, errors) == ExitStatus::done;
+    std::ostringstream text;
+    EXPECT_EQ(exportStudy(folder.study(), text, errors) == ExitStatus::done, isSound) << changes << errors.str();
+    EXPECT_EQ(text.str().empty(), !isSound) << changes;
+    if (!isSound) continue;
+    ++sound;
+    ASSERT_EQ(test::makeStudy(folder / "again.mdb", text.str()), "") << changes;
+    EXPECT_EQ(exported(folder / "again.mdb"), text.str()) << changes;
+  }
+  EXPECT_GT(sound, 300);
+  EXPECT_LT(sound, 900);
+}
+
+TEST(Study, isRefusedWhereItsTextNestsTooDeeply) {
+  const TestFolder folder;
+  std::filesystem::create_directories(folder / "config/noldarz");
+  std::string names = "a";
+  for (int i = 0; i < 40000; ++i) names += ".a";
+  for (const std::string& text : {names + " = 1\n", "a = " + std::string(40000, '['), "[" + names + "]\n"}) {
+    const std::string reported = test::makeStudy(folder.study(), text);
+    EXPECT_TRUE(reported.ends_with(":1: the text nests too deeply\n")) << reported.substr(0, 200);
+    writeFile(folder / "config/noldarz/settings.toml", text);
+    EXPECT_EQ(Settings{folder / "config"}.get("a", "a", "a"), std::nullopt);
+  }
+}
+
+TEST(Study, isCutIntoRowsOutsideOfStringsOnly) {
+  const TestFolder folder;
+  const std::string head = exampleStudy("lpg");
+  const std::string rows = R"toml(
+[[scenr1]]
+refno = """
+[[scenr1]] \""" " '''
+"""
+[[scenr1]] # [[x]] "
+refno = '''
+[[scenr1]] ""
+'''
+[[scenr1]]
+refno = 'C:\' # [
+[[scenr1]]
+)toml";
+  EXPECT_EQ(test::makeStudy(folder.study(), head + rows),
+            folder.study().string() + ".toml:" + std::to_string(std::count(head.begin(), head.end(), '\n') + 12) +
+                ": a row of table \"scenr1\" is empty\n");
+}
+
+TEST(Study, leavesNothingBehindWhenItIsKilled) {
+  const TestFolder folder;
+  const std::string source = folder / "endless.toml";
+  ASSERT_EQ(mkfifo(source.c_str(), 0600), 0);
+  const pid_t maker = test::inProcess([&] {
+    std::ostringstream errors;
+    createStudy(folder.study(), source, false, errors);
+    return 0;
+  });
+  const int text = open(source.c_str(), O_WRONLY);  // until it reads
+  for (int i = 0; i < 500 && std::filesystem::is_empty(folder / "data"); ++i) usleep(10000);
+  EXPECT_FALSE(std::filesystem::is_empty(folder / "data"));
+  kill(maker, SIGKILL);
+  EXPECT_EQ(test::statusOf(maker), -SIGKILL);
+  close(text);
+  ASSERT_EQ(test::makeStudy(folder.study(), exampleStudy("lpg")), "");
+  for (const auto& file : std::filesystem::directory_iterator{folder / "data"}) EXPECT_EQ(file.path(), folder.study());
+}
+
+TEST(Study, isPutWhereALinkLeads) {
+  const TestFolder folder;
+  const auto target = folder / "documents/study.mdb";
+  std::filesystem::create_symlink(target, folder.study());
+  writeFile(folder / "lpg.toml", exampleStudy("lpg"));
+  std::ostringstream errors;
+  EXPECT_EQ(createStudy(folder.study(), folder / "lpg.toml", false, errors), ExitStatus::refused);  // it leads nowhere
+  for (const char* state : {"new", "replaced"}) {
+    EXPECT_EQ(createStudy(folder.study(), folder / "lpg.toml", true, errors), ExitStatus::done) << errors.str();
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.study())) << state;
+    EXPECT_NE(exported(target).find("Valley Gas Depot"), std::string::npos);
   }
 }
 
@@ -184,22 +316,25 @@ TEST(Study, isCheckedBeforeTheProgramStartsOnIt) {
   const struct {
     const char* statement;
     const char* fault;
-  } cases[] = {
-      {"UPDATE [dsptbl-1] SET actvproj = 0", "has no active project"},
-      {"INSERT INTO [dsptbl-1] (OrgName, refNo, actvproj) VALUES ('B', '2', -1)", "has more than one active project"},
-      {"DELETE FROM scenr1", "has no working scenario"},
-      {"UPDATE scenr1 SET scenariotxt = '3'' pipe'",
-       "holds the name \"3' pipe\", and it holds a single quote ('), which the study does not take"},
-      {"DROP TRIGGER \"Orgtn key INSERT\"; INSERT INTO Orgtn (OrgName) SELECT OrgName FROM Orgtn",
-       "holds 2 rows of Orgtn with the key \"Harbour Water Works\""}};
+  } cases[] = {{"UPDATE [dsptbl-1] SET actvproj = 0",
+                "no project is active: one row of table \"dsptbl-1\" needs actvproj = true"},
+               {"INSERT INTO [dsptbl-1] (OrgName, refNo, actvproj) VALUES ('B', '2', -1)",
+                "row 2 of table \"dsptbl-1\" is a second active project: only one has actvproj = true"},
+               {"DELETE FROM scenr1", "no working scenario: table \"scenr1\" has no row"},
+               {"UPDATE scenr1 SET scenariotxt = '3'' pipe'",
+                "row 1 of table \"scenr1\" holds \"3' pipe\" in column \"scenariotxt\", and it holds a single quote "
+                "('), which the "
+                "study does not take"},
+               {"DROP TRIGGER \"Orgtn key INSERT\"; INSERT INTO Orgtn (OrgName) SELECT OrgName FROM Orgtn",
+                "row 2 of table \"Orgtn\" has the key of another one, \"Harbour Water Works\""}};
   for (const auto& [statement, fault] : cases) {
     const TestFolder folder;
     test::makeStudy(folder.study(), exampleStudy("chlorine"));
-    Database{folder.study(), studyLayout()}.run(statement);
+    test::changeFromOutside(folder.study(), statement);
     std::ostringstream out;
     std::ostringstream errors;
     EXPECT_EQ(checkStudy(folder.study(), out, errors), ExitStatus::refused);
-    EXPECT_EQ(errors.str(), folder.study().string() + " " + fault + "\n");
+    EXPECT_EQ(errors.str(), folder.study().string() + ": " + fault + "\n");
   }
 }
 
@@ -209,7 +344,7 @@ TEST(Study, isToldWhatARunStillNeeds) {
            {"DELETE FROM Disptbl", "height of release, height of simulation, terrain"}}) {
     const TestFolder folder;
     test::makeStudy(folder.study(), exampleStudy("chlorine"));
-    Database(folder.study(), studyLayout()).run(change);
+    test::changeFromOutside(folder.study(), change);
     std::ostringstream out;
     std::ostringstream errors;
     EXPECT_EQ(checkStudy(folder.study(), out, errors), ExitStatus::done) << errors.str();

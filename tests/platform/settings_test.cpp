@@ -1,6 +1,8 @@
 #include "platform/settings.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 
 #include "support/process.h"
 #include "support/test_study.h"
@@ -51,6 +53,21 @@ TEST(Settings, ofTwoProcessesDoNotUndoEachOther) {
   for (const char* name : {"a", "b"})
     for (int i = 0; i < changes; ++i)
       EXPECT_EQ(Settings{folder / "config"}.get(name, "s", std::to_string(i)), "x") << name << i;
+}
+
+TEST(Settings, doNotWaitForEver) {
+  const test::TestFolder folder;
+  const Settings settings{folder / "config"};
+  settings.set("a", "b", "c", "d");
+  const int held = open((folder / "config/noldarz/settings.lock").c_str(), O_RDWR);
+  ASSERT_EQ(flock(held, LOCK_EX), 0);
+  try {
+    settings.set("a", "b", "c", "e");
+    FAIL() << "wrote without the lock";
+  } catch (const std::runtime_error& error) {
+    EXPECT_TRUE(std::string{error.what()}.ends_with("settings.lock is held by another program")) << error.what();
+  }
+  close(held);
 }
 
 }  // namespace

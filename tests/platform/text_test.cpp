@@ -12,6 +12,7 @@
 #include <random>
 
 #include "platform/failure.h"
+#include "platform/visible_text.h"
 
 namespace noldarz {
 namespace {
@@ -189,6 +190,30 @@ TEST(Text, isTheSameInALocaleWithADecimalComma) {
   EXPECT_EQ(strictNumber("0.5"), 0.5);
   EXPECT_FALSE(isNumeric("0,5"));
   std::setlocale(LC_ALL, before.c_str());
+}
+
+TEST(VisibleText, showsWhatWouldSteerATerminalAndEscapesItInQuotes) {
+  const struct {
+    std::string text;
+    const char* visible;
+    const char* json;
+  } cases[] = {{"plain ä °C", "plain ä °C", "plain ä °C"},
+               {"a\x1b[2Jb", "a\\u{001B}[2Jb", "a\x1b[2Jb"},
+               {"Results\nstored.\t", "Results\\u{000A}stored.\\u{0009}", "Results\nstored.\t"},
+               {"\u202egnp.exe", "\\u{202E}gnp.exe", "\\u202Egnp.exe"},
+               {"\u0085\u200b\x7f", "\\u{0085}\\u{200B}\\u{007F}", "\\u0085\\u200B\\u007F"},
+               {"\U000e0041", "\\u{E0041}", "\\uDB40\\uDC41"},
+               {"a\xff"
+                "b",
+                "a\\x{FF}b",
+                "a\xff"
+                "b"}};
+  for (const auto& [text, visible, json] : cases) {
+    EXPECT_EQ(visibleText(text), visible);
+    EXPECT_EQ(escapedText(text, Escapes::json), json);
+  }
+  EXPECT_EQ(escapedText("\U000e0041", Escapes::toml), "\\U000E0041");
+  EXPECT_EQ(visibleText("a\nb\r", "\n"), "a\nb\\u{000D}");
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // A folder of its own with a study, a start folder and the folders of a user; and a program started on it.
 #pragma once
 
+#include <sqlite3.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -74,6 +75,15 @@ inline std::string makeStudy(const fs::path& file, const std::string& text) {
   return errors.str();
 }
 
+/// What another program does to a study: by the stock engine, without the program's own rules.
+inline void changeFromOutside(const fs::path& file, const std::string& statements) {
+  sqlite3* handle = nullptr;
+  sqlite3_open(file.c_str(), &handle);
+  const std::unique_ptr<sqlite3, int (*)(sqlite3*)> owner{handle, sqlite3_close};
+  if (sqlite3_exec(handle, statements.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+    throw std::logic_error(sqlite3_errmsg(handle));
+}
+
 /// The program on a study of its own, not started yet.
 class TestStudy {
  public:
@@ -118,7 +128,7 @@ class TestStudy {
   std::vector<std::string> runs() {
     return rows("SELECT scenariotxt, scenariotxtUser, StblClas FROM maimTbl4All ORDER BY rowid");
   }
-  void execute(const std::string& statements) const { Database(folder.study(), studyLayout()).run(statements); }
+  void execute(const std::string& statements) const { changeFromOutside(folder.study(), statements); }
 
   TestFolder folder;
   std::vector<Json> record;

@@ -2,22 +2,20 @@
 
 #include <fmt/format.h>
 #include <sys/stat.h>
-#include <unicase.h>
 
 #include <algorithm>
 #include <array>
-#include <compare>
 
 #include "platform/store/file_kind.h"
+#include "platform/store/foreign_schema.h"
 #include "platform/store/store_failure.h"
 
 namespace noldarz {
 
 namespace {
 
-constexpr int busyTimeout = 5000;            // ms
-constexpr int longestText = 16'000'000;      // bytes of a cell or a statement; a damaged file may claim more
-constexpr std::string_view integrity{"ok"};  // what the engine answers for a sound file
+constexpr std::chrono::minutes longestCheck{10};  // of a whole file
+constexpr std::string_view integrity{"ok"};       // what the engine answers for a sound file
 
 struct Mapping {
   int result;
@@ -35,14 +33,11 @@ constexpr std::array mappings{
     Mapping{SQLITE_NOTADB, FailureNumber::notAStudy, "is no study"},
     Mapping{SQLITE_CANTOPEN, FailureNumber::noSuchFile, "can't be opened"},
     Mapping{SQLITE_IOERR, FailureNumber::storeFailed, "can't be read or written"},
+    Mapping{SQLITE_INTERRUPT, FailureNumber::storeFailed, "takes too long to read or write and was given up"},
+    Mapping{SQLITE_AUTH, FailureNumber::querySyntax, "refuses the query: "},
     Mapping{SQLITE_CONSTRAINT, FailureNumber::duplicateKey, "refuses the row: "},
     Mapping{SQLITE_ERROR, FailureNumber::querySyntax, "refuses the query: "},
 };
-
-int compareTexts(void*, int lengthA, const void* a, int lengthB, const void* b) {
-  return compareWithoutCase({static_cast<const char*>(a), static_cast<std::size_t>(lengthA)},
-                            {static_cast<const char*>(b), static_cast<std::size_t>(lengthB)});
-}
 
 /// Device and number of the file that the path leads to; zeros when it leads nowhere.
 std::pair<std::uint64_t, std::uint64_t> identityOf(const std::filesystem::path& file) {
@@ -51,40 +46,13 @@ std::pair<std::uint64_t, std::uint64_t> identityOf(const std::filesystem::path& 
   return {status.st_dev, status.st_ino};
 }
 
-std::unique_ptr<sqlite3, int (*)(sqlite3*)> openHandle(const std::filesystem::path& file, int flags) {
-  sqlite3* handle = nullptr;
-  const int result = sqlite3_open_v2(file.c_str(), &handle, flags | SQLITE_OPEN_EXRESCODE, nullptr);
-  std::unique_ptr<sqlite3, int (*)(sqlite3*)> owner{handle, sqlite3_close};
-  if (result != SQLITE_OK)
-    throw StoreFailure(FailureNumber::noSuchFile, file.string() + " can't be opened: " + sqlite3_errstr(result));
-  return owner;
-}
-
-bool isAscii(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
-char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
 }  // namespace
-
-int compareWithoutCase(std::string_view a, std::string_view b) {
-  // Names of columns are: the folding of any script takes a hundred times as long.
-  if (isAscii(a) && isAscii(b)) {
-    const auto order = std::lexicographical_compare_three_way(
-        a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return lower(x) <=> lower(y); });
-    return static_cast<int>(std::is_gt(order)) - static_cast<int>(std::is_lt(order));
-  }
-  const auto bytes = [](std::string_view text) { return reinterpret_cast<const std::uint8_t*>(text.data()); };
-  int order = 0;
-  if (u8_casecmp(bytes(a), a.size(), bytes(b), b.size(), nullptr, nullptr, &order) == 0) return order;
-  return a.compare(b);  // not UTF-8: byte by byte
-}
 
 Statement::Statement(const Database& database, std::string_view text)
     : database_(database), handle_(nullptr, sqlite3_finalize) {
   sqlite3_stmt* handle = nullptr;
   const char* rest = nullptr;
+  database.connection().startClock();
   const int result = sqlite3_prepare_v2(database.handle(), text.data(), static_cast<int>(text.size()), &handle, &rest);
   handle_.reset(handle);
   if (result != SQLITE_OK) database.failWith(result);
@@ -107,6 +75,7 @@ void Statement::bind(int parameter, const Cell& value) {
 }
 
 bool Statement::step() {
+  database_.connection().startClock();
   const int result = sqlite3_step(handle());
   if (result != SQLITE_ROW && result != SQLITE_DONE) database_.failWith(result);
   return result == SQLITE_ROW;
@@ -124,24 +93,41 @@ Cell Statement::cell(int column) const {
   }
 }
 
-Database::Database(std::filesystem::path file, const Layout& layout, Check check)
-    : file_(std::move(file)), layout_(&layout), identity_(identityOf(file_)), handle_(nullptr, sqlite3_close) {
+Database::Database(std::filesystem::path file, const Layout& layout, Check check, Connection::Purpose purpose)
+    : file_(std::move(file)), layout_(&layout), identity_(identityOf(file_)) {
   if (const std::string fault = faultOfFile(file_); !fault.empty())
     refuse(identity_.second == 0 ? FailureNumber::noSuchFile : FailureNumber::notAStudy, fault);
-  handle_ = openHandle(file_, SQLITE_OPEN_READWRITE);
-  configure();
+  connection_ = std::make_unique<Connection>(file_, purpose);
+  if (check == Check::none) return;
+  readSchema();
   checkLayout();
   checkPages(check);
 }
 
-void Database::configure() const {
-  sqlite3_busy_timeout(handle(), busyTimeout);
-  sqlite3_create_collation(handle(), "NOCASE", SQLITE_UTF8, nullptr, compareTexts);
-  // The file comes from elsewhere and may be damaged: nothing in its schema is trusted.
-  sqlite3_db_config(handle(), SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-  sqlite3_db_config(handle(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-  sqlite3_limit(handle(), SQLITE_LIMIT_LENGTH, longestText);
-  run("PRAGMA cell_size_check = ON; PRAGMA synchronous = EXTRA");
+Database::Database(std::filesystem::path file, const Layout& layout, const std::function<void(const Database&)>& fill)
+    : file_(std::move(file)),
+      layout_(&layout),
+      identity_(identityOf(file_)),
+      connection_(std::make_unique<Connection>(file_, Connection::Purpose::making)) {
+  run("BEGIN;" + creationScript(layout));
+  if (fill) fill(*this);
+  for (const std::string& trigger : keyTriggers(layout)) run(trigger);
+  run("COMMIT");
+}
+
+std::int64_t Database::schemaVersion() const {
+  Statement version{*this, "PRAGMA schema_version"};
+  version.step();
+  return static_cast<std::int64_t>(numberOf(version.cell(0)));
+}
+
+void Database::readSchema() const {
+  schemaRead_ = schemaVersion();
+  foreign_.clear();
+  Statement entries{*this, "SELECT sql FROM sqlite_schema WHERE sql IS NOT NULL"};
+  while (entries.step())
+    if (const std::string actor = foreignActor(textOf(entries.cell(0)), *layout_); !actor.empty())
+      foreign_ += (foreign_.empty() ? "" : ", ") + actor;
 }
 
 void Database::checkLayout() const {
@@ -150,8 +136,12 @@ void Database::checkLayout() const {
   if (numberOf(version.cell(0)) > layout_->version)
     refuse(FailureNumber::notAStudy, "comes from a newer version of the program");
   for (const Table& table : layout_->tables) {
-    if (!has(table.name))
+    Statement made{*this, "SELECT sql FROM sqlite_schema WHERE name = ? COLLATE NOCASE"};
+    made.bind(1, std::string{table.name});
+    if (!made.step())
       refuse(FailureNumber::notAStudy, fmt::format("is a database but no study: it has no table {}", table.name));
+    if (const std::string fault = faultOfTable(textOf(made.cell(0))); !fault.empty())
+      refuse(FailureNumber::notAStudy, fmt::format("can't be used: its table {} {}", table.name, fault));
     for (const Column& column : table.columns)
       if (!has(table.name, column.name))
         refuse(FailureNumber::notAStudy,
@@ -160,11 +150,10 @@ void Database::checkLayout() const {
 }
 
 bool Database::has(std::string_view table, std::string_view column) const {
-  const std::string columnName{column};
   const int result = sqlite3_table_column_metadata(handle(),
                                                    nullptr,
                                                    std::string{table}.c_str(),
-                                                   column.empty() ? nullptr : columnName.c_str(),
+                                                   std::string{column}.c_str(),
                                                    nullptr,
                                                    nullptr,
                                                    nullptr,
@@ -175,8 +164,11 @@ bool Database::has(std::string_view table, std::string_view column) const {
 }
 
 void Database::checkPages(Check check) const {
+  connection_->limitSteps(longestCheck);
   Statement pages{*this, check == Check::full ? "PRAGMA integrity_check(1)" : "PRAGMA quick_check(1)"};
-  if (!pages.step()) return;
+  const bool answered = pages.step();
+  connection_->limitSteps(Connection::usualLimit);
+  if (!answered) return;
   const std::string found = textOf(pages.cell(0));
   if (found == integrity) return;
   const auto lastLine = found.rfind('\n');  // a head line names the database within the connection
@@ -187,6 +179,7 @@ void Database::checkPages(Check check) const {
 bool Database::isCurrent() const { return identityOf(file_) == identity_; }
 
 void Database::run(const std::string& statements) const {
+  connection_->startClock();
   if (const int result = sqlite3_exec(handle(), statements.c_str(), nullptr, nullptr, nullptr); result != SQLITE_OK)
     failWith(result);
 }
@@ -194,6 +187,10 @@ void Database::run(const std::string& statements) const {
 void Database::transact(const std::function<void()>& statements) const {
   run("BEGIN IMMEDIATE");
   try {
+    if (schemaVersion() != schemaRead_) readSchema();  // another program may have changed it meanwhile
+    if (!foreign_.empty())
+      refuse(FailureNumber::readOnly,
+             "is not written to: it holds " + foreign_ + ", which would act on what is stored");
     if (!isCurrent()) refuse(FailureNumber::storeFailed, "was replaced by another file");
     statements();
     run("COMMIT");
@@ -204,6 +201,8 @@ void Database::transact(const std::function<void()>& statements) const {
 }
 
 void Database::failWith(int result) const {
+  if (const std::string fault = connection_->takeFaultOfFiles(); !fault.empty())
+    refuse(FailureNumber::notAStudy, fault);
   const std::string engine = sqlite3_errmsg(handle());
   const auto mapping =
       std::find_if(mappings.begin(), mappings.end(), [&](const Mapping& m) { return m.result == (result & 0xff); });
@@ -224,11 +223,9 @@ std::shared_ptr<Database> Databases::open(const std::filesystem::path& file) {
   return database;
 }
 
-void createDatabase(const std::filesystem::path& file, const Layout& layout) {
-  const auto handle = openHandle(file, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-  if (sqlite3_exec(handle.get(), creationScript(layout).c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
-    throw StoreFailure(FailureNumber::storeFailed,
-                       file.string() + " can't be written: " + sqlite3_errmsg(handle.get()));
+void createDatabase(const std::filesystem::path& file, const Layout& layout,
+                    const std::function<void(const Database&)>& fill) {
+  const Database made{file, layout, fill};
 }
 
 }  // namespace noldarz

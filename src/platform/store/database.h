@@ -3,8 +3,6 @@
 // links work on it; Databases gives all links on one path the same connection.
 #pragma once
 
-#include <sqlite3.h>
-
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -13,6 +11,7 @@
 #include <vector>
 
 #include "platform/store/cell.h"
+#include "platform/store/connection.h"
 #include "platform/store/layout.h"
 
 namespace noldarz {
@@ -30,7 +29,11 @@ class Statement {
   /// The next row; false behind the last.
   bool step();
   int columnCount() const { return sqlite3_column_count(handle_.get()); }
+  /// A cell of the row; bytes that are no text as if they were one.
   Cell cell(int column) const;
+  bool isBlob(int column) const { return sqlite3_column_type(handle_.get(), column) == SQLITE_BLOB; }
+  /// Back in front of the first row, for other values.
+  void reset() { sqlite3_reset(handle_.get()); }
   sqlite3_stmt* handle() const { return handle_.get(); }
 
  private:
@@ -41,18 +44,25 @@ class Statement {
 class Database {
  public:
   enum class Check : std::uint8_t {
-    quick,  ///< the structure of the file, as every opening does
+    none,   ///< it was checked when it was opened first
+    quick,  ///< schema and structure of the file, as every opening does
     full    ///< every cell and index too
   };
 
   /// Opens a study that exists. Fails with a StoreFailure that names the file: noSuchFile, notAStudy (an original Jet
-  /// database, a text, another database, a newer layout ...), storeDamaged, storeLocked.
-  Database(std::filesystem::path file, const Layout& layout, Check check = Check::quick);
+  /// database, a text, another database, a newer layout, a journal of something else ...), storeDamaged, storeLocked.
+  Database(std::filesystem::path file, const Layout& layout, Check check = Check::quick,
+           Connection::Purpose purpose = Connection::Purpose::rows);
+  /// Makes the tables in an empty file; `fill` writes rows before their keys are guarded.
+  Database(std::filesystem::path file, const Layout& layout, const std::function<void(const Database&)>& fill);
 
   const std::filesystem::path& file() const { return file_; }
   const Layout& layout() const { return *layout_; }
-  sqlite3* handle() const { return handle_.get(); }
+  sqlite3* handle() const { return connection_->handle(); }
+  Connection& connection() const { return *connection_; }
 
+  /// What another program has put into the file that would act on our rows; such a file is not written to. Empty: nothing.
+  const std::string& foreign() const { return foreign_; }
   /// Whether the path still leads to the file that was opened.
   bool isCurrent() const;
 
@@ -65,16 +75,19 @@ class Database {
   [[noreturn]] void failWith(int result) const;
 
  private:
-  void configure() const;
+  std::int64_t schemaVersion() const;
+  void readSchema() const;
   void checkLayout() const;
-  bool has(std::string_view table, std::string_view column = {}) const;
+  bool has(std::string_view table, std::string_view column) const;
   void checkPages(Check check) const;
   [[noreturn]] void refuse(FailureNumber reason, const std::string& text) const;
 
   std::filesystem::path file_;
   const Layout* layout_;
   std::pair<std::uint64_t, std::uint64_t> identity_;
-  std::unique_ptr<sqlite3, int (*)(sqlite3*)> handle_;
+  std::unique_ptr<Connection> connection_;
+  mutable std::string foreign_;
+  mutable std::int64_t schemaRead_ = 0;
 };
 
 /// The database that is open: links on one path share a connection, which closes with the last of them. A process must not
@@ -83,6 +96,10 @@ class Databases {
  public:
   explicit Databases(const Layout& layout) : layout_(layout) {}
   std::shared_ptr<Database> open(const std::filesystem::path& file);
+  /// The user acts anew: a step may wait for another program again.
+  void beginAct() const {
+    if (const auto database = database_.lock()) database->connection().beginAct();
+  }
 
  private:
   const Layout& layout_;
@@ -90,10 +107,8 @@ class Databases {
   std::weak_ptr<Database> database_;
 };
 
-/// Makes an empty database of the layout in a file that does not exist yet. Fails with a StoreFailure.
-void createDatabase(const std::filesystem::path& file, const Layout& layout);
-
-/// How texts compare: by their characters without regard to case, in any script.
-int compareWithoutCase(std::string_view a, std::string_view b);
+/// Makes a database of the layout in an empty file. Fails with a StoreFailure.
+void createDatabase(const std::filesystem::path& file, const Layout& layout,
+                    const std::function<void(const Database&)>& fill = {});
 
 }  // namespace noldarz

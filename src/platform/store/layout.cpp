@@ -18,19 +18,29 @@ std::string_view declaration(ColumnType type) {
   return "";
 }
 
-/// Refuses a second row with the key, when one is added or one is changed. A row to be added has no number yet.
-std::string keyTrigger(const Table& table, std::string_view moment) {
-  std::string same = moment == "UPDATE" ? "rowid <> OLD.rowid" : "";
+/// Refuses a second row with the key, when one is added or one is changed. `others`: which rows are looked at.
+std::string keyTrigger(const Table& table, std::string_view moment, std::string_view others) {
+  std::string same{others};
   for (const auto column : table.key)
     same += fmt::format("{0}{1} = NEW.{1}", same.empty() ? "" : " AND ", quotedName(column));
   return fmt::format(
       "CREATE TRIGGER {} BEFORE {} ON {} WHEN EXISTS (SELECT 1 FROM {} WHERE {}) "
-      "BEGIN SELECT RAISE(ABORT, 'duplicate key'); END;\n",
+      "BEGIN SELECT RAISE(ABORT, 'duplicate key'); END",
       quotedName(fmt::format("{} key {}", table.name, moment)),
       moment,
       quotedName(table.name),
       quotedName(table.name),
       same);
+}
+
+std::vector<std::string> keyTriggers(const Layout& layout, std::string_view toAdd, std::string_view toChange) {
+  std::vector<std::string> triggers;
+  for (const Table& table : layout.tables) {
+    if (table.key.empty()) continue;
+    triggers.push_back(keyTrigger(table, "INSERT", toAdd));
+    triggers.push_back(keyTrigger(table, "UPDATE", toChange));
+  }
+  return triggers;
 }
 
 }  // namespace
@@ -61,10 +71,14 @@ std::string creationScript(const Layout& layout) {
     for (const Column& column : table.columns)
       columns += fmt::format("{}{}{}", columns.empty() ? "" : ", ", quotedName(column.name), declaration(column.type));
     script += fmt::format("CREATE TABLE {} ({});\n", quotedName(table.name), columns);
-    if (table.key.empty()) continue;
-    script += keyTrigger(table, "INSERT") + keyTrigger(table, "UPDATE");
   }
   return script;
+}
+
+std::vector<std::string> keyTriggers(const Layout& layout) { return keyTriggers(layout, "", "rowid <> OLD.rowid"); }
+
+std::vector<std::string> formerKeyTriggers(const Layout& layout) {
+  return keyTriggers(layout, "rowid <> NEW.rowid", "rowid <> NEW.rowid");
 }
 
 }  // namespace noldarz

@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace noldarz {
 
@@ -39,9 +40,15 @@ struct Layout {
   const Table* find(std::string_view table) const;
 };
 
-/// The statements that make the tables of the layout in an empty database. Keys are kept by triggers and not by indexes:
-/// how texts compare is up to the program that has the file open, so it may not shape what stands in the file.
+/// The statements that make the tables of the layout in an empty database.
 std::string creationScript(const Layout& layout);
+
+/// The statements of the triggers that keep the keys. Triggers and not indexes: a study that another program has made may
+/// hold a key twice.
+std::vector<std::string> keyTriggers(const Layout& layout);
+
+/// Those that an earlier version of the program made.
+std::vector<std::string> formerKeyTriggers(const Layout& layout);
 
 /// The name as it stands in a statement: in double quotes.
 std::string quotedName(std::string_view name);

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cctype>
 
+#include "platform/store/any_case.h"
 #include "platform/store/store_failure.h"
 
 namespace noldarz {
@@ -25,6 +26,14 @@ std::string_view behindSelect(std::string_view query) {
 }
 
 bool sameName(std::string_view a, std::string_view b) { return compareWithoutCase(a, b) == 0; }
+
+/// Whether the column has kept the value: as it is, or as the number or text that it turns it into.
+bool sameValue(const Cell& stored, const Cell& written) {
+  if (holdsNothing(stored) || holdsNothing(written)) return holdsNothing(stored) == holdsNothing(written);
+  const std::string text = textOf(written);
+  if (textOf(stored) == text) return true;
+  return isNumeric(textOf(stored)) && isNumeric(text) && strictNumber(textOf(stored)) == strictNumber(text);
+}
 
 /// Grouped rows stand for several rows of the table. What stands in quotes is a name.
 bool isGrouped(std::string_view query) {
@@ -47,8 +56,9 @@ ColumnType typeOf(const Layout& layout, std::string_view table, std::string_view
 
 }  // namespace
 
-Recordset::Recordset(std::shared_ptr<Database> database, const std::string& query, Access access)
+Recordset::Recordset(std::shared_ptr<Database> database, const std::string& text, Access access)
     : database_(std::move(database)) {
+  const std::string query = access == Access::read ? text : comparingAnyCase(text);
   const std::string_view rest = behindSelect(query);
   Statement statement{*database_, query};
   if (sqlite3_stmt_readonly(statement.handle()) == 0)
@@ -166,13 +176,31 @@ void Recordset::set(int column, Cell value) {
 
 void Recordset::update() {
   if (!isOpenForWriting()) fail(FailureNumber::updateUnopened);
-  if (isAdding() || !changes_.empty()) database_->transact([&] { isAdding() ? storeNewRow() : storeChanges(); });
+  std::int64_t row = isAdding() ? 0 : rows_[at_].id;
+  if (isAdding() || !changes_.empty())
+    database_->transact([&] {
+      isAdding() ? storeNewRow() : storeChanges();
+      if (isAdding()) row = sqlite3_last_insert_rowid(database_->handle());
+      requireStored(row);
+    });
   if (isAdding()) {
-    rows_.push_back({sqlite3_last_insert_rowid(database_->handle()), std::vector<Cell>(columns_.size())});
+    rows_.push_back({row, std::vector<Cell>(columns_.size())});
     at_ = rows_.size() - 1;
   }
   for (auto& [column, cell] : changes_) rows_[at_].cells[static_cast<std::size_t>(column)] = std::move(cell);
   cancelUpdate();
+}
+
+void Recordset::requireStored(std::int64_t row) const {
+  std::string columns = "rowid";
+  for (const auto& [column, cell] : changes_) columns += ", " + quotedName(columns_[static_cast<std::size_t>(column)]);
+  Statement stored{*database_, fmt::format("SELECT {} FROM {} WHERE rowid = ?", columns, quotedName(table_))};
+  stored.bind(1, row);
+  bool same = stored.step();
+  int at = 0;
+  for (const auto& [column, cell] : changes_) same = same && sameValue(stored.cell(++at), cell);
+  if (!same)
+    throw StoreFailure(FailureNumber::storeFailed, fmt::format("{} does not keep what is written to it", table_));
 }
 
 void Recordset::storeChanges() {
@@ -204,7 +232,7 @@ void Recordset::requireNewKey() const {
   for (const auto& [column, cell] : changes_) {
     const std::string& name = columns_[static_cast<std::size_t>(column)];
     if (!table || !table->isKey(name) || holdsNothing(cell)) continue;
-    same += fmt::format("{}{} = ? COLLATE NOCASE", same.empty() ? "" : " AND ", quotedName(name));
+    same += fmt::format("{}{} = ? COLLATE {}", same.empty() ? "" : " AND ", quotedName(name), anyCase);
     key.push_back(&cell);
   }
   if (!table || table->key.empty() || key.size() != table->key.size()) return;  // a key in part is none

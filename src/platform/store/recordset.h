@@ -55,8 +55,8 @@ class Recordset {
   void set(int column, Cell value);
   void set(std::string_view column, Cell value) { set(position(column), std::move(value)); }
   /// Stores the cells that were set, in one durable transaction; a new row becomes the current one. Fails with
-  /// updateUnopened when nothing is open, with duplicateKey for a new row that is there already, and as Database::transact
-  /// does: the row is then as before, and stays open.
+  /// updateUnopened when nothing is open, with duplicateKey for a new row that is there already, with storeFailed when
+  /// what is read back is not what was written, and as Database::transact does: the row is then as before, and stays open.
   void update();
   /// Drops what is open for writing.
   void cancelUpdate();
@@ -75,6 +75,8 @@ class Recordset {
   void requireWritable() const;
   void storeChanges();
   void storeNewRow();
+  /// Fails with storeFailed unless the row reads back as it was written.
+  void requireStored(std::int64_t row) const;
   /// Fails with duplicateKey when the table has a row with the key of the new one.
   void requireNewKey() const;
 

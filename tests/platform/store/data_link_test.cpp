@@ -119,8 +119,8 @@ TEST_F(DataLinkTest, hasNoRowsAfterAFailedQuery) {
 TEST_F(DataLinkTest, showsTheStudyAgainWhenAnEditCannotBeStored) {
   link.refresh();
   height.setText("7");
-  Database{folder.study(), studyLayout()}.run(
-      "CREATE TRIGGER t BEFORE UPDATE ON Disptbl BEGIN SELECT RAISE(ABORT, 'x'); END");
+  test::changeFromOutside(folder.study(),
+                          "CREATE TRIGGER t BEFORE UPDATE ON Disptbl BEGIN SELECT RAISE(ABORT, 'x'); END");
   EXPECT_THROW(link.refresh(), RuntimeFailure);
   EXPECT_EQ(height.text(), "1");
   EXPECT_EQ(link.recordCount(), 1);
@@ -132,10 +132,17 @@ TEST_F(DataLinkTest, staysOnItsRowWhileTheFileIsHeld) {
   {
     const Database other{folder.study(), studyLayout()};
     other.run("BEGIN EXCLUSIVE");
-    EXPECT_THROW(link.refresh(), RuntimeFailure);
+    const auto wait = [&] {
+      const auto before = std::chrono::steady_clock::now();
+      EXPECT_THROW(link.refresh(), RuntimeFailure);
+      return std::chrono::steady_clock::now() - before;
+    };
+    const auto first = wait();
+    EXPECT_GT(first, 10 * wait()) << "the next step of an act waits again";
     EXPECT_TRUE(link.hasRow());
     EXPECT_EQ(textOf(link.value("refNo")), "HW-1");
   }
+  databases.beginAct();
   height.setText("8");
   link.refresh();
   EXPECT_EQ(stored("htrel"), "8");

@@ -30,7 +30,7 @@ TEST(Database, tellsByContentWhatIsNoStudy) {
   newer[63] = 2;  // user version
   const auto changed = [&](const std::string& statements) {
     test::makeStudy(folder.study(), test::exampleStudy("chlorine"));
-    Database{folder.study(), studyLayout()}.run(statements);
+    test::changeFromOutside(folder.study(), statements);
     return test::readFile(folder.study());
   };
   const std::string foreign = changed("DROP TABLE scenr1");
@@ -73,7 +73,8 @@ TEST(Database, tellsByContentWhatIsNoStudy) {
 TEST(Database, takesTablesAndColumnsOfOtherModules) {
   const test::TestFolder folder;
   test::makeStudy(folder.study(), test::exampleStudy("chlorine"));
-  Database{folder.study(), studyLayout()}.run(
+  test::changeFromOutside(
+      folder.study(),
       "CREATE TABLE FireTbl (OrgName TEXT); ALTER TABLE maimTbl4All ADD COLUMN Remark TEXT; PRAGMA user_version = 0");
   EXPECT_EQ(faultOf(folder.study()), "");
 }

@@ -194,7 +194,7 @@ TEST_F(RecordsetTest, refusesASecondRowWithTheKey) {
 
 TEST_F(RecordsetTest, looksForTheKeyItselfInAFileWithoutGuards) {
   addRuns({"Größe"});
-  database->run("DROP TRIGGER \"maimTbl4All key INSERT\"");
+  test::changeFromOutside(folder.study(), "DROP TRIGGER \"maimTbl4All key INSERT\"");
   EXPECT_EQ(failureOf([&] { addRuns({"grÖße"}); }), static_cast<int>(FailureNumber::duplicateKey));
   EXPECT_EQ(count("SELECT * FROM maimTbl4All"), 1);
 }

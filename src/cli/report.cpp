@@ -197,7 +197,7 @@ Json json(const Report& report) {
 /// A cell of a table of comma-separated values; one that a spreadsheet would take for a formula begins with an apostrophe.
 std::string quoted(const std::string& raw) {
   const bool formula = !raw.empty() && std::string_view{"=+-@\t\r"}.find(raw.front()) != std::string_view::npos;
-  const std::string cell = (formula && !isNumeric(raw) ? "'" : "") + visibleText(raw);
+  std::string cell = (formula && !isNumeric(raw) ? "'" : "") + visibleText(raw);
   if (cell.find_first_of(",\"") == std::string::npos) return cell;
   std::string text = "\"";
   for (const char c : cell) text += c == '"' ? std::string{"\"\""} : std::string{c};

@@ -93,7 +93,7 @@ class BoxesOfRun {
   void take(const Json& box) {
     constexpr int mostInARow = 100'000;
     messages_.add(box);
-    inARow_ = box == last_ ? inARow_ + 1 : 1;
+    inARow_ = last_ && box == *last_ ? inARow_ + 1 : 1;
     if (inARow_ == 1) last_ = box;
     if (inARow_ == mostInARow)
       throw GivenUp(fmt::format("given up: \"{}\" came {} times in a row", box["text"].get<std::string>(), mostInARow));
@@ -102,7 +102,7 @@ class BoxesOfRun {
 
  private:
   Messages messages_;
-  Json last_;
+  std::optional<Json> last_;
   int inARow_ = 0;
 };
 

@@ -56,8 +56,8 @@ fi
 study=$studies/lpg.toml
 (ulimit -f 8; "$cli" study create limited.mdb --from "$study" 2>err)
 [ $? = 2 ] && [ -z "$(ls limited* 2>/dev/null)" ] || { echo "a limit on files: $(cat err; ls limited*)"; failures=$((failures + 1)); }
-"$cli" study create sound.mdb --from "$study" 2>/dev/null
-(ulimit -f 1; "$cli" study export sound.mdb >out 2>/dev/null)
+echo dump >in
+(ulimit -f 1; "$cli" script - <in >out 2>/dev/null)
 [ $? = 1 ] || { echo "a limit on files was not reported"; failures=$((failures + 1)); }
 
 [ "$failures" = 0 ]

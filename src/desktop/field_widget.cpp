@@ -10,6 +10,7 @@
 #include "desktop/entry_delegate.h"
 #include "desktop/theme.h"
 #include "platform/text.h"
+#include "platform/visible_text.h"
 
 namespace noldarz {
 
@@ -35,12 +36,14 @@ void fillList(QListWidget& list, const std::vector<std::string>& entries) {
   const int count = static_cast<int>(entries.size());
   while (list.count() > count) delete list.takeItem(list.count() - 1);
   while (list.count() < count) list.addItem("");
-  for (int i = 0; i < count; ++i) list.item(i)->setText(qt(entries[static_cast<std::size_t>(i)]));
+  for (int i = 0; i < count; ++i) list.item(i)->setText(shown(entries[static_cast<std::size_t>(i)]));
 }
 
 }  // namespace
 
 QString qt(const std::string& text) { return QString::fromStdString(text); }
+
+QString shown(const std::string& text) { return qt(visibleText(text, "\n")); }
 
 QLineEdit* lineOf(QWidget* widget) {
   if (const auto* combo = qobject_cast<QComboBox*>(widget)) return combo->lineEdit();
@@ -102,10 +105,10 @@ void FieldWidget::showText() const {
     if (edit->text() != text) edit->setText(text);
   } else if (auto* label = qobject_cast<QLabel*>(&widget_)) {
     const QByteArray pattern = widget_.property("pattern").toByteArray();  // the form rounds it for the eye
-    label->setText(pattern.isEmpty() ? text : qt(Format(field_.text(), pattern.toStdString())));
+    label->setText(pattern.isEmpty() ? shown(field_.text()) : qt(Format(field_.text(), pattern.toStdString())));
     if (!pattern.isEmpty()) showToolTip();
   } else if (auto* button = qobject_cast<QAbstractButton*>(&widget_)) {
-    showCaption(*button, text);
+    showCaption(*button, shown(field_.text()));
   } else if (auto* combo = qobject_cast<QComboBox*>(&widget_)) {
     showChoice(*combo, text);
   } else if (auto* list = qobject_cast<QListWidget*>(&widget_)) {
@@ -131,8 +134,8 @@ void FieldWidget::showDetails() const {
     QListWidgetItem& item = *list->item(i);
     const auto position = static_cast<std::size_t>(i);
     const EntryDetail detail = position < field_.details().size() ? field_.details()[position] : EntryDetail{};
-    item.setData(EntryDelegate::detailRole, qt(detail.text));
-    item.setToolTip(plainTip(qt(detail.toolTip)));
+    item.setData(EntryDelegate::detailRole, shown(detail.text));
+    item.setToolTip(plainTip(shown(detail.toolTip)));
     QFont font = list->font();
     font.setBold(i == field_.current());
     item.setFont(font);
@@ -141,9 +144,9 @@ void FieldWidget::showDetails() const {
 
 void FieldWidget::showToolTip() const {
   QStringList tips;
-  if (!field_.fault().empty()) tips << qt(field_.fault());
-  if (widget_.property("pattern").isValid() && !field_.text().empty()) tips << qt(field_.text());
-  const QString tip = field_.toolTip().empty() ? ownToolTip_ : qt(field_.toolTip());
+  if (!field_.fault().empty()) tips << shown(field_.fault());
+  if (widget_.property("pattern").isValid() && !field_.text().empty()) tips << shown(field_.text());
+  const QString tip = field_.toolTip().empty() ? ownToolTip_ : shown(field_.toolTip());
   if (!tip.isEmpty()) tips << tip;
   widget_.setWhatsThis(plainTip(tip));
   widget_.setToolTip(plainTip(tips.join("\n\n")));

@@ -14,6 +14,9 @@ namespace noldarz {
 
 QString qt(const std::string& text);
 
+/// A text that is only looked at: nothing in it turns or hides what stands beside it.
+QString shown(const std::string& text);
+
 /// The line that is typed in: of an input, or of a combo field that takes texts beside its entries. Null for others.
 QLineEdit* lineOf(QWidget* widget);
 

@@ -37,9 +37,9 @@ void setUp(QMainWindow& window) {
 }
 
 void fill(QMessageBox& message, const MessageBox& box) {
-  message.setWindowTitle(qt(box.title));
+  message.setWindowTitle(shown(box.title));
   message.setTextFormat(Qt::PlainText);  // captions in it are the user's
-  message.setText(qt(box.text));
+  message.setText(shown(box.text));
   message.setIcon(box.icon == Icon::critical      ? QMessageBox::Critical
                   : box.icon == Icon::information ? QMessageBox::Information
                                                   : QMessageBox::NoIcon);
@@ -151,7 +151,7 @@ void QtDesktop::followViews() {
   for (View* view : open)
     if (depth_ == 0 && view->visible() && view->isPaintDue()) view->paint();
   for (const auto& [view, bound] : bound_) {
-    bound.window->setWindowTitle(view->title().empty() ? "NOLDA-RZ" : qt(view->title()));
+    bound.window->setWindowTitle(view->title().empty() ? "NOLDA-RZ" : shown(view->title()));
     if (bound.window->isVisible() != view->visible()) showWindow(*bound.window, view->visible());
   }
   if (depth_ == 0 && views_->open().empty()) QApplication::quit();

@@ -159,6 +159,9 @@ TEST(DesktopList, tellsRunsApart) {
   // Markup in a text of the user is text.
   user.field("dspScnorlst_1").setDetails({{"", "<b>UEL:</b> 7 ppm"}, {"", ""}});
   EXPECT_TRUE(list.item(0)->toolTip().contains("&lt;b&gt;"));
+  // What turns the direction of writing is told, not done.
+  user.field("dspScnorlst_1").setEntries({"Tank \u202e1", ""});
+  EXPECT_EQ(list.item(0)->text(), "Tank \\u{202E}1");
 }
 
 TEST(DesktopList, doesANewNameBeforeADoubleClick) {

@@ -41,12 +41,5 @@ TEST(WindAtReleaseHeight, hasNoValueBelowTheGround) {
   EXPECT_EQ(windAtReleaseHeight(3, 0, 0, 0), 0);
 }
 
-TEST(DefaultWind, isTheTableOfTheClasses) {
-  const double winds[] = {2, 3, 5, 5, 5.5, 5, 6, 5.5, 5, 5, 3};
-  for (int i = 0; i < 11; ++i) EXPECT_EQ(defaultWind(i), winds[i]) << stabilityClasses.at(static_cast<std::size_t>(i));
-  EXPECT_FALSE(defaultWind(customClass));
-  EXPECT_FALSE(defaultWind(noClass));
-}
-
 }  // namespace
 }  // namespace noldarz::test

@@ -48,43 +48,5 @@ TEST(Coefficients, atTheSourceAreZeroOrNoNumber) {
   }
 }
 
-TEST(Coefficients, formsMeetAtTheBreakpoint) {
-  const struct {
-    int stabilityClass;
-    double breakpoint;
-  } cases[] = {{0, 289.614},
-               {1, 303.121},
-               {3, 424.504},
-               {5, 368.652},
-               {6, 368.653},
-               {8, 366.919},
-               {9, 410.429},
-               {10, 588.084},
-               {11, 289.614}};
-  for (const auto& [stabilityClass, breakpoint] : cases) {
-    const double below = sigmaZFromClass(stabilityClass, std::nextafter(breakpoint, 0));
-    const double at = sigmaZFromClass(stabilityClass, breakpoint);
-    EXPECT_NEAR(at / below, 1, 1e-5);
-    EXPECT_NE(at, below) << "the other form applies at the breakpoint itself";
-  }
-}
-
-TEST(HeavyGasFactor, joinsTheClassTableAtTheLimitOfItsBand) {
-  const struct {
-    double density, distance, factor;
-  } cases[] = {{1, 2, 1},
-               {1.01, 2, 0.42},
-               {1.5, 2, 0.42},
-               {1.5, 60, 1.0},
-               {1.5, 60.01, 1},
-               {1.5, 61, 1},
-               {1.51, 2, 0.22},
-               {1.6, 80, 1.0},
-               {1.6, 80.01, 1},
-               {2.5, 30, 0.5}};
-  for (const auto& [density, distance, factor] : cases)
-    EXPECT_NEAR(heavyGasFactor(density, distance), factor, 1e-15) << density << " at " << distance;
-}
-
 }  // namespace
 }  // namespace noldarz::test

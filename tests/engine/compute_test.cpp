@@ -176,19 +176,5 @@ TEST(Compute, takesNoMaximumOfAnEarlierRelease) {
   }
 }
 
-TEST(Compute, pressesOfTheSameInputsGiveTheSameTexts) {
-  std::string dumps[2];
-  for (auto& dump : dumps) {
-    TestSystem system;
-    system.setRelease();
-    system.press();
-    system.setLevels({"1000", "500", "200", "100", "50", "20"});
-    system.press();
-    system.session.runLine("dump");
-    dump = system.record.back().dump();
-  }
-  EXPECT_EQ(dumps[0], dumps[1]);
-}
-
 }  // namespace
 }  // namespace noldarz::test

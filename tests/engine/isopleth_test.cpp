@@ -88,19 +88,6 @@ TEST(FlammableMass, needsTheInputsOfItsOwnCaseOnly) {
   EXPECT_EQ(g.main.result.expmass.text(), mass);
 }
 
-TEST(MaxWidth, marchesOnFromLevelToLevel) {
-  TestSystem system;
-  system.setRelease();
-  system.press();
-  system.setLevels({"1000", "500", "200", "100", "50", "20"});
-  system.press();
-  const LevelFields& level = system.main().level;
-  for (int i = 0; i + 1 < levelCount; ++i) {
-    EXPECT_GT(level.isopwdth[i + 1].number(), level.isopwdth[i].number());
-    EXPECT_GE(level.distmaxisop[i + 1].number(), level.distmaxisop[i].number());
-  }
-}
-
 /// A march at 1 m steps, behind a level with a half width of 3 m at 50 m.
 struct March : Geometry {
   March(double from, double level) {

@@ -39,17 +39,6 @@ TEST(Progress, growsTheShapeAndThenRenewsTheLine) {
   EXPECT_EQ(w.state.shownLevel, 2);
 }
 
-TEST(Progress, paintsWithTheFirstFifteenColoursOfThePalette) {
-  Wait w;
-  w.state.sweepTo = 1;
-  for (int i = 0; i < 300; ++i) {
-    w.shape.setWidth(5051);
-    w.progress.showProgress();
-    EXPECT_NE(w.shape.fillColour(), basicPalette[15]);
-    EXPECT_NE(std::find(basicPalette.begin(), basicPalette.end(), w.shape.fillColour()), basicPalette.end());
-  }
-}
-
 TEST(Progress, failsForASweepThatEndsAtTheSource) {
   Wait w;
   w.shape.setWidth(5051);

@@ -53,24 +53,6 @@ TEST(Property, isSetFromATextOrLeftAsItWas) {
   EXPECT_FALSE(setProperty(field, Property::value, "1.5"));
 }
 
-TEST(Property, standsForTheFieldByItsKind) {
-  Views views;
-  View view{views, "v", ""};
-  const struct {
-    FieldKind kind;
-    Property main;
-  } cases[] = {{FieldKind::text, Property::text},
-               {FieldKind::combo, Property::text},
-               {FieldKind::list, Property::text},
-               {FieldKind::label, Property::caption},
-               {FieldKind::button, Property::caption},
-               {FieldKind::menu, Property::caption},
-               {FieldKind::check, Property::value},
-               {FieldKind::option, Property::value},
-               {FieldKind::slider, Property::value}};
-  for (const auto& [kind, main] : cases) EXPECT_EQ(mainProperty(view.add(kind, "f")), main);
-}
-
 TEST(Property, isChangedWhenItIsNotAtTheDefaultOfTheKind) {
   Views views;
   View view{views, "v", ""};

@@ -162,17 +162,6 @@ TEST(InputRules, sayThatAnOutputIsNotThereYet) {
   EXPECT_EQ(study.state().levelIdx, 0);
 }
 
-TEST(InputRules, showTheirBoxesWithTitleAndIcon) {
-  TestStudy study;
-  study.run("start\nenter wndveltxt x\nenter wndveltxt 5\nenter htreltxt x\nenter htreltxt 1\nenter roghwndoptcbo x");
-  Texts boxes;
-  for (const Json& entry : study.record)
-    if (entry.contains("box"))
-      boxes.push_back(entry["box"]["title"].get<std::string>() + " | " + entry["box"]["icon"].get<std::string>());
-  EXPECT_EQ(boxes, (Texts{"QUENDARIS: Error | critical", "QUENDARIS | critical", "QUENDARIS | critical"}));
-  EXPECT_EQ(study.record.back(), (Json{{"dropDown", "dspmnfrm.roghwndoptcbo"}}));
-}
-
 TEST(InputRules, takeTheWidthOfTheContours) {
   TestStudy study;
   for (const auto& [entry, width] : std::map<std::string, int>{{"no2", 2}, {"no4", 4}}) {

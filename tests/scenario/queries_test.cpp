@@ -66,26 +66,6 @@ TEST_F(QueriesTest, areJoinedToTheLetter) {
   EXPECT_EQ(state.moduleTag, "Dispersion");
 }
 
-TEST_F(QueriesTest, runOnAStudyWithTheColumnsInTheirPlaces) {
-  const test::TestFolder folder;
-  test::makeStudy(folder.study(), test::exampleStudy("chlorine"));
-  const auto study = std::make_shared<Database>(folder.study(), studyLayout());
-  auto printed = test::openReference("queries.txt");
-  const std::map<std::string, std::size_t> columns{{"qryProject", 4},
-                                                   {"qryScenario", 11},
-                                                   {"qryDisp", 4},
-                                                   {"qryOrg", 3},
-                                                   {"qryChem", 58},
-                                                   {"qryRunByText 0", 59},
-                                                   {"qryRunByText 1", 59},
-                                                   {"qryRunByClass", 59},
-                                                   {"qryRunList", 21},
-                                                   {"qryPopulation 0", 41},
-                                                   {"qryPopulation 1", 41}};
-  for (std::string name, text; std::getline(printed, name, '\t') && std::getline(printed, text);)
-    EXPECT_EQ(Recordset(study, text).columns().size(), columns.at(name)) << name;
-}
-
 TEST_F(QueriesTest, takeNoNameWithASingleQuote) {
   Databases databases{studyLayout()};
   DataLink link{databases};

@@ -111,10 +111,10 @@ void Connection::setUp() {
   sqlite3_set_authorizer(handle(), authorize, this);
   startClock();
   // Checks of another program's tables would run here too; a study that has any is not written to.
-  std::string pragmas = "PRAGMA mmap_size = 0; PRAGMA cell_size_check = ON; PRAGMA ignore_check_constraints = ON;";
-  pragmas += purpose_ == Purpose::making ? "PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF"
+  std::string setting = "PRAGMA mmap_size = 0; PRAGMA cell_size_check = ON; PRAGMA ignore_check_constraints = ON;";
+  setting += purpose_ == Purpose::making ? "PRAGMA journal_mode = MEMORY; PRAGMA synchronous = OFF"
                                          : "PRAGMA synchronous = EXTRA";
-  sqlite3_exec(handle(), pragmas.c_str(), nullptr, nullptr, nullptr);
+  sqlite3_exec(handle(), setting.c_str(), nullptr, nullptr, nullptr);
 }
 
 int Connection::waitForOthers(void* self, int attempts) {

@@ -109,7 +109,8 @@ TEST(Screen, refusesAWrongTextInEveryInput) {
   for (const auto& [field, wrong, boxes, right] : cases) {
     user.boxes.clear();
     user.enter(field, wrong);
-    user.waitFor([&] { return user.boxes.size() == boxes.size() && !QApplication::activeModalWidget(); });
+    user.waitFor(
+        [&, count = boxes.size()] { return user.boxes.size() == count && !QApplication::activeModalWidget(); });
     EXPECT_EQ(user.boxes, boxes) << field;
     user.settle();
     if (QApplication::activePopupWidget()) user.press({"Escape"});  // the list of a combo field

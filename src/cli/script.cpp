@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -10,6 +11,7 @@
 #include "cli/commands.h"
 #include "cli/script_error.h"
 #include "cli/words.h"
+#include "platform/text.h"
 #include "platform/visible_text.h"
 
 namespace noldarz {
@@ -65,6 +67,8 @@ void ScriptSession::paint() {
 void ScriptSession::runLine(std::string_view line) try {
   const auto words = splitWords(line);
   if (words.empty()) return;
+  if (!std::all_of(words.begin(), words.end(), isPlainText))
+    throw ScriptError("a word is no text in UTF-8");
   runCommand(*this, words);
   paint();
 } catch (const RuntimeFailure& failure) {

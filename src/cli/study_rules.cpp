@@ -1,13 +1,13 @@
 #include "cli/study_rules.h"
 
 #include <fmt/format.h>
-#include <unistr.h>
 
 #include <algorithm>
 #include <cmath>
 
 #include "platform/store/any_case.h"
 #include "platform/store/data_link.h"
+#include "platform/text.h"
 #include "scenario/queries.h"
 
 namespace noldarz {
@@ -16,11 +16,6 @@ namespace {
 
 constexpr std::string_view projects{"dsptbl-1"};
 constexpr std::string_view scenarios{"scenr1"};
-
-bool isPlainText(const std::string& text) {
-  const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-  return text.find('\0') == std::string::npos && u8_check(bytes, text.size()) == nullptr;
-}
 
 /// Why a column can't hold the value; empty when it can.
 std::string faultOfCell(const Column& column, const Cell& cell) {

@@ -100,6 +100,7 @@ TEST(Script, endsAtTheFirstLineAtFault) {
       {"state windAtHeigth", "no state variable \"windAtHeigth\""},
       {"views all", "too many words behind \"views\": \"all\""},
       {"dump a b", "too many words behind \"dump\": \"b\""},
+      {"enter scnrotxtlbl M\xFCller", "a word is no text in UTF-8"},
       {"echo \"open", "the quote before \"open\" is not closed"},
       {"mouse down Drw1 1 1", "the command \"mouse\" is not available in this version"},
       {"rows \"SELECT 1\"", "no study is open"},
@@ -181,12 +182,6 @@ TEST(Script, countsBoxesFromTheHundredthInARowOn) {
   EXPECT_EQ(record[199]["times"], 4901);
   EXPECT_EQ(record[200]["echo"], "done");
   EXPECT_EQ(record.back()["times"], 1);
-}
-
-TEST(Script, aByteThatIsNoTextIsNoCrash) {
-  const Transcript transcript = run("set htreltxt \xff\nshow htreltxt\nset constn(0) \xc3\nclick comput");
-  EXPECT_EQ(transcript.status, ExitStatus::done);
-  EXPECT_NE(transcript.out.find("\xef\xbf\xbd"), std::string::npos);
 }
 
 }  // namespace

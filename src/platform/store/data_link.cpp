@@ -49,8 +49,8 @@ std::vector<const DataLink::Binding*> DataLink::takePendingEdits() {
     std::string fault;
     if (rows_->isNumber(*rows_->find(binding.column)) && !text.empty() && !binding.field->isNumeric())
       fault = "is no number";
-    else if (text.find('\0') != std::string::npos)
-      fault = "holds a NUL";
+    else if (!isPlainText(text))
+      fault = "holds bytes that are no text";
     else if (binding.accepts)
       fault = binding.accepts(text);
     if (fault.empty()) {

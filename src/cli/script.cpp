@@ -67,8 +67,7 @@ void ScriptSession::paint() {
 void ScriptSession::runLine(std::string_view line) try {
   const auto words = splitWords(line);
   if (words.empty()) return;
-  if (!std::all_of(words.begin(), words.end(), isPlainText))
-    throw ScriptError("a word is no text in UTF-8");
+  if (!std::all_of(words.begin(), words.end(), isPlainText)) throw ScriptError("a word is no text in UTF-8");
   runCommand(*this, words);
   paint();
 } catch (const RuntimeFailure& failure) {

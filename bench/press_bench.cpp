@@ -185,10 +185,10 @@ struct Press {
 
 Press timedPress(ScriptSession& session) {
   Field& comput = session.system().mainView().command.comput;
-  const std::uint64_t before = session.system().progress().stepCount();
+  const std::uint64_t before = session.system().engine().progress.stepCount();
   const auto begin = Clock::now();
   comput.fire(Event::click);
-  return {seconds(Clock::now() - begin), session.system().progress().stepCount() - before};
+  return {seconds(Clock::now() - begin), session.system().engine().progress.stepCount() - before};
 }
 
 /// Steps of the width pass, which goes on by 1 m from the peak to the greatest width of the lowest level.

@@ -17,7 +17,7 @@
 #include "platform/failure.h"
 #include "platform/store/recordset.h"
 #include "platform/text.h"
-#include "scenario/study_layout.h"
+#include "study/layout.h"
 #include "targets.h"
 
 namespace noldarz::fuzz {

@@ -232,7 +232,11 @@ void state(ScriptSession& session, const Words& words) {
   for (std::size_t i = 1; i < words.size(); ++i) {
     Json value;
     visitAll(session.system().state(), [&](std::string_view name, auto variable) {
-      if (name == words[i]) value = variable;
+      if (name != words[i]) return;
+      if constexpr (std::is_same_v<decltype(variable), TableCell>)
+        value = cellText(variable);
+      else
+        value = variable;
     });
     if (value.is_null()) throw ScriptError("no state variable " + inQuotes(words[i]));
     session.print({{"state", words[i]}, {"value", value}});

@@ -28,11 +28,11 @@ ReportItem choice(const Field& field, std::string label) {
 ReportSection study(const MainView& main, const RunState& state) {
   return {"study",
           "Study",
-          {item(main.scenario.Orglbltxt, "Organisation"),
-           item(main.scenario.refnolbl, "Reference number"),
-           {main.scenario.chmnmelbl.name(), "Chemical", state.chemName, ""},
-           item(main.scenario.scnrotxt, "Scenario"),
-           item(main.scenario.scnrotxtlbl, "Run")}};
+          {item(main.project.Orglbltxt, "Organisation"),
+           item(main.project.refnolbl, "Reference number"),
+           {main.project.chmnmelbl.name(), "Chemical", state.chemName, ""},
+           item(main.project.scnrotxt, "Scenario"),
+           item(main.project.scnrotxtlbl, "Run")}};
 }
 
 ReportSection inputs(const MainView& main, bool puff, const std::string& limitsFrom) {
@@ -60,7 +60,7 @@ ReportSection inputs(const MainView& main, bool puff, const std::string& limitsF
                          choice(in.MaxFtlyDstOptn, "Limits by probit equation"),
                          {"limitsFrom", "Limits chosen by", limitsFrom, ""}}};
   for (int i = 0; i < in.Givnwnd.size(); ++i)
-    section.items.push_back(item(in.Givnwnd[i], "Wind " + trimmed(main.scenario.wndlbl1[i].caption()), "%"));
+    section.items.push_back(item(in.Givnwnd[i], "Wind " + trimmed(main.in.wndlbl1[i].caption()), "%"));
   return section;
 }
 

@@ -75,7 +75,7 @@ bool foundMaximum(const RunState& state) { return state.mgcDone == 1 && state.ma
 void pressCompute(ScriptSession& session, const std::vector<std::string>& levels) {
   session.runLine("click comput");
   if (!foundMaximum(session.system().state())) return;
-  if (!session.system().runRow().takeStoredLevels()) session.runLine("click getconclvl");
+  if (!session.system().scenario().runRow.takeStoredLevels()) session.runLine("click getconclvl");
   for (std::size_t i = 0; i < levels.size(); ++i)
     if (!levels[i].empty()) session.runLine(fmt::format("enter constn({}) \"{}\"", i, levels[i]));
   session.runLine("click comput");
@@ -121,7 +121,7 @@ std::string faultOfRun(System& system, bool ofStudy) {
   for (int i = 0; i < levelCount; ++i)
     if (level.bgnpt[i].text() == mark::inputError)
       return ofStudy ? "the levels were refused; --levels gives others" : "the levels were refused";
-  if (!ofStudy || system.runRow().isStored()) return "";
+  if (!ofStudy || system.scenario().runRow.isStored()) return "";
   if (Trap::ignoring().holds([&] { return isStorable(level); })) return system.status().happened();
   return "the results are not stored: the level " + level.conclbl[storingLevel].caption() + " is not complete";
 }
@@ -129,7 +129,7 @@ std::string faultOfRun(System& system, bool ofStudy) {
 /// Why the run gives no table; empty when it does.
 std::string addTable(System& system, const std::vector<std::string>& densities, Report& report) {
   try {
-    system.limitSearch().fillTable();
+    system.toxic().limitSearch.fillTable();
   } catch (const RuntimeFailure& failure) {
     return std::string{"no table of fatality and injury: "} + failure.what();
   }

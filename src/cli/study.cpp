@@ -13,7 +13,7 @@
 #include "platform/store/recordset.h"
 #include "platform/store/store_failure.h"
 #include "platform/visible_text.h"
-#include "scenario/study_layout.h"
+#include "study/layout.h"
 
 namespace noldarz {
 

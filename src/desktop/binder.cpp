@@ -62,7 +62,7 @@ Binder::Binder(View& view, QWidget& form, Front front) : form_(form), front_(std
 
 void Binder::bind(Field& field) {
   const QString name = widgetName(field.name());
-  if (field.kind() == FieldKind::timer) return;  // nothing on the screen
+  if (field.kind() == FieldKind::timer || field.kind() == FieldKind::carried) return;  // nothing on the screen
   if (field.kind() == FieldKind::menu) {
     auto* menu = form_.findChild<QMenu*>(name);
     if (QAction* action = menu ? menu->menuAction() : form_.findChild<QAction*>(name))

@@ -5,41 +5,23 @@
 
 namespace noldarz {
 
-CloseOut::CloseOut(View& mainView, const ModelState& model, const SweepState& sweep, const LevelState& passes,
-                   WindShareState& wind, const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
-                   const CommandFields& command, Isopleth& isopleth, Progress& progress, Desktop& desktop,
-                   Effects effects)
-    : mainView_(mainView),
-      model_(model),
-      sweep_(sweep),
-      passes_(passes),
-      wind_(wind),
-      in_(in),
-      level_(level),
-      result_(result),
-      command_(command),
-      isopleth_(isopleth),
-      progress_(progress),
-      desktop_(desktop),
-      effects_(effects) {}
-
 void CloseOut::closeRun(const Trap& press) {
-  const bool levelsPassed = passes_.firstPass == 0;
+  const bool levelsPassed = sees_.passes.firstPass == 0;
   const Trap regime = levelsPassed ? Trap::ignoring() : press;
   if (levelsPassed) {
-    press.step([&] { isopleth_.calcFlammableMass(); });
+    press.step([&] { sees_.isopleth.calcFlammableMass(); });
     regime.step([&] { showStabilizationTime(); });
   }
   regime.steps([&] { takeFlammableMass(regime); },
                [&] { judgeLastLevel(); },
-               [&] { effects_.toxic.prepareSearch(regime); },
+               [&] { sees_.ports.toxic->prepareSearch(regime); },
                [&] { reportNegativeLength(); },
-               [&] { effects_.toxic.searchLimits(regime); });
-  if (regime.holds([&] { return isStorable(level_); })) storeResults(regime);
-  desktop_.setPointer(Pointer::standard);
-  mainView_.show();
-  progress_.close();
-  if (command_.prntprv.enabled()) openOutputs(regime);
+               [&] { sees_.ports.toxic->searchLimits(regime); });
+  if (regime.holds([&] { return isStorable(sees_.level); })) storeResults(regime);
+  sees_.desktop.setPointer(Pointer::standard);
+  sees_.mainView.show();
+  sees_.progress.close();
+  if (sees_.command.prntprv.enabled()) openOutputs(regime);
 }
 
 ScaledTime scaledTime(double seconds) {
@@ -52,53 +34,54 @@ ScaledTime scaledTime(double seconds) {
 
 void CloseOut::showStabilizationTime() {
   double time = 0;
-  silently([&] { time = checked(level_.endpt[levelCount - 1].number() / divisor(model_.windAtHeight)); });
+  silently([&] { time = checked(sees_.level.endpt[levelCount - 1].number() / divisor(sees_.model.windAtHeight)); });
   // The caption says seconds on every scale.
   const ScaledTime shown = scaledTime(time);
-  result_.tmestbltxt.setCaption(Format(shown.value, "0.00"));
-  result_.tmeunitlbl.setCaption(shown.unit);
+  sees_.result.tmestbltxt.setCaption(Format(shown.value, "0.00"));
+  sees_.result.tmeunitlbl.setCaption(shown.unit);
 }
 
 void CloseOut::takeFlammableMass(const Trap& regime) {
-  const ParsedNumber mass = parseNumber(result_.expmass.text());
+  const ParsedNumber mass = parseNumber(sees_.result.expmass.text());
   const bool positive = mass.outcome == ParsedNumber::Outcome::number && mass.value > 0;
-  if (!positive) result_.expmass.setText("Mass = 0");
-  regime.step([&] { effects_.rows.storeFlammableMass(positive ? mass.value : 0); });
+  if (!positive) sees_.result.expmass.setText("Mass = 0");
+  regime.step([&] { sees_.ports.rows->storeFlammableMass(positive ? mass.value : 0); });
 }
 
 void CloseOut::judgeLastLevel() {
-  const auto isOpen = [&](const Field& point) { return mark::isOpen(point.text(), sweep_.endDist); };
-  command_.prntprv.setEnabled(!isOpen(level_.bgnpt[levelCount - 1]) && !isOpen(level_.endpt[levelCount - 1]));
+  const auto isOpen = [&](const Field& point) { return mark::isOpen(point.text(), sees_.sweep.endDist); };
+  sees_.command.prntprv.setEnabled(!isOpen(sees_.level.bgnpt[levelCount - 1]) &&
+                                   !isOpen(sees_.level.endpt[levelCount - 1]));
 }
 
 void CloseOut::reportNegativeLength() {
   for (int i = 0; i < levelCount; ++i) {
     // Texts are compared, so that a mark is no negative length: all of them sort after "0".
-    if (level_.isoplngt[i].text() < mark::nothing) {
-      desktop_.messageBox(critical("Reset concentration " + level_.conclbl[i].caption() +
-                                   "\nNote:Enter concentration < " + level_.constn[i].text()));
-      progress_.close();
-      level_.constn[i].setBackColour(attentionColour);
-      command_.prntprv.disable();
-      level_.constn[i].enable();
+    if (sees_.level.isoplngt[i].text() < mark::nothing) {
+      sees_.desktop.messageBox(critical("Reset concentration " + sees_.level.conclbl[i].caption() +
+                                        "\nNote:Enter concentration < " + sees_.level.constn[i].text()));
+      sees_.progress.close();
+      sees_.level.constn[i].setBackColour(attentionColour);
+      sees_.command.prntprv.disable();
+      sees_.level.constn[i].enable();
       return;
     }
-    level_.constn[i].setBackColour(SystemColour::windowBackground);
+    sees_.level.constn[i].setBackColour(SystemColour::windowBackground);
   }
 }
 
 void CloseOut::storeResults(const Trap& regime) {
-  regime.steps([&] { effects_.rows.storeRun(); },
-               [&] { command_.comput.setCaption("Results at given concentration"); },
-               [&] { wind_.windTotal = windSum(in_); },
-               [&] { wind_.calmPct = 100 - wind_.windTotal; },
-               [&] { result_.calmlbl[0].setCaption(Format(wind_.calmPct, "0.00")); });
+  regime.steps([&] { sees_.ports.rows->storeRun(); },
+               [&] { sees_.command.comput.setCaption("Results at given concentration"); },
+               [&] { sees_.shares.windTotal = windSum(sees_.in); },
+               [&] { sees_.shares.calmPct = 100 - sees_.shares.windTotal; },
+               [&] { sees_.result.calmlbl[0].setCaption(Format(sees_.shares.calmPct, "0.00")); });
 }
 
 void CloseOut::openOutputs(const Trap& regime) {
-  regime.steps([&] { desktop_.setFocus(command_.prntprv); },
-               [&] { desktop_.openDropDown(command_.prntprv); },
-               [&] { command_.comput.setCaption("Concentration distances computed."); });
+  regime.steps([&] { sees_.desktop.setFocus(sees_.command.prntprv); },
+               [&] { sees_.desktop.openDropDown(sees_.command.prntprv); },
+               [&] { sees_.command.comput.setCaption("Concentration distances computed."); });
 }
 
 }  // namespace noldarz

@@ -24,9 +24,22 @@ ScaledTime scaledTime(double seconds);
 
 class CloseOut {
  public:
-  CloseOut(View& mainView, const ModelState& model, const SweepState& sweep, const LevelState& passes,
-           WindShareState& wind, const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
-           const CommandFields& command, Isopleth& isopleth, Progress& progress, Desktop& desktop, Effects effects);
+  struct Sees {
+    View& mainView;
+    const ModelState& model;
+    const SweepState& sweep;
+    const LevelState& passes;
+    WindShareState& shares;
+    const ScenarioInputs& in;
+    const LevelFields& level;
+    const ResultFields& result;
+    const CommandFields& command;
+    Isopleth& isopleth;
+    Progress& progress;
+    Desktop& desktop;
+    const PressPorts& ports;
+  };
+  explicit CloseOut(const Sees& sees) : sees_(sees) {}
 
   /// Runs under the trap of the press; from the time of stabilization on, in a press that went through the level
   /// passes, failures are ignored.
@@ -44,19 +57,7 @@ class CloseOut {
   void storeResults(const Trap& regime);
   void openOutputs(const Trap& regime);
 
-  View& mainView_;
-  const ModelState& model_;
-  const SweepState& sweep_;
-  const LevelState& passes_;
-  WindShareState& wind_;
-  const ScenarioInputs& in_;
-  const LevelFields& level_;
-  const ResultFields& result_;
-  const CommandFields& command_;
-  Isopleth& isopleth_;
-  Progress& progress_;
-  Desktop& desktop_;
-  Effects effects_;
+  Sees sees_;
 };
 
 }  // namespace noldarz

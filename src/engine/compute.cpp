@@ -13,68 +13,51 @@ constexpr Colour secondPressColour = Colour::fromScreen(0xFFFF80);
 
 }  // namespace
 
-Compute::Compute(View& mainView, ModelState& model, SweepState& sweep, LevelState& passes, LimitState& limits,
-                 const ScenarioInputs& in, const ResultFields& result, const CommandFields& command, Sweep& search,
-                 LevelPasses& levelPasses, CloseOut& closeOut, Progress& progress, Desktop& desktop, Effects effects)
-    : mainView_(mainView),
-      model_(model),
-      sweep_(sweep),
-      passes_(passes),
-      limits_(limits),
-      in_(in),
-      result_(result),
-      command_(command),
-      search_(search),
-      levelPasses_(levelPasses),
-      closeOut_(closeOut),
-      progress_(progress),
-      desktop_(desktop),
-      effects_(effects) {}
-
 Trap Compute::pressTrap() {
   return Trap{[this](const RuntimeFailure&) {
-    desktop_.setPointer(Pointer::standard);
-    mainView_.show();
-    progress_.close();
+    sees_.desktop.setPointer(Pointer::standard);
+    sees_.mainView.show();
+    sees_.progress.close();
   }};
 }
 
 void Compute::comput_Click() {
   const Trap press = pressTrap();
-  limits_ = {};
-  press.steps([&] { sweep_.endDist = reachOf(in_.enddisttxt); },
-              [&] { model_.htRelease = in_.htreltxt.number(); },
-              [&] { model_.htSimul = in_.htsmul.number(); });
-  passes_.sweepLevel = 0;
-  passes_.widthLevel = 0;
-  press.step([&] { effects_.toxic.takeProbitConstants(press); });
-  progress_.show();
-  if (sweep_.mgcDone == 0 && sweep_.maxConcDone == 0) {
+  sees_.limits = {};
+  press.steps([&] { sees_.sweep.endDist = reachOf(sees_.in.enddisttxt); },
+              [&] { sees_.model.htRelease = sees_.in.htreltxt.number(); },
+              [&] { sees_.model.htSimul = sees_.in.htsmul.number(); });
+  sees_.passes.sweepLevel = 0;
+  sees_.passes.widthLevel = 0;
+  press.step([&] { sees_.ports.toxic->takeProbitConstants(press); });
+  sees_.progress.show();
+  if (sees_.sweep.mgcDone == 0 && sees_.sweep.maxConcDone == 0) {
     firstPress(press);
-  } else if (sweep_.mgcDone == 1 && sweep_.maxConcDone == 1) {
-    if (levelPasses_.runLevelPasses(press) == LevelPasses::Outcome::refused) return;
+  } else if (sees_.sweep.mgcDone == 1 && sees_.sweep.maxConcDone == 1) {
+    if (sees_.levelPasses.runLevelPasses(press) == LevelPasses::Outcome::refused) return;
   }
-  closeOut_.closeRun(press);
+  sees_.closeOut.closeRun(press);
 }
 
 void Compute::firstPress(const Trap& press) {
-  for (Field* field : {&in_.htreltxt, &in_.stblclscbo, &in_.htsmul, &in_.roghwndoptcbo, &in_.wndveltxt})
+  for (Field* field :
+       {&sees_.in.htreltxt, &sees_.in.stblclscbo, &sees_.in.htsmul, &sees_.in.roghwndoptcbo, &sees_.in.wndveltxt})
     field->disable();
-  command_.comput.setCaption("&Compute maximum concentration");
-  command_.comput.setBackColour(SystemColour::buttonFace);
-  press.step([&] { model_.sigmaZAtMax = checked(model_.htRelease / rootOfTwo); });
-  model_.concGround = 0;  // a type outside the three leaves it, and must not find that of an earlier release
-  model_.mgcPass = 1;
-  sweep_.bgnIdx = sweep_.endIdx = passes_.widthIdx = levelCount;
-  passes_.firstPass = 1;
-  sweep_.sweepFrom = firstDistance;
-  sweep_.sweepTo = sweep_.endDist;
-  sweep_.sweepStep = firstStep;
-  search_.runSweep();
-  model_.mgcPass = 0;
-  command_.comput.setCaption("&Compute at given concentration");
-  command_.comput.setBackColour(secondPressColour);
-  result_.nodfdwndlbl.setCaption("Modified wind velocity - " + Format(model_.windAtHeight, "0.00") + " m/s");
+  sees_.command.comput.setCaption("&Compute maximum concentration");
+  sees_.command.comput.setBackColour(SystemColour::buttonFace);
+  press.step([&] { sees_.model.sigmaZAtMax = checked(sees_.model.htRelease / rootOfTwo); });
+  sees_.model.concGround = 0;  // a type outside the three leaves it, and must not find that of an earlier release
+  sees_.model.mgcPass = 1;
+  sees_.sweep.bgnIdx = sees_.sweep.endIdx = sees_.passes.widthIdx = levelCount;
+  sees_.passes.firstPass = 1;
+  sees_.sweep.sweepFrom = firstDistance;
+  sees_.sweep.sweepTo = sees_.sweep.endDist;
+  sees_.sweep.sweepStep = firstStep;
+  sees_.search.runSweep();
+  sees_.model.mgcPass = 0;
+  sees_.command.comput.setCaption("&Compute at given concentration");
+  sees_.command.comput.setBackColour(secondPressColour);
+  sees_.result.nodfdwndlbl.setCaption("Modified wind velocity - " + Format(sees_.model.windAtHeight, "0.00") + " m/s");
 }
 
 }  // namespace noldarz

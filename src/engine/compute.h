@@ -16,9 +16,23 @@ namespace noldarz {
 
 class Compute {
  public:
-  Compute(View& mainView, ModelState& model, SweepState& sweep, LevelState& passes, LimitState& limits,
-          const ScenarioInputs& in, const ResultFields& result, const CommandFields& command, Sweep& search,
-          LevelPasses& levelPasses, CloseOut& closeOut, Progress& progress, Desktop& desktop, Effects effects);
+  struct Sees {
+    View& mainView;
+    ModelState& model;
+    SweepState& sweep;
+    LevelState& passes;
+    LimitState& limits;
+    const ScenarioInputs& in;
+    const ResultFields& result;
+    const CommandFields& command;
+    Sweep& search;
+    LevelPasses& levelPasses;
+    CloseOut& closeOut;
+    Progress& progress;
+    Desktop& desktop;
+    const PressPorts& ports;
+  };
+  explicit Compute(const Sees& sees) : sees_(sees) {}
 
   /// A press. Its trap takes every run-time failure: the pointer goes to default, the main view is made visible, the
   /// wait view closes, and the press goes on behind the failing statement.
@@ -28,20 +42,7 @@ class Compute {
   Trap pressTrap();
   void firstPress(const Trap& press);
 
-  View& mainView_;
-  ModelState& model_;
-  SweepState& sweep_;
-  LevelState& passes_;
-  LimitState& limits_;
-  const ScenarioInputs& in_;
-  const ResultFields& result_;
-  const CommandFields& command_;
-  Sweep& search_;
-  LevelPasses& levelPasses_;
-  CloseOut& closeOut_;
-  Progress& progress_;
-  Desktop& desktop_;
-  Effects effects_;
+  Sees sees_;
 };
 
 }  // namespace noldarz

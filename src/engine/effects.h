@@ -1,4 +1,4 @@
-// What a press of Compute asks of the rooms above the engine. They implement it, system/ wires it.
+// What a press of Compute asks of the rooms above the engine. They implement it, system/ joins them.
 #pragma once
 
 #include "platform/failure.h"
@@ -35,9 +35,10 @@ class RunStore {
   virtual void storeRun() = 0;
 };
 
-struct Effects {
-  ToxicEffects& toxic;
-  RunStore& rows;
+/// Both, filled once the rooms above stand.
+struct PressPorts {
+  ToxicEffects* toxic = nullptr;
+  RunStore* rows = nullptr;
 };
 
 }  // namespace noldarz

@@ -10,13 +10,6 @@ namespace noldarz {
 
 namespace {
 
-/// A field that carries a value of the study for the code; the user does not see it.
-Field& carried(View& view, std::string name, std::string initial = {}) {
-  Field& field = view.text(std::move(name), std::move(initial));
-  field.setVisible(false);
-  return field;
-}
-
 /// What the program writes and the user reads.
 Field& result(View& view, std::string name) {
   Field& field = view.text(std::move(name), "0");
@@ -54,6 +47,16 @@ Field& constant(View& view, std::string name, std::string_view toolTip) {
 constexpr std::array<std::string_view, levelCount> levelCaptions{
     "UEL:", "LEL:", "TEEL3/IDLH:", "TEEL2:", "TEEL1:", "TEEL0:"};
 
+// Clockwise from the wind that blows from the north to the south.
+constexpr std::array<std::string_view, 8> orientations{
+    " N -> S", "NE -> SW", " E ->W", "SE -> NW", "S -> N", "SW -> NE", "W -> E", "NW -> SE"};
+
+FieldArray<8> orientationLabels(View& view) {
+  auto labels = view.array<8>(FieldKind::label, "wndlbl1");
+  for (int i = 0; i < labels.size(); ++i) labels[i].setCaption(orientations.at(static_cast<std::size_t>(i)));
+  return labels;
+}
+
 }  // namespace
 
 std::string mark::beyond(double endDist) { return ">" + plainText(endDist); }
@@ -63,12 +66,12 @@ bool mark::isOpen(std::string_view text, double endDist) {
 }
 
 ScenarioInputs::ScenarioInputs(View& view)
-    : scnrotypetxt(carried(view, "scnrotypetxt")),
-      QntyRelstxt(carried(view, "QntyRelstxt")),
-      PoolRadiusRrslstxt(carried(view, "PoolRadiusRrslstxt")),
-      molwttxt(carried(view, "molwttxt")),
-      vapordnstytxt(carried(view, "vapordnstytxt")),
-      tempStore(carried(view, "tempStore", "30")),
+    : scnrotypetxt(view.carried("scnrotypetxt")),
+      QntyRelstxt(view.carried("QntyRelstxt")),
+      PoolRadiusRrslstxt(view.carried("PoolRadiusRrslstxt")),
+      molwttxt(view.carried("molwttxt")),
+      vapordnstytxt(view.carried("vapordnstytxt")),
+      tempStore(view.carried("tempStore", "30")),
       htreltxt(view.text("htreltxt", "1")),
       htsmul(view.text("htsmul", "1.5")),
       enddisttxt(view.text("enddisttxt", "10000")),
@@ -83,7 +86,8 @@ ScenarioInputs::ScenarioInputs(View& view)
       hudityTxt(view.text("hudityTxt", "10")),
       MaxFtlyDstOptn(
           check(view, "MaxFtlyDstOptn", "Computes Fatality and Injury dist. limit using Probit Equation.", 1)),
-      Givnwnd(view.array<8>(FieldKind::text, "Givnwnd", "0")) {
+      Givnwnd(view.array<8>(FieldKind::text, "Givnwnd", "0")),
+      wndlbl1(orientationLabels(view)) {
   hudityTxt.setToolTip("Enter only if humidity will affect toxicity");
   enddisttxt.setToolTip("Limit : 50000 m");
   stblclscbo.setToolTip("Always select Stability class from dropdown");
@@ -134,6 +138,7 @@ ResultFields::ResultFields(View& view)
 
 CommandFields::CommandFields(View& view)
     : comput(view.add(FieldKind::button, "comput", "&Compute maximum concentration")),
+      redosimul(view.add(FieldKind::button, "redosimul", "Redo")),
       getconclvl(view.add(FieldKind::button, "getconclvl", "Get Concentration (ppm):")),
       prntprv(view.add(FieldKind::combo, "prntprv")) {
   getconclvl.setToolTip("Click to get concentration from database for the chemical selected");

@@ -51,6 +51,7 @@ struct ScenarioInputs {
   Field& hudityTxt;           // relative humidity (%)
   Field& MaxFtlyDstOptn;      // 1: limits by probit equation; 0: by lethal concentration
   FieldArray<8> Givnwnd;      // wind prevalence in eight orientations (%)
+  FieldArray<8> wndlbl1;      // captions of the orientations
 };
 
 struct LevelFields {
@@ -100,6 +101,7 @@ struct CommandFields {
   explicit CommandFields(View& view);
 
   Field& comput;      // the two presses
+  Field& redosimul;   // clears the results for a new Compute
   Field& getconclvl;  // loads the levels from the chemical's limits
   Field& prntprv;     // list of outputs; the close-out enables it
 };

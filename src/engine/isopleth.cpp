@@ -21,100 +21,91 @@ constexpr double poundsPerGram = 0.002204634;
 
 }  // namespace
 
-Isopleth::Isopleth(ModelState& model, LevelState& passes, const SweepState& sweep, PlumeModel& plume,
-                   const ScenarioInputs& in, const LevelFields& level, const ResultFields& result, Progress& progress)
-    : model_(model),
-      passes_(passes),
-      sweep_(sweep),
-      plume_(plume),
-      in_(in),
-      level_(level),
-      result_(result),
-      progress_(progress) {}
-
 void Isopleth::calcHalfWidth() {
-  plume_.plumeConc(model_.sigmaYAt, model_.sigmaZAt, isoplethTemperature, model_.concAt);
-  if (model_.concAt > model_.levelConcAt)
-    passes_.halfWidthCur = halfWidth(model_.concAt, model_.levelConcAt, model_.sigmaYAt);
+  sees_.plume.plumeConc(sees_.model.sigmaYAt, sees_.model.sigmaZAt, isoplethTemperature, sees_.model.concAt);
+  if (sees_.model.concAt > sees_.model.levelConcAt)
+    sees_.passes.halfWidthCur = halfWidth(sees_.model.concAt, sees_.model.levelConcAt, sees_.model.sigmaYAt);
 }
 
 void Isopleth::findMaxWidth(const Trap& regime) {
-  if (passes_.widthIdx >= levelCount) return;
-  const auto atMaximumDistance = [&] { return in_.enddisttxt.number() == model_.distAt; };
+  if (sees_.passes.widthIdx >= levelCount) return;
+  const auto atMaximumDistance = [&] { return sees_.in.enddisttxt.number() == sees_.model.distAt; };
   Stride stride;
   for (;;) {
-    regime.steps([&] { progress_.showProgress(); },
-                 [&] { plume_.calcSigmaYAt(); },
-                 [&] { plume_.calcSigmaZBaseAt(); },
-                 [&] { plume_.calcSigmaZAt(); });
-    passes_.halfWidthLast = passes_.halfWidthPrev;
+    regime.steps([&] { sees_.progress.showProgress(); },
+                 [&] { sees_.plume.calcSigmaYAt(); },
+                 [&] { sees_.plume.calcSigmaZBaseAt(); },
+                 [&] { sees_.plume.calcSigmaZAt(); });
+    sees_.passes.halfWidthLast = sees_.passes.halfWidthPrev;
     calcHalfWidth();
-    if (passes_.halfWidthLast >= passes_.halfWidthCur) {  // the widest point is passed
-      model_.halfWidthMax = passes_.halfWidthCur;
-      passes_.maxWidthDist = model_.distAt;
+    if (sees_.passes.halfWidthLast >= sees_.passes.halfWidthCur) {  // the widest point is passed
+      sees_.model.halfWidthMax = sees_.passes.halfWidthCur;
+      sees_.passes.maxWidthDist = sees_.model.distAt;
       break;
     }
-    passes_.halfWidthPrev = passes_.halfWidthCur;
+    sees_.passes.halfWidthPrev = sees_.passes.halfWidthCur;
     skipWideningSteps(stride);
-    model_.distAt += sweep_.sweepStep;
+    sees_.model.distAt += sees_.sweep.sweepStep;
     if (regime.holds(atMaximumDistance)) break;
-    if (model_.distAt >= farthestDistance) return level_.setWidth(passes_.widthLevel, mark::beyond(farthestDistance));
+    if (sees_.model.distAt >= farthestDistance)
+      return sees_.level.setWidth(sees_.passes.widthLevel, mark::beyond(farthestDistance));
   }
-  level_.distmaxisop[passes_.widthLevel].setText(Format(passes_.maxWidthDist, "0.00"));
-  level_.isopwdth[passes_.widthLevel].setText(Format(model_.halfWidthMax + model_.halfWidthMax, "0.00"));
+  sees_.level.distmaxisop[sees_.passes.widthLevel].setText(Format(sees_.passes.maxWidthDist, "0.00"));
+  sees_.level.isopwdth[sees_.passes.widthLevel].setText(
+      Format(sees_.model.halfWidthMax + sees_.model.halfWidthMax, "0.00"));
 }
 
 void Isopleth::skipWideningSteps(Stride& stride) {
-  const int most = std::min(stride.steps(), progress_.stepsToTurn());
-  const auto [before, next, steps] = stretchAhead(model_.distAt, sweep_.sweepStep, farthestDistance, most);
+  const int most = std::min(stride.steps(), sees_.progress.stepsToTurn());
+  const auto [before, next, steps] = stretchAhead(sees_.model.distAt, sees_.sweep.sweepStep, farthestDistance, most);
   if (steps < 2) return;
-  const ParsedNumber& end = in_.enddisttxt.parsed();
+  const ParsedNumber& end = sees_.in.enddisttxt.parsed();
   // The last step of a march that comes to its end knows the half width one step before.
-  const double behind = next + sweep_.sweepStep;
+  const double behind = next + sees_.sweep.sweepStep;
   const bool meetsEnd =
-      !end.isNumber() || (model_.distAt < end.value && end.value <= behind) || behind >= farthestDistance;
-  const auto range = meetsEnd ? std::nullopt : plume_.axisRange(model_.distAt, next);
-  if (!range || !range->widens(model_.levelConcAt)) return stride.failed();
-  model_.distAt = before;
-  progress_.skip(steps - 1);
+      !end.isNumber() || (sees_.model.distAt < end.value && end.value <= behind) || behind >= farthestDistance;
+  const auto range = meetsEnd ? std::nullopt : sees_.plume.axisRange(sees_.model.distAt, next);
+  if (!range || !range->widens(sees_.model.levelConcAt)) return stride.failed();
+  sees_.model.distAt = before;
+  sees_.progress.skip(steps - 1);
   stride.succeeded();
 }
 
 void Isopleth::calcLevelShape(int level, const Trap& regime) {
-  const Field& width = level_.isopwdth[level];
+  const Field& width = sees_.level.isopwdth[level];
   regime.steps(
       [&] {
-        const double tangent = checked((width.number() * 0.5) / divisor(level_.distmaxisop[level].number()));
-        level_.isopang[level].setText(Format(std::atan(tangent) * degreesPerRadian, "0.00"));
+        const double tangent = checked((width.number() * 0.5) / divisor(sees_.level.distmaxisop[level].number()));
+        sees_.level.isopang[level].setText(Format(std::atan(tangent) * degreesPerRadian, "0.00"));
       },
       [&] {
-        const double ellipse = (width.number() / 2) * pi * (level_.isoplngt[level].number() / 2);
+        const double ellipse = (width.number() / 2) * pi * (sees_.level.isoplngt[level].number() / 2);
         const double area = rounded(ellipse * hectaresPerSquareMetre, 5);
-        level_.isoparea[level].setText(Format(area, area < smallestAreaInThreeDecimals ? "0.00000" : "0.000"));
+        sees_.level.isoparea[level].setText(Format(area, area < smallestAreaInThreeDecimals ? "0.00000" : "0.000"));
       });
 }
 
 /// T: half the length times a quarter of the width of a level; the width enters to the first power.
 double Isopleth::levelVolume(int level) const {
-  return (level_.isoplngt[level].number() / 2) * (level_.isopwdth[level].number() / 4);
+  return (sees_.level.isoplngt[level].number() / 2) * (sees_.level.isopwdth[level].number() / 4);
 }
 
 /// D: density (kg/m3) of the mixture of gas and air at the concentration of a level.
 double Isopleth::levelDensity(int level) const {
-  const double c = level_.constn[level].number();
-  const double v = in_.vapordnstytxt.number();
+  const double c = sees_.level.constn[level].number();
+  const double v = sees_.in.vapordnstytxt.number();
   return (airDensity * v * c) / 1000000 + (1 - c / 1000000) * airDensity;
 }
 
 bool Isopleth::captionIn(int level, std::initializer_list<std::string_view> texts) const {
-  return std::find(texts.begin(), texts.end(), level_.conclbl[level].caption()) != texts.end();
+  return std::find(texts.begin(), texts.end(), sees_.level.conclbl[level].caption()) != texts.end();
 }
 
 void Isopleth::calcFlammableMass() {
   const auto T = [this](int level) { return levelVolume(level); };
   const auto D = [this](int level) { return levelDensity(level); };
   constexpr double f = ellipsoidFactor;  // multiplies only the first term of a volume
-  const auto show = [this](double grams) { result_.expmass.setText(Format(poundsPerGram * grams, "0.000")); };
+  const auto show = [this](double grams) { sees_.result.expmass.setText(Format(poundsPerGram * grams, "0.000")); };
   const auto isLel = [this](int level) { return captionIn(level, {"LEL", "LEL:", "LEL.", "Lel", "Lel:", "Lel."}); };
 
   if (isLel(2)) {
@@ -130,7 +121,7 @@ void Isopleth::calcFlammableMass() {
     const double V = f * T(1) - T(0);
     show(V * D(1) - f * T(0) * D(0));
   } else {
-    result_.expmass.setText(mark::nothing);
+    sees_.result.expmass.setText(mark::nothing);
   }
 }
 

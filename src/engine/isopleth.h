@@ -15,8 +15,17 @@ namespace noldarz {
 
 class Isopleth {
  public:
-  Isopleth(ModelState& model, LevelState& passes, const SweepState& sweep, PlumeModel& plume, const ScenarioInputs& in,
-           const LevelFields& level, const ResultFields& result, Progress& progress);
+  struct Sees {
+    ModelState& model;
+    LevelState& passes;
+    const SweepState& sweep;
+    PlumeModel& plume;
+    const ScenarioInputs& in;
+    const LevelFields& level;
+    const ResultFields& result;
+    Progress& progress;
+  };
+  explicit Isopleth(const Sees& sees) : sees_(sees) {}
 
   /// Marches away from the source by sweepStep, from distAt on, while the half width of level widthLevel grows:
   ///
@@ -50,14 +59,7 @@ class Isopleth {
   double levelDensity(int level) const;
   bool captionIn(int level, std::initializer_list<std::string_view> texts) const;
 
-  ModelState& model_;
-  LevelState& passes_;
-  const SweepState& sweep_;
-  PlumeModel& plume_;
-  const ScenarioInputs& in_;
-  const LevelFields& level_;
-  const ResultFields& result_;
-  Progress& progress_;
+  Sees sees_;
 };
 
 }  // namespace noldarz

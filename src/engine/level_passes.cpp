@@ -18,23 +18,6 @@ constexpr double extension = 10000;  // m that a Yes adds to the maximum distanc
 
 }  // namespace
 
-LevelPasses::LevelPasses(ModelState& model, SweepState& sweep, LevelState& passes, const ScenarioInputs& in,
-                         const LevelFields& level, const ResultFields& result, const CommandFields& command,
-                         Sweep& search, Isopleth& isopleth, Progress& progress, Desktop& desktop,
-                         std::function<void()> press)
-    : model_(model),
-      sweep_(sweep),
-      passes_(passes),
-      in_(in),
-      level_(level),
-      result_(result),
-      command_(command),
-      search_(search),
-      isopleth_(isopleth),
-      progress_(progress),
-      desktop_(desktop),
-      press_(std::move(press)) {}
-
 LevelPasses::Outcome LevelPasses::runLevelPasses(const Trap& press) {
   disableInputs();
   if (const int bad = firstBadLevel(press); bad >= 0) {
@@ -46,25 +29,30 @@ LevelPasses::Outcome LevelPasses::runLevelPasses(const Trap& press) {
   refineEndPoints(press);
   findWidths(press);
   workOutResults(press);
-  passes_.firstPass = 0;
+  sees_.passes.firstPass = 0;
   return Outcome::closeOut;
 }
 
 void LevelPasses::disableInputs() const {
-  command_.getconclvl.disable();
-  for (int i = 0; i < levelCount; ++i) level_.constn[i].disable();
-  for (Field* field : {&in_.prbtoptn, &in_.avalftl, &in_.nvalftl, &in_.avalinj, &in_.nvalinj, &in_.hudityTxt})
+  sees_.command.getconclvl.disable();
+  for (int i = 0; i < levelCount; ++i) sees_.level.constn[i].disable();
+  for (Field* field : {&sees_.in.prbtoptn,
+                       &sees_.in.avalftl,
+                       &sees_.in.nvalftl,
+                       &sees_.in.avalinj,
+                       &sees_.in.nvalinj,
+                       &sees_.in.hudityTxt})
     field->disable();
 }
 
 int LevelPasses::firstBadLevel(const Trap& press) const {
   for (int i = 0; i + 1 < levelCount; ++i) {
-    const Field& upper = level_.constn[i];
-    const Field& lower = level_.constn[i + 1];
+    const Field& upper = sees_.level.constn[i];
+    const Field& lower = sees_.level.constn[i + 1];
     if (!upper.isNumeric() || !lower.isNumeric()) return i;
     const bool bad = press.holds([&] {
       const double a = upper.number();
-      return a >= result_.constn1.number() || a < lower.number() || a <= 0;
+      return a >= sees_.result.constn1.number() || a < lower.number() || a <= 0;
     });
     if (bad) return i;
   }
@@ -75,88 +63,89 @@ void LevelPasses::refuse(int bad, const Trap& press) const {
   const MessageBox box = critical(
       "1. Concentration should be >0 and in descending order.\n"
       "2. Concentrations (ppm) should be < Maximum Isop concentration (ppm) ");
-  desktop_.messageBox(box);
+  sees_.desktop.messageBox(box);
   const int level = bad + 1;
-  level_.setResults(level, mark::inputError);
-  for (int i = 0; i < levelCount; ++i) level_.constn[i].enable();
-  progress_.close();
-  desktop_.setPointer(Pointer::standard);
-  press.step([&] { desktop_.setFocus(level_.constn[level]); });
+  sees_.level.setResults(level, mark::inputError);
+  for (int i = 0; i < levelCount; ++i) sees_.level.constn[i].enable();
+  sees_.progress.close();
+  sees_.desktop.setPointer(Pointer::standard);
+  press.step([&] { sees_.desktop.setFocus(sees_.level.constn[level]); });
   const bool onlyOrder = press.holds([&] {
-    const double a = level_.constn[bad].number();
-    return a > 0 && a < result_.constn1.number();
+    const double a = sees_.level.constn[bad].number();
+    return a > 0 && a < sees_.result.constn1.number();
   });
-  level_.constn[onlyOrder ? level : bad].setFault(box.text);
-  command_.prntprv.disable();
+  sees_.level.constn[onlyOrder ? level : bad].setFault(box.text);
+  sees_.command.prntprv.disable();
 }
 
 void LevelPasses::findBeginPoints(const Trap& press) {
-  sweep_.bgnIdx = 0;
-  const bool far = press.holds([&] { return result_.maxdistconctxt.number() > nearPeak; });
-  sweep_.sweepStep = far ? beginStep : fineStep;
-  sweep_.sweepFrom = firstDistance;
-  press.step([&] { sweep_.sweepTo = reachOf(result_.maxdistconctxt); });
-  search_.runSweep();
+  sees_.sweep.bgnIdx = 0;
+  const bool far = press.holds([&] { return sees_.result.maxdistconctxt.number() > nearPeak; });
+  sees_.sweep.sweepStep = far ? beginStep : fineStep;
+  sees_.sweep.sweepFrom = firstDistance;
+  press.step([&] { sees_.sweep.sweepTo = reachOf(sees_.result.maxdistconctxt); });
+  sees_.search.runSweep();
 }
 
 void LevelPasses::findEndPoints(const Trap& press) {
-  sweep_.endIdx = 0;
-  sweep_.sweepStep = coarseEndStep;
-  sweep_.sweepTo = sweep_.endDist;
-  for (passes_.sweepLevel = 0; passes_.sweepLevel < levelCount; ++passes_.sweepLevel) {
-    press.step([&] { sweep_.sweepFrom = axisDistance(level_.bgnpt[passes_.sweepLevel]); });
-    search_.runSweep();
+  sees_.sweep.endIdx = 0;
+  sees_.sweep.sweepStep = coarseEndStep;
+  sees_.sweep.sweepTo = sees_.sweep.endDist;
+  for (sees_.passes.sweepLevel = 0; sees_.passes.sweepLevel < levelCount; ++sees_.passes.sweepLevel) {
+    press.step([&] { sees_.sweep.sweepFrom = axisDistance(sees_.level.bgnpt[sees_.passes.sweepLevel]); });
+    sees_.search.runSweep();
   }
 }
 
 bool LevelPasses::hasPoints(int level) const {
-  return !mark::isOpen(level_.bgnpt[level].text(), sweep_.endDist) && level_.endpt[level].text() != mark::nothing;
+  return !mark::isOpen(sees_.level.bgnpt[level].text(), sees_.sweep.endDist) &&
+         sees_.level.endpt[level].text() != mark::nothing;
 }
 
 void LevelPasses::refineEndPoints(const Trap& press) {
-  sweep_.bgnIdx = levelCount;
-  sweep_.endIdx = 0;
-  for (passes_.sweepLevel = 0; passes_.sweepLevel < levelCount; ++passes_.sweepLevel) {
-    sweep_.sweepStep = fineStep;
-    const Field& endpt = level_.endpt[passes_.sweepLevel];
-    if (!hasPoints(passes_.sweepLevel) || endpt.text() == mark::beyond(sweep_.endDist)) continue;
+  sees_.sweep.bgnIdx = levelCount;
+  sees_.sweep.endIdx = 0;
+  for (sees_.passes.sweepLevel = 0; sees_.passes.sweepLevel < levelCount; ++sees_.passes.sweepLevel) {
+    sees_.sweep.sweepStep = fineStep;
+    const Field& endpt = sees_.level.endpt[sees_.passes.sweepLevel];
+    if (!hasPoints(sees_.passes.sweepLevel) || endpt.text() == mark::beyond(sees_.sweep.endDist)) continue;
     if (press.holds([&] { return endpt.number() <= refinedSpan; }))
-      press.step([&] { sweep_.sweepFrom = axisDistance(level_.bgnpt[passes_.sweepLevel]); });
+      press.step([&] { sees_.sweep.sweepFrom = axisDistance(sees_.level.bgnpt[sees_.passes.sweepLevel]); });
     else
-      press.step([&] { sweep_.sweepFrom = axisDistance(endpt) - refinedSpan; });
-    press.step([&] { sweep_.sweepTo = reachOf(endpt) + refinedSpan; });
-    search_.runSweep();
+      press.step([&] { sees_.sweep.sweepFrom = axisDistance(endpt) - refinedSpan; });
+    press.step([&] { sees_.sweep.sweepTo = reachOf(endpt) + refinedSpan; });
+    sees_.search.runSweep();
   }
 }
 
 void LevelPasses::findWidths(const Trap& press) {
-  sweep_.endIdx = levelCount;
-  passes_.widthIdx = 0;
-  press.step([&] { model_.distAt = axisDistance(result_.maxdistconctxt); });
-  passes_.halfWidthPrev = 0;
-  passes_.halfWidthLast = 0;
-  for (passes_.widthLevel = 0; passes_.widthLevel < levelCount; ++passes_.widthLevel) {
-    sweep_.sweepStep = widthStep;
-    press.step([&] { model_.levelConcAt = rounded(level_.constn[passes_.widthLevel].number(), 2); });
-    if (hasPoints(passes_.widthLevel))
-      press.step([&] { isopleth_.findMaxWidth(press); });
+  sees_.sweep.endIdx = levelCount;
+  sees_.passes.widthIdx = 0;
+  press.step([&] { sees_.model.distAt = axisDistance(sees_.result.maxdistconctxt); });
+  sees_.passes.halfWidthPrev = 0;
+  sees_.passes.halfWidthLast = 0;
+  for (sees_.passes.widthLevel = 0; sees_.passes.widthLevel < levelCount; ++sees_.passes.widthLevel) {
+    sees_.sweep.sweepStep = widthStep;
+    press.step([&] { sees_.model.levelConcAt = rounded(sees_.level.constn[sees_.passes.widthLevel].number(), 2); });
+    if (hasPoints(sees_.passes.widthLevel))
+      press.step([&] { sees_.isopleth.findMaxWidth(press); });
     else
-      command_.prntprv.disable();
+      sees_.command.prntprv.disable();
   }
 }
 
 void LevelPasses::workOutResults(const Trap& press) {
   // A press inside the press moves levelIdx, as a rule past the last level.
-  for (passes_.levelIdx = 0; passes_.levelIdx < levelCount; ++passes_.levelIdx) {
-    const int level = passes_.levelIdx;
-    const std::string& end = level_.endpt[level].text();
-    if (end != mark::nothing && end != mark::beyond(sweep_.endDist)) {
-      isopleth_.calcLevelShape(level, press);
-      command_.prntprv.enable();
+  for (sees_.passes.levelIdx = 0; sees_.passes.levelIdx < levelCount; ++sees_.passes.levelIdx) {
+    const int level = sees_.passes.levelIdx;
+    const std::string& end = sees_.level.endpt[level].text();
+    if (end != mark::nothing && end != mark::beyond(sees_.sweep.endDist)) {
+      sees_.isopleth.calcLevelShape(level, press);
+      sees_.command.prntprv.enable();
       continue;
     }
-    level_.setResults(level, mark::beyond(sweep_.endDist));
-    result_.expmass.setText(mark::nothing);
+    sees_.level.setResults(level, mark::beyond(sees_.sweep.endDist));
+    sees_.result.expmass.setText(mark::nothing);
     if (!wantsFurther(level)) {
       openLevel(level, press);
       return;
@@ -166,31 +155,31 @@ void LevelPasses::workOutResults(const Trap& press) {
 }
 
 bool LevelPasses::wantsFurther(int level) {
-  const std::string distance = plainText(sweep_.endDist);
+  const std::string distance = plainText(sees_.sweep.endDist);
   MessageBox box = information("Concentration in ppm  > " + distance + " m \nWish to simulate beyond " + distance +
-                               " m \n NOTE : You can Reset concentration " + level_.conclbl[level].caption() +
-                               "\nEnter concentration > " + level_.constn[level].text());
+                               " m \n NOTE : You can Reset concentration " + sees_.level.conclbl[level].caption() +
+                               "\nEnter concentration > " + sees_.level.constn[level].text());
   box.buttons = Buttons::yesNo;
   box.defaultReply = Reply::no;
-  return desktop_.messageBox(box) == Reply::yes;
+  return sees_.desktop.messageBox(box) == Reply::yes;
 }
 
 void LevelPasses::extendDistance(int level, const Trap& press) {
-  in_.enddisttxt.setText(plainText(sweep_.endDist + extension));
-  level_.setResults(level, mark::nothing);
-  result_.expmass.setText(mark::nothing);
-  press.step([&] { press_(); });
-  command_.prntprv.disable();
+  sees_.in.enddisttxt.setText(plainText(sees_.sweep.endDist + extension));
+  sees_.level.setResults(level, mark::nothing);
+  sees_.result.expmass.setText(mark::nothing);
+  press.step([&] { sees_.press(); });
+  sees_.command.prntprv.disable();
 }
 
 void LevelPasses::openLevel(int level, const Trap& press) const {
-  progress_.close();
-  desktop_.setPointer(Pointer::standard);
-  level_.constn[level].enable();
-  press.step([&] { desktop_.setFocus(level_.constn[level]); });
-  level_.constn[level].setBackColour(attentionColour);
-  command_.prntprv.disable();
-  command_.comput.disable();
+  sees_.progress.close();
+  sees_.desktop.setPointer(Pointer::standard);
+  sees_.level.constn[level].enable();
+  press.step([&] { sees_.desktop.setFocus(sees_.level.constn[level]); });
+  sees_.level.constn[level].setBackColour(attentionColour);
+  sees_.command.prntprv.disable();
+  sees_.command.comput.disable();
 }
 
 }  // namespace noldarz

@@ -17,10 +17,21 @@ namespace noldarz {
 
 class LevelPasses {
  public:
-  /// `press` runs a press inside the press, after a Yes.
-  LevelPasses(ModelState& model, SweepState& sweep, LevelState& passes, const ScenarioInputs& in,
-              const LevelFields& level, const ResultFields& result, const CommandFields& command, Sweep& search,
-              Isopleth& isopleth, Progress& progress, Desktop& desktop, std::function<void()> press);
+  struct Sees {
+    ModelState& model;
+    SweepState& sweep;
+    LevelState& passes;
+    const ScenarioInputs& in;
+    const LevelFields& level;
+    const ResultFields& result;
+    const CommandFields& command;
+    Sweep& search;
+    Isopleth& isopleth;
+    Progress& progress;
+    Desktop& desktop;
+    std::function<void()> press;  // a press inside the press, after a Yes
+  };
+  explicit LevelPasses(const Sees& sees) : sees_(sees) {}
 
   enum class Outcome : std::uint8_t { closeOut, refused };
 
@@ -44,18 +55,7 @@ class LevelPasses {
   /// The begin point was found, and the end point is not "0".
   bool hasPoints(int level) const;
 
-  ModelState& model_;
-  SweepState& sweep_;
-  LevelState& passes_;
-  const ScenarioInputs& in_;
-  const LevelFields& level_;
-  const ResultFields& result_;
-  const CommandFields& command_;
-  Sweep& search_;
-  Isopleth& isopleth_;
-  Progress& progress_;
-  Desktop& desktop_;
-  std::function<void()> press_;
+  Sees sees_;
 };
 
 }  // namespace noldarz

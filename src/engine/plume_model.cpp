@@ -6,38 +6,35 @@
 
 namespace noldarz {
 
-PlumeModel::PlumeModel(ModelState& model, const PointQueryState& query, const ScenarioInputs& in,
-                       const LevelFields& level, const ResultFields& result)
-    : model_(model), query_(query), inputs_(in), level_(level), result_(result) {}
-
 void PlumeModel::setClassWind() {
-  if (const auto wind = defaultWind(inputs_().stabilityClass)) model_.classWind = *wind;
+  if (const auto wind = defaultWind(inputs_().stabilityClass)) sees_.model.classWind = *wind;
 }
 
 void PlumeModel::calcWindAtHeight() {
-  if (model_.mgcPass == 1) {
-    if (windTexts_ != inputs_.revision() || windInput_ != model_.windInput || windHeight_ != model_.htRelease) {
+  if (sees_.model.mgcPass == 1) {
+    if (windTexts_ != inputs_.revision() || windInput_ != sees_.model.windInput ||
+        windHeight_ != sees_.model.htRelease) {
       wind_ = windNow();
       windTexts_ = inputs_.revision();
-      windInput_ = model_.windInput;
-      windHeight_ = model_.htRelease;
+      windInput_ = sees_.model.windInput;
+      windHeight_ = sees_.model.htRelease;
     }
-    model_.windAtHeight = wind_;
+    sees_.model.windAtHeight = wind_;
   }
-  result_.wndvel.setPlainNumber(model_.windAtHeight);
+  sees_.result.wndvel.setPlainNumber(sees_.model.windAtHeight);
 }
 
 double PlumeModel::windNow() {
   const ModelInputs& in = inputs_();
-  const bool usersWind = in.stabilityClass == customClass && model_.htRelease > windReferenceHeight;
+  const bool usersWind = in.stabilityClass == customClass && sees_.model.htRelease > windReferenceHeight;
   return windAtReleaseHeight(
-      usersWind ? in.wind.number() : model_.windInput, model_.htRelease, in.stabilityClass, in.terrain);
+      usersWind ? in.wind.number() : sees_.model.windInput, sees_.model.htRelease, in.stabilityClass, in.terrain);
 }
 
 void PlumeModel::updateSigmaZBase(double distance, double& base) {
   const ModelInputs& in = inputs_();
   if (in.stabilityClass != noClass) base = checked(sigmaZFromClass(in.stabilityClass, distance));
-  model_.windInput = in.wind.number();
+  sees_.model.windInput = in.wind.number();
 }
 
 void PlumeModel::updateSigmaZ(double distance, double base, double& sigma) {
@@ -55,24 +52,27 @@ void PlumeModel::updateSigmaY(double distance, double& sigma) {
   if (stabilityClass != noClass) sigma = checked(sigmaYFromClass(stabilityClass, distance));
 }
 
-void PlumeModel::calcSigmaZBase() { updateSigmaZBase(model_.distX, model_.sigmaZBase); }
-void PlumeModel::calcSigmaZ() { updateSigmaZ(model_.distX, model_.sigmaZBase, model_.sigmaZ); }
-void PlumeModel::calcSigmaY() { updateSigmaY(model_.distX, model_.sigmaY); }
+void PlumeModel::calcSigmaZBase() { updateSigmaZBase(sees_.model.distX, sees_.model.sigmaZBase); }
+void PlumeModel::calcSigmaZ() { updateSigmaZ(sees_.model.distX, sees_.model.sigmaZBase, sees_.model.sigmaZ); }
+void PlumeModel::calcSigmaY() { updateSigmaY(sees_.model.distX, sees_.model.sigmaY); }
 
-void PlumeModel::calcSigmaZBaseAt() { updateSigmaZBase(model_.distAt, model_.sigmaZBaseAt); }
-void PlumeModel::calcSigmaZAt() { updateSigmaZ(model_.distAt, model_.sigmaZBaseAt, model_.sigmaZAt); }
-void PlumeModel::calcSigmaYAt() { updateSigmaY(model_.distAt, model_.sigmaYAt); }
+void PlumeModel::calcSigmaZBaseAt() { updateSigmaZBase(sees_.model.distAt, sees_.model.sigmaZBaseAt); }
+void PlumeModel::calcSigmaZAt() { updateSigmaZ(sees_.model.distAt, sees_.model.sigmaZBaseAt, sees_.model.sigmaZAt); }
+void PlumeModel::calcSigmaYAt() { updateSigmaY(sees_.model.distAt, sees_.model.sigmaYAt); }
 
 Source PlumeModel::source() {
   const ModelInputs& in = inputs_();
-  return {in.release, in.Q.number(), in.M.number(), model_.htRelease, model_.htSimul, model_.windAtHeight};
+  return {
+      in.release, in.Q.number(), in.M.number(), sees_.model.htRelease, sees_.model.htSimul, sees_.model.windAtHeight};
 }
 
 void PlumeModel::plumeConc(double sy, double sz, double T, double& conc) {
   if (release() != Release::none) conc = axisConcentration(source(), sy, sz, T);
 }
 
-void PlumeModel::isoplethConc(double& conc) { plumeConc(model_.sigmaY, model_.sigmaZ, isoplethTemperature, conc); }
+void PlumeModel::isoplethConc(double& conc) {
+  plumeConc(sees_.model.sigmaY, sees_.model.sigmaZ, isoplethTemperature, conc);
+}
 
 std::optional<AxisRange> PlumeModel::axisRange(double from, double to) {
   const ModelInputs& in = inputs_();
@@ -84,21 +84,23 @@ std::optional<AxisRange> PlumeModel::axisRange(double from, double to) {
 
 void PlumeModel::calcConcGround() {
   if (release() != Release::none)
-    model_.concGround = groundMaximum(source(), model_.sigmaY, model_.sigmaZAtMax, releaseTemperature());
+    sees_.model.concGround = groundMaximum(source(), sees_.model.sigmaY, sees_.model.sigmaZAtMax, releaseTemperature());
 }
 
 void PlumeModel::calcHalfWidthAt() {
   constexpr int concentrationOnly = 4;
-  if (query_.drawMode != concentrationOnly) model_.levelConcAt = rounded(level_.constn[query_.plotLevel].number(), 2);
+  if (sees_.query.drawMode != concentrationOnly)
+    sees_.model.levelConcAt = rounded(sees_.level.constn[sees_.query.plotLevel].number(), 2);
   calcSigmaYAt();
   calcSigmaZBaseAt();
   calcSigmaZAt();
-  plumeConc(model_.sigmaYAt, model_.sigmaZAt, isoplethTemperature, model_.concAt);
-  if (query_.drawMode == concentrationOnly) return;
-  const double sigma = query_.isoElevate != 0 ? model_.sigmaZAt : model_.sigmaYAt;
-  model_.halfWidthAt = model_.levelConcAt < model_.concAt ? halfWidth(model_.concAt, model_.levelConcAt, sigma) : 0;
-  model_.halfWidthMax = model_.halfWidthAt;
-  model_.halfWidthAtRounded = rounded(model_.halfWidthMax, 2);
+  plumeConc(sees_.model.sigmaYAt, sees_.model.sigmaZAt, isoplethTemperature, sees_.model.concAt);
+  if (sees_.query.drawMode == concentrationOnly) return;
+  const double sigma = sees_.query.isoElevate != 0 ? sees_.model.sigmaZAt : sees_.model.sigmaYAt;
+  sees_.model.halfWidthAt =
+      sees_.model.levelConcAt < sees_.model.concAt ? halfWidth(sees_.model.concAt, sees_.model.levelConcAt, sigma) : 0;
+  sees_.model.halfWidthMax = sees_.model.halfWidthAt;
+  sees_.model.halfWidthAtRounded = rounded(sees_.model.halfWidthMax, 2);
 }
 
 }  // namespace noldarz

@@ -19,8 +19,14 @@ inline constexpr int modelRevision = 1;
 
 class PlumeModel {
  public:
-  PlumeModel(ModelState& model, const PointQueryState& query, const ScenarioInputs& in, const LevelFields& level,
-             const ResultFields& result);
+  struct Sees {
+    ModelState& model;
+    const PointQueryState& query;
+    const ScenarioInputs& in;
+    const LevelFields& level;
+    const ResultFields& result;
+  };
+  explicit PlumeModel(const Sees& sees) : sees_(sees), inputs_(sees.in) {}
 
   /// classWind = the default wind of the class; unchanged for "Custom" and any other text.
   void setClassWind();
@@ -74,11 +80,8 @@ class PlumeModel {
   void updateSigmaZ(double distance, double base, double& sigma);
   void updateSigmaY(double distance, double& sigma);
 
-  ModelState& model_;
-  const PointQueryState& query_;
+  Sees sees_;
   ModelInputReader inputs_;
-  const LevelFields& level_;
-  const ResultFields& result_;
   bool stepsPlainly_ = false;
   // The wind that calcWindAtHeight has worked out, with all that it hangs on: the texts of the main view, by their
   // revision, the wind entered and the height. Each step of the first sweep asks for the same.

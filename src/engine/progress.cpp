@@ -15,16 +15,8 @@ constexpr int colourCount = 15;     // the first entries of the basic palette
 constexpr std::string_view firstLine = "Computing Maximum Ground Concentration (MGC)";
 }  // namespace
 
-Progress::Progress(Views& views, const ModelState& model, SweepState& sweep, LevelState& passes,
-                   const LevelFields& level, Desktop& desktop)
-    : view_(views, "aniwait1", ""),
-      wait_(view_),
-      model_(model),
-      sweep_(sweep),
-      passes_(passes),
-      level_(level),
-      desktop_(desktop) {
-  view_.onLoad([this, &passes] {
+Progress::Progress(const Sees& sees) : sees_(sees), view_(sees.views, "aniwait1", ""), wait_(view_) {
+  view_.onLoad([this] {
     wait_.plumepic1.setWidth(startWidth);
     wait_.plumepic1.setFillColour({});
     wait_.plumepic1.setVisible(true);
@@ -32,10 +24,10 @@ Progress::Progress(Views& views, const ModelState& model, SweepState& sweep, Lev
     wait_.progPic2.setWidth(0);
     wait_.pctdsp.setCaption("");
     shownPercent_ = -1;
-    desktop_.setPointer(Pointer::hourglass);
-    passes.waitShown = 1;
+    sees_.desktop.setPointer(Pointer::hourglass);
+    sees_.passes.waitShown = 1;
   });
-  view_.onClose([&passes] { passes.waitShown = 0; });
+  view_.onClose([this] { sees_.passes.waitShown = 0; });
 }
 
 void Progress::showProgress() {
@@ -45,7 +37,7 @@ void Progress::showProgress() {
     return;
   }
   wait_.waitlbl1.setCaption(textLine());
-  desktop_.refresh(wait_.waitlbl1);
+  sees_.desktop.refresh(wait_.waitlbl1);
   wait_.plumepic1.setWidth(startWidth);
   wait_.plumepic1.setFillColour(basicPalette.at(random_() % colourCount));
 }
@@ -60,7 +52,7 @@ void Progress::skip(int steps) {
 void Progress::showSearch(std::string_view line) {
   wait_.plumepic1.setVisible(false);
   wait_.waitlbl1.setCaption(line);
-  desktop_.refresh(wait_.waitlbl1);
+  sees_.desktop.refresh(wait_.waitlbl1);
 }
 
 void Progress::showShare(double percent) {
@@ -69,15 +61,15 @@ void Progress::showShare(double percent) {
   if (whole == shownPercent_) return;
   shownPercent_ = whole;
   wait_.pctdsp.setCaption(Format(percent, "0") + " %");
-  desktop_.refresh(wait_.pctdsp);
+  sees_.desktop.refresh(wait_.pctdsp);
 }
 
 std::string Progress::textLine() {
-  if (sweep_.mgcDone != 0) sweep_.shownLevel = passes_.widthLevel;
-  const std::string percent = Format(checked(model_.distX * 100 / divisor(sweep_.sweepTo)), "0");
-  if (sweep_.mgcDone == 0) return std::string{firstLine} + percent + " % complete";
-  return "Computing distance for concentration : " + level_.conclbl[sweep_.shownLevel].caption() + " - " +
-         level_.constn[sweep_.shownLevel].text() + " [ " + percent + " % complete ]";
+  if (sees_.sweep.mgcDone != 0) sees_.sweep.shownLevel = sees_.passes.widthLevel;
+  const std::string percent = Format(checked(sees_.model.distX * 100 / divisor(sees_.sweep.sweepTo)), "0");
+  if (sees_.sweep.mgcDone == 0) return std::string{firstLine} + percent + " % complete";
+  return "Computing distance for concentration : " + sees_.level.conclbl[sees_.sweep.shownLevel].caption() + " - " +
+         sees_.level.constn[sees_.sweep.shownLevel].text() + " [ " + percent + " % complete ]";
 }
 
 }  // namespace noldarz

@@ -14,10 +14,18 @@ namespace noldarz {
 
 class Progress {
  public:
+  struct Sees {
+    Views& views;
+    const ModelState& model;
+    SweepState& sweep;
+    LevelState& passes;
+    const LevelFields& level;
+    Desktop& desktop;
+  };
   /// Loading the view sets the hourglass and waitShown, closing it clears waitShown.
-  Progress(Views& views, const ModelState& model, SweepState& sweep, LevelState& passes, const LevelFields& level,
-           Desktop& desktop);
+  explicit Progress(const Sees& sees);
 
+  View& view() { return view_; }
   void show() { view_.show(); }
   void close() { view_.close(); }
 
@@ -41,13 +49,9 @@ class Progress {
  private:
   std::string textLine();
 
+  Sees sees_;
   View view_;
   WaitFields wait_;
-  const ModelState& model_;
-  SweepState& sweep_;
-  const LevelState& passes_;
-  const LevelFields& level_;
-  Desktop& desktop_;
   std::minstd_rand random_;  // for the colour of the shape alone; the same at each start of the program
   std::uint64_t stepCount_ = 0;
   double shownPercent_ = -1;  // of the limit search; -1: none

@@ -5,6 +5,8 @@
 
 #include <cstdint>
 
+#include "platform/variables.h"
+
 namespace noldarz {
 
 /// Air, coefficients and concentrations of the plume model.
@@ -102,62 +104,23 @@ struct WindShareState {
   double calmPct = 0;    ///< what is left for calm (%)
 };
 
-// Each variable by name, for fronts that print them: each(name, value) is called for every one. A variable that is
-// left out does not compile.
-// clang-format off
-template <class Each>
-void visit(const ModelState& state, Each&& each) {
-  const auto& [htRelease, htSimul, classWind, windInput, windAtHeight, distX, sigmaZBase, sigmaZ, sigmaY,
-               distAt, sigmaZBaseAt, sigmaZAt, sigmaYAt, sigmaZAtMax, concGround, concAxis, concAxisEnd,
-               concAt, levelConcAt, halfWidthAt, halfWidthMax, halfWidthAtRounded, mgcPass] = state;
-  each("htRelease", htRelease), each("htSimul", htSimul), each("classWind", classWind), each("windInput",
-  windInput), each("windAtHeight", windAtHeight), each("distX", distX), each("sigmaZBase", sigmaZBase),
-  each("sigmaZ", sigmaZ), each("sigmaY", sigmaY), each("distAt", distAt), each("sigmaZBaseAt", sigmaZBaseAt),
-  each("sigmaZAt", sigmaZAt), each("sigmaYAt", sigmaYAt), each("sigmaZAtMax", sigmaZAtMax), each("concGround",
-  concGround), each("concAxis", concAxis), each("concAxisEnd", concAxisEnd), each("concAt", concAt),
-  each("levelConcAt", levelConcAt), each("halfWidthAt", halfWidthAt), each("halfWidthMax", halfWidthMax),
-  each("halfWidthAtRounded", halfWidthAtRounded), each("mgcPass", mgcPass);
-}
+NOLDARZ_VARIABLES(ModelState, htRelease, htSimul, classWind, windInput, windAtHeight, distX, sigmaZBase, sigmaZ, sigmaY,
+                  distAt, sigmaZBaseAt, sigmaZAt, sigmaYAt, sigmaZAtMax, concGround, concAxis, concAxisEnd, concAt,
+                  levelConcAt, halfWidthAt, halfWidthMax, halfWidthAtRounded, mgcPass);
 
-template <class Each>
-void visit(const PointQueryState& state, Each&& each) {
-  const auto& [plotLevel, drawMode, isoElevate] = state;
-  each("plotLevel", plotLevel), each("drawMode", drawMode), each("isoElevate", isoElevate);
-}
+NOLDARZ_VARIABLES(PointQueryState, plotLevel, drawMode, isoElevate);
 
-template <class Each>
-void visit(const SweepState& state, Each&& each) {
-  const auto& [endDist, distSweep, sweepFrom, sweepTo, sweepStep, mgc, mgcDist, concPeak, maxIsopConc,
-               maxConcDist, levelConcBgn, levelConcEnd, bgnPoint, endPoint, bgnIdx, endIdx, bgnLevel,
-               endLevel, shownLevel, mgcDone, maxConcDone] = state;
-  each("endDist", endDist), each("distSweep", distSweep), each("sweepFrom", sweepFrom), each("sweepTo", sweepTo),
-  each("sweepStep", sweepStep), each("mgc", mgc), each("mgcDist", mgcDist), each("concPeak", concPeak),
-  each("maxIsopConc", maxIsopConc), each("maxConcDist", maxConcDist), each("levelConcBgn", levelConcBgn),
-  each("levelConcEnd", levelConcEnd), each("bgnPoint", bgnPoint), each("endPoint", endPoint), each("bgnIdx",
-  bgnIdx), each("endIdx", endIdx), each("bgnLevel", bgnLevel), each("endLevel", endLevel), each("shownLevel",
-  shownLevel), each("mgcDone", mgcDone), each("maxConcDone", maxConcDone);
-}
+NOLDARZ_VARIABLES(SweepState, endDist, distSweep, sweepFrom, sweepTo, sweepStep, mgc, mgcDist, concPeak, maxIsopConc,
+                  maxConcDist, levelConcBgn, levelConcEnd, bgnPoint, endPoint, bgnIdx, endIdx, bgnLevel, endLevel,
+                  shownLevel, mgcDone, maxConcDone);
 
-template <class Each>
-void visit(const LevelState& state, Each&& each) {
-  const auto& [halfWidthPrev, halfWidthLast, halfWidthCur, maxWidthDist, widthIdx, sweepLevel, widthLevel,
-               levelIdx, firstPass, waitShown] = state;
-  each("halfWidthPrev", halfWidthPrev), each("halfWidthLast", halfWidthLast), each("halfWidthCur", halfWidthCur),
-  each("maxWidthDist", maxWidthDist), each("widthIdx", widthIdx), each("sweepLevel", sweepLevel), each("widthLevel",
-  widthLevel), each("levelIdx", levelIdx), each("firstPass", firstPass), each("waitShown", waitShown);
-}
+NOLDARZ_VARIABLES(LevelState, halfWidthPrev, halfWidthLast, halfWidthCur, maxWidthDist, widthIdx, sweepLevel,
+                  widthLevel, levelIdx, firstPass, waitShown);
 
-template <class Each>
-void visit(const LimitState& state, Each&& each) {
-  const auto& [ftlLimit, injLimit] = state;
-  each("ftlLimit", ftlLimit), each("injLimit", injLimit);
-}
+NOLDARZ_VARIABLES(LimitState, ftlLimit, injLimit);
 
-template <class Each>
-void visit(const WindShareState& state, Each&& each) {
-  const auto& [windTotal, calmPct] = state;
-  each("windTotal", windTotal), each("calmPct", calmPct);
-}
-// clang-format on
+NOLDARZ_VARIABLES(WindShareState, windTotal, calmPct);
+
+struct EngineState : Joined<ModelState, PointQueryState, SweepState, LevelState, LimitState, WindShareState> {};
 
 }  // namespace noldarz

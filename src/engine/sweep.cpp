@@ -18,30 +18,24 @@ constexpr std::string_view puffTimeCaption = "Time for Puff Dispersion to end (S
 
 }  // namespace
 
-Sweep::Sweep(SweepState& sweep, ModelState& model, PlumeModel& plume, const LevelFields& level,
-             const ResultFields& result, Progress& progress, Desktop& desktop)
-    : sweep_(sweep),
-      model_(model),
-      plume_(plume),
-      level_(level),
-      result_(result),
-      progress_(progress),
-      desktop_(desktop),
+Sweep::Sweep(const Sees& sees)
+    : sees_(sees),
       trap_([this](const RuntimeFailure&) {
         failed_ = true;
-        desktop_.messageBox(information("Please Run this application as an administrator."));
+        sees_.desktop.messageBox(information("Please Run this application as an administrator."));
       }),
       beginPointTrap_([this](const RuntimeFailure& failure) {
         failed_ = true;
-        desktop_.messageBox(information("2. Please Run this program as an administrator/Anti-virus trust.\nMsg. No." +
-                                        std::to_string(failure.number())));
+        sees_.desktop.messageBox(
+            information("2. Please Run this program as an administrator/Anti-virus trust.\nMsg. No." +
+                        std::to_string(failure.number())));
       }) {}
 
 void Sweep::runSweep() {
-  const double limit = sweep_.sweepTo;
-  const double step = sweep_.sweepStep;
+  const double limit = sees_.sweep.sweepTo;
+  const double step = sees_.sweep.sweepStep;
   Stride stride;
-  for (sweep_.distSweep = sweep_.sweepFrom; sweep_.distSweep <= limit; sweep_.distSweep += step) {
+  for (sees_.sweep.distSweep = sees_.sweep.sweepFrom; sees_.sweep.distSweep <= limit; sees_.sweep.distSweep += step) {
     takeStep();
     if (!failed_) skipQuietSteps(limit, step, stride);
   }
@@ -50,129 +44,132 @@ void Sweep::runSweep() {
 
 void Sweep::takeStep() {
   failed_ = false;
-  model_.distX = rounded(sweep_.distSweep, 2);
-  trap_.steps([&] { plume_.calcSigmaZBase(); },
-              [&] { plume_.calcWindAtHeight(); },
-              [&] { plume_.calcSigmaZ(); },
-              [&] { plume_.calcSigmaY(); },
-              [&] { progress_.showProgress(); },
+  sees_.model.distX = rounded(sees_.sweep.distSweep, 2);
+  trap_.steps([&] { sees_.plume.calcSigmaZBase(); },
+              [&] { sees_.plume.calcWindAtHeight(); },
+              [&] { sees_.plume.calcSigmaZ(); },
+              [&] { sees_.plume.calcSigmaY(); },
+              [&] { sees_.progress.showProgress(); },
               [&] { findPeak(); },
               [&] { testBeginPoint(); },
               [&] { testEndPoint(); });
-  if (sweep_.mgcDone == 0)
+  if (sees_.sweep.mgcDone == 0)
     trap_.step([&] {  // one step: a candidate that fails must not give its place to that of another release
-      plume_.calcConcGround();
+      sees_.plume.calcConcGround();
       takeGroundMaximum();
     });
 }
 
 void Sweep::skipQuietSteps(double limit, double step, Stride& stride) {
-  const int most = std::min(stride.steps(), progress_.stepsToTurn());
-  const auto [before, next, steps] = stretchAhead(sweep_.distSweep, step, limit, most);
+  const int most = std::min(stride.steps(), sees_.progress.stepsToTurn());
+  const auto [before, next, steps] = stretchAhead(sees_.sweep.distSweep, step, limit, most);
   if (steps < 2) return;
-  if (!isQuiet(model_.distX, rounded(next, 2))) return stride.failed();
-  sweep_.distSweep = before;
-  progress_.skip(steps - 1);
+  if (!isQuiet(sees_.model.distX, rounded(next, 2))) return stride.failed();
+  sees_.sweep.distSweep = before;
+  sees_.progress.skip(steps - 1);
   stride.succeeded();
 }
 
 bool Sweep::isQuiet(double from, double to) {
-  const auto range = plume_.axisRange(from, to);
+  const auto range = sees_.plume.axisRange(from, to);
   if (!range) return false;
-  if (sweep_.maxConcDone == 0) {
-    const double warmth = plume_.releaseTemperature() / isoplethTemperature;
+  if (sees_.sweep.maxConcDone == 0) {
+    const double warmth = sees_.plume.releaseTemperature() / isoplethTemperature;
     if (!range->rises() || !(warmth > 0) || range->high * warmth * 2 > purePpm) return false;
   }
-  if (sweep_.mgcDone == 0 && range->sigmaZ.high * (1 + AxisRange::margin) >= model_.sigmaZAtMax) return false;
-  if (sweep_.bgnIdx < levelCount && (sweep_.bgnLevel != sweep_.bgnIdx || !range->liesBelow(sweep_.levelConcBgn)))
+  if (sees_.sweep.mgcDone == 0 && range->sigmaZ.high * (1 + AxisRange::margin) >= sees_.model.sigmaZAtMax) return false;
+  if (sees_.sweep.bgnIdx < levelCount &&
+      (sees_.sweep.bgnLevel != sees_.sweep.bgnIdx || !range->liesBelow(sees_.sweep.levelConcBgn)))
     return false;
-  return sweep_.endIdx >= levelCount || (sweep_.endLevel == sweep_.endIdx && range->liesAbove(sweep_.levelConcEnd));
+  return sees_.sweep.endIdx >= levelCount ||
+         (sees_.sweep.endLevel == sees_.sweep.endIdx && range->liesAbove(sees_.sweep.levelConcEnd));
 }
 
 void Sweep::findPeak() {
-  if (sweep_.maxConcDone != 0) return;
-  if (const Release release = plume_.release(); release != Release::none) {
-    plume_.plumeConc(model_.sigmaY, model_.sigmaZ, plume_.releaseTemperature(), model_.concAxis);
-    result_.tmestbllbl.setCaption(release == Release::puff ? puffTimeCaption : plumeTimeCaption);
+  if (sees_.sweep.maxConcDone != 0) return;
+  if (const Release release = sees_.plume.release(); release != Release::none) {
+    sees_.plume.plumeConc(
+        sees_.model.sigmaY, sees_.model.sigmaZ, sees_.plume.releaseTemperature(), sees_.model.concAxis);
+    sees_.result.tmestbllbl.setCaption(release == Release::puff ? puffTimeCaption : plumeTimeCaption);
   }
-  if (model_.concAxis > purePpm) {
-    model_.concAxis = purePpm;
-    sweep_.maxIsopConc = purePpm;
-    sweep_.maxConcDist = model_.distX;
+  if (sees_.model.concAxis > purePpm) {
+    sees_.model.concAxis = purePpm;
+    sees_.sweep.maxIsopConc = purePpm;
+    sees_.sweep.maxConcDist = sees_.model.distX;
     showPeak();
-    sweep_.maxConcDone = 1;
+    sees_.sweep.maxConcDone = 1;
   }
-  if (sweep_.concPeak <= model_.concAxis) {  // still rising, or flat
-    sweep_.concPeak = model_.concAxis;
+  if (sees_.sweep.concPeak <= sees_.model.concAxis) {  // still rising, or flat
+    sees_.sweep.concPeak = sees_.model.concAxis;
     return;
   }
-  sweep_.maxConcDist = model_.distX;
-  sweep_.maxIsopConc = model_.concAxis;  // the first value past the peak, not the peak
+  sees_.sweep.maxConcDist = sees_.model.distX;
+  sees_.sweep.maxIsopConc = sees_.model.concAxis;  // the first value past the peak, not the peak
   showPeak();
-  sweep_.maxConcDone = 1;
-  if (sweep_.mgcDone == 1) endSweep();
+  sees_.sweep.maxConcDone = 1;
+  if (sees_.sweep.mgcDone == 1) endSweep();
 }
 
 void Sweep::showPeak() {
-  result_.constn1.setText(Format(sweep_.maxIsopConc - sweep_.maxIsopConc * shownBelowPeak, "0.00"));
-  result_.maxdistconctxt.setText(Format(sweep_.maxConcDist, "0.00"));
+  sees_.result.constn1.setText(Format(sees_.sweep.maxIsopConc - sees_.sweep.maxIsopConc * shownBelowPeak, "0.00"));
+  sees_.result.maxdistconctxt.setText(Format(sees_.sweep.maxConcDist, "0.00"));
 }
 
 void Sweep::testBeginPoint() {
-  if (sweep_.bgnIdx >= levelCount) return;
-  sweep_.bgnLevel = sweep_.bgnIdx;
-  const Field& constn = level_.constn[sweep_.bgnLevel];
-  beginPointTrap_.steps([&] { sweep_.levelConcBgn = rounded(constn.number(), 2); },
-                        [&] { plume_.isoplethConc(model_.concAxis); });
+  if (sees_.sweep.bgnIdx >= levelCount) return;
+  sees_.sweep.bgnLevel = sees_.sweep.bgnIdx;
+  const Field& constn = sees_.level.constn[sees_.sweep.bgnLevel];
+  beginPointTrap_.steps([&] { sees_.sweep.levelConcBgn = rounded(constn.number(), 2); },
+                        [&] { sees_.plume.isoplethConc(sees_.model.concAxis); });
   if (beginPointTrap_.holds(
-          [&] { return constn.text() == mark::nothing || result_.constn1.number() < sweep_.levelConcBgn; })) {
-    level_.setResults(sweep_.bgnLevel, mark::notApplicable);
-    ++sweep_.bgnIdx;
-  } else if (sweep_.levelConcBgn <= model_.concAxis) {
-    sweep_.bgnPoint = model_.distX;
-    level_.bgnpt[sweep_.bgnLevel].setText(Format(sweep_.bgnPoint, "0.00"));
-    ++sweep_.bgnIdx;
+          [&] { return constn.text() == mark::nothing || sees_.result.constn1.number() < sees_.sweep.levelConcBgn; })) {
+    sees_.level.setResults(sees_.sweep.bgnLevel, mark::notApplicable);
+    ++sees_.sweep.bgnIdx;
+  } else if (sees_.sweep.levelConcBgn <= sees_.model.concAxis) {
+    sees_.sweep.bgnPoint = sees_.model.distX;
+    sees_.level.bgnpt[sees_.sweep.bgnLevel].setText(Format(sees_.sweep.bgnPoint, "0.00"));
+    ++sees_.sweep.bgnIdx;
     runSweep();  // the next, lower level is reached nearer to the source
   }
 }
 
 void Sweep::testEndPoint() {
-  if (sweep_.endIdx >= levelCount) return;
-  sweep_.endLevel = sweep_.endIdx;
-  const int level = sweep_.endIdx;
-  sweep_.levelConcEnd = rounded(level_.constn[level].number(), 2);
-  plume_.isoplethConc(model_.concAxisEnd);
-  if (sweep_.levelConcEnd <= model_.concAxisEnd) return;  // still inside the level
-  sweep_.endPoint = model_.distX;
-  level_.endpt[level].setText(Format(sweep_.endPoint, "0.00"));
+  if (sees_.sweep.endIdx >= levelCount) return;
+  sees_.sweep.endLevel = sees_.sweep.endIdx;
+  const int level = sees_.sweep.endIdx;
+  sees_.sweep.levelConcEnd = rounded(sees_.level.constn[level].number(), 2);
+  sees_.plume.isoplethConc(sees_.model.concAxisEnd);
+  if (sees_.sweep.levelConcEnd <= sees_.model.concAxisEnd) return;  // still inside the level
+  sees_.sweep.endPoint = sees_.model.distX;
+  sees_.level.endpt[level].setText(Format(sees_.sweep.endPoint, "0.00"));
   silently(
       [&] {
-        const double length = level_.endpt[level].number() - level_.bgnpt[level].number();
-        level_.isoplngt[level].setText(Format(length, "0.00"));
+        const double length = sees_.level.endpt[level].number() - sees_.level.bgnpt[level].number();
+        sees_.level.isoplngt[level].setText(Format(length, "0.00"));
       },
       [&] { endSweep(); },
-      [&] { ++sweep_.endIdx; });
+      [&] { ++sees_.sweep.endIdx; });
 }
 
 void Sweep::takeGroundMaximum() {
-  if (model_.sigmaZ < model_.sigmaZAtMax) return;
-  sweep_.mgc = model_.concGround > purePpm ? purePpm : model_.concGround;
-  sweep_.mgcDist = model_.distX;
-  result_.mgctxt.setText(Format(sweep_.mgc, "0.00"));
-  result_.distconctxt.setText(Format(sweep_.mgcDist - 1, "0.00"));  // shown 1 m before the step that found it
-  sweep_.mgcDone = 1;
-  if (sweep_.maxConcDone == 1) endSweep();
+  if (sees_.model.sigmaZ < sees_.model.sigmaZAtMax) return;
+  sees_.sweep.mgc = sees_.model.concGround > purePpm ? purePpm : sees_.model.concGround;
+  sees_.sweep.mgcDist = sees_.model.distX;
+  sees_.result.mgctxt.setText(Format(sees_.sweep.mgc, "0.00"));
+  sees_.result.distconctxt.setText(Format(sees_.sweep.mgcDist - 1, "0.00"));  // shown 1 m before the step that found it
+  sees_.sweep.mgcDone = 1;
+  if (sees_.sweep.maxConcDone == 1) endSweep();
 }
 
 void Sweep::reportFarSweep() {
-  if (model_.distX < reportedDistance && result_.mgctxt.text() != mark::nothing) return;
-  if (sweep_.mgcDone == 1) {
-    result_.distconctxt.setText(Format(model_.distX - 1, "0.00"));
-    desktop_.messageBox(
-        information("Can not compute MGC (Maximum Ground Concentration) beyond " + plainText(sweep_.mgc) + " ppm"));
+  if (sees_.model.distX < reportedDistance && sees_.result.mgctxt.text() != mark::nothing) return;
+  if (sees_.sweep.mgcDone == 1) {
+    sees_.result.distconctxt.setText(Format(sees_.model.distX - 1, "0.00"));
+    sees_.desktop.messageBox(information("Can not compute MGC (Maximum Ground Concentration) beyond " +
+                                         plainText(sees_.sweep.mgc) + " ppm"));
   } else {
-    desktop_.messageBox(information("Can not compute MGC (Maximum Ground Concentration in ppm) beyond " +
-                                    plainText(model_.distX) + " m"));
+    sees_.desktop.messageBox(information("Can not compute MGC (Maximum Ground Concentration in ppm) beyond " +
+                                         plainText(sees_.model.distX) + " m"));
   }
 }
 

@@ -14,8 +14,16 @@ namespace noldarz {
 
 class Sweep {
  public:
-  Sweep(SweepState& sweep, ModelState& model, PlumeModel& plume, const LevelFields& level, const ResultFields& result,
-        Progress& progress, Desktop& desktop);
+  struct Sees {
+    SweepState& sweep;
+    ModelState& model;
+    PlumeModel& plume;
+    const LevelFields& level;
+    const ResultFields& result;
+    Progress& progress;
+    Desktop& desktop;
+  };
+  explicit Sweep(const Sees& sees);
 
   /// Steps from sweepFrom to sweepTo by sweepStep; distSweep is a running sum. A search ends the sweep by setting
   /// distSweep to sweepTo. A failing routine of a step shows a box, and the sweep goes on behind it.
@@ -43,15 +51,9 @@ class Sweep {
   void reportFarSweep();
   /// maxIsopConc and maxConcDist in their fields; the shown concentration stands 5 percent below.
   void showPeak();
-  void endSweep() { sweep_.distSweep = sweep_.sweepTo; }
+  void endSweep() { sees_.sweep.distSweep = sees_.sweep.sweepTo; }
 
-  SweepState& sweep_;
-  ModelState& model_;
-  PlumeModel& plume_;
-  const LevelFields& level_;
-  const ResultFields& result_;
-  Progress& progress_;
-  Desktop& desktop_;
+  Sees sees_;
   bool failed_ = false;  // a routine of the step
   Trap trap_;            // of the routines of a step
   Trap beginPointTrap_;  // of the statements of testBeginPoint

@@ -19,21 +19,21 @@ double windSum(const ScenarioInputs& in) {
 }
 
 bool WindShare::shareOut() {
-  silently([&] { state_.windTotal = windSum(in_); });
+  silently([&] { sees_.shares.windTotal = windSum(sees_.in); });
   const std::string tooMuch = "1. Total Wind percentage can not be > 100%";
-  const bool whole = state_.windTotal <= wholeWind;
-  for (int i = 0; i < in_.Givnwnd.size(); ++i) in_.Givnwnd[i].setFault(whole ? "" : tooMuch);
+  const bool whole = sees_.shares.windTotal <= wholeWind;
+  for (int i = 0; i < sees_.in.Givnwnd.size(); ++i) sees_.in.Givnwnd[i].setFault(whole ? "" : tooMuch);
   if (!whole) {
-    showCalm(wholeWind - state_.windTotal);
-    desktop_.messageBox(critical(tooMuch));
+    showCalm(wholeWind - sees_.shares.windTotal);
+    sees_.desktop.messageBox(critical(tooMuch));
     return false;
   }
-  if (state_.windTotal == 0) {
-    desktop_.messageBox(information("1. No wind in 8 orientation, 100% calm"));
-    state_.windTotal = hardlyAnyWind;
+  if (sees_.shares.windTotal == 0) {
+    sees_.desktop.messageBox(information("1. No wind in 8 orientation, 100% calm"));
+    sees_.shares.windTotal = hardlyAnyWind;
   }
-  state_.calmPct = wholeWind - state_.windTotal;
-  showCalm(state_.calmPct);
+  sees_.shares.calmPct = wholeWind - sees_.shares.windTotal;
+  showCalm(sees_.shares.calmPct);
   return true;
 }
 

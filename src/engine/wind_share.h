@@ -14,20 +14,22 @@ double windSum(const ScenarioInputs& in);
 
 class WindShare {
  public:
-  WindShare(WindShareState& state, const ScenarioInputs& in, const ResultFields& result, Desktop& desktop)
-      : state_(state), in_(in), result_(result), desktop_(desktop) {}
+  struct Sees {
+    WindShareState& shares;
+    const ScenarioInputs& in;
+    const ResultFields& result;
+    Desktop& desktop;
+  };
+  explicit WindShare(const Sees& sees) : sees_(sees) {}
 
   /// Sums the shares into windTotal and shows what is left for calm. A sum above 100 % shows a box, and false comes back; one
   /// of 0 shows a box and counts as 0.001. A share that is no number leaves the sum as it was.
   bool shareOut();
 
  private:
-  void showCalm(double percent) { result_.calmlbl[0].setCaption(Format(percent, "0.00")); }
+  void showCalm(double percent) { sees_.result.calmlbl[0].setCaption(Format(percent, "0.00")); }
 
-  WindShareState& state_;
-  const ScenarioInputs& in_;
-  const ResultFields& result_;
-  Desktop& desktop_;
+  Sees sees_;
 };
 
 }  // namespace noldarz

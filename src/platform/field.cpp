@@ -105,14 +105,18 @@ bool Field::usable() const { return enabled_ && visible_ && view_.acceptsInput()
 
 void Field::fire(Event event) { view_.fire(*this, event); }
 
-Colour defaultBackColour(FieldKind kind) {
-  const bool isInput = kind == FieldKind::text || kind == FieldKind::list || kind == FieldKind::combo;
-  return isInput ? SystemColour::windowBackground : SystemColour::buttonFace;
+namespace {
+
+bool isInput(FieldKind kind) {
+  return kind == FieldKind::text || kind == FieldKind::carried || kind == FieldKind::list || kind == FieldKind::combo;
 }
 
-Colour defaultForeColour(FieldKind kind) {
-  const bool isInput = kind == FieldKind::text || kind == FieldKind::list || kind == FieldKind::combo;
-  return isInput ? SystemColour::windowText : SystemColour::buttonText;
+}  // namespace
+
+Colour defaultBackColour(FieldKind kind) {
+  return isInput(kind) ? SystemColour::windowBackground : SystemColour::buttonFace;
 }
+
+Colour defaultForeColour(FieldKind kind) { return isInput(kind) ? SystemColour::windowText : SystemColour::buttonText; }
 
 }  // namespace noldarz

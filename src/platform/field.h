@@ -18,8 +18,10 @@ namespace noldarz {
 
 class View;
 
+/// `carried`: a text that the code reads and writes and no user sees.
 enum class FieldKind : std::uint8_t {
   text,
+  carried,
   label,
   button,
   check,

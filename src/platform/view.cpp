@@ -15,6 +15,12 @@ Field& View::add(FieldKind kind, std::string name, std::string text) {
   return fields_.emplace_back(*this, kind, std::move(name), std::move(text));
 }
 
+Field& View::carried(std::string name, std::string initial) {
+  Field& field = add(FieldKind::carried, std::move(name), std::move(initial));
+  field.setVisible(false);
+  return field;
+}
+
 Field* View::find(std::string_view name) {
   const auto found = std::find_if(fields_.begin(), fields_.end(), [&](const Field& f) { return f.name() == name; });
   return found == fields_.end() ? nullptr : &*found;

@@ -34,6 +34,8 @@ class View {
   Field& text(std::string name, std::string initial = {}) {
     return add(FieldKind::text, std::move(name), std::move(initial));
   }
+  /// A text that is not shown.
+  Field& carried(std::string name, std::string initial = {});
   Field& label(std::string name, std::string caption = {}) {
     return add(FieldKind::label, std::move(name), std::move(caption));
   }

@@ -10,8 +10,10 @@ namespace {
 constexpr int runRowDelay = 200;  // ms
 constexpr int focusDelay = 700;   // ms
 
-Field& hidden(View& view, std::string name) {
-  Field& field = view.text(std::move(name));
+/// The editor of a caption: hidden until it is used.
+Field& editor(View& view) {
+  Field& field = view.text("conctxt1");
+  field.setToolTip("Edit Concentration Text");
   field.setVisible(false);
   return field;
 }
@@ -28,16 +30,6 @@ Field& withToolTip(Field& field, std::string_view toolTip) {
   return field;
 }
 
-// Clockwise from the wind that blows from the north to the south.
-constexpr std::array<std::string_view, 8> orientations{
-    " N -> S", "NE -> SW", " E ->W", "SE -> NW", "S -> N", "SW -> NE", "W -> E", "NW -> SE"};
-
-FieldArray<8> orientationLabels(View& view) {
-  auto labels = view.array<8>(FieldKind::label, "wndlbl1");
-  for (int i = 0; i < labels.size(); ++i) labels[i].setCaption(orientations.at(static_cast<std::size_t>(i)));
-  return labels;
-}
-
 FieldArray<8> tableHeads(View& view) {
   return FieldArray<8>{{&view.label("Label1", "Concentration (ppm)"),
                         &view.label("Bgnlbl", "Begin point (m)"),
@@ -52,19 +44,10 @@ FieldArray<8> tableHeads(View& view) {
 }  // namespace
 
 ScenarioFields::ScenarioFields(View& view)
-    : Orglbltxt(view.label("Orglbltxt")),
-      refnolbl(view.label("refnolbl")),
-      chmnmelbl(view.label("chmnmelbl")),
-      scnrotxt(hidden(view, "scnrotxt")),
-      naturchem(hidden(view, "naturchem")),
-      reftmptxt(hidden(view, "reftmptxt")),
-      conctemp(hidden(view, "conctemp")),
+    : conctemp(view.carried("conctemp")),
       releaselbl(view.label("releaselbl")),
       resultnotelbl(view.label("resultnotelbl")),
-      scnrotxtlbl(withToolTip(view.text("scnrotxtlbl"),
-                              "You must always edit scenario text as appropriate first before proceeding further")),
       dspScnorlst_1(withToolTip(view.add(FieldKind::list, "dspScnorlst_1"), "Double click to select scenario ")),
-      redosimul(view.add(FieldKind::button, "redosimul", "Redo")),
       clsfrm1(view.add(FieldKind::button, "clsfrm1", "&Exit")),
       file(view.add(FieldKind::menu, "file", "File")),
       lnwdth(view.add(FieldKind::menu, "lnwdth", "Contour line width")),
@@ -72,9 +55,8 @@ ScenarioFields::ScenarioFields(View& view)
       no4(view.add(FieldKind::menu, "no4", "4")),
       exit(view.add(FieldKind::menu, "exit", "&Exit")),
       helpVinf(view.add(FieldKind::button, "helpVinf", "More information...")),
-      wndlbl1(orientationLabels(view)),
       headings(tableHeads(view)),
-      conctxt1(withToolTip(hidden(view, "conctxt1"), "Edit Concentration Text")),
+      conctxt1(editor(view)),
       tmr_1(timer(view, "tmr_1", runRowDelay)),
       Tmr_2(timer(view, "Tmr_2", focusDelay)),
       statuslbl(view.label("statuslbl")) {

@@ -1,5 +1,4 @@
-// The fields that the scenario handling adds to the main view: the project and the working scenario, the stored runs, the
-// timers, the menu, the status line.
+// The fields that the scenario handling adds to the main view: the stored runs, the timers, the menu, the status line.
 #pragma once
 
 #include "platform/field.h"
@@ -10,18 +9,10 @@ namespace noldarz {
 struct ScenarioFields {
   explicit ScenarioFields(View& view);
 
-  Field& Orglbltxt;        // organisation
-  Field& refnolbl;         // reference number of the project
-  Field& chmnmelbl;        // chemical, with ": " in front once the study is open
-  Field& scnrotxt;         // text of the working scenario; not shown
-  Field& naturchem;        // nature of the chemical; not shown
-  Field& reftmptxt;        // reference number of the row of heights and terrain; not shown
   Field& conctemp;         // a column of the chemical's data, chosen when it is read; not shown
   Field& releaselbl;       // the release in one line
   Field& resultnotelbl;    // why a figure is none, or what has changed since; empty when all stand
-  Field& scnrotxtlbl;      // name of the run
   Field& dspScnorlst_1;    // stored runs, the last one on top
-  Field& redosimul;        // clears the results for a new Compute
   Field& clsfrm1;          // closes the view
   Field& file;             // menu
   Field& lnwdth;           // menu: width of the contours
@@ -29,7 +20,6 @@ struct ScenarioFields {
   Field& no4;              // 4 pixels
   Field& exit;             // the same from the menu
   Field& helpVinf;         // explanation of the isopleth columns
-  FieldArray<8> wndlbl1;   // captions of the eight orientations
   FieldArray<8> headings;  // heads of the isopleth table; a double click explains them
   Field& conctxt1;         // editor of a level's caption, hidden until used
   Field& tmr_1;            // asks for the run row step after the event has ended

@@ -4,8 +4,9 @@
 
 #include "engine/air.h"
 #include "platform/text.h"
-#include "scenario/missing_heights.h"
-#include "scenario/queries.h"
+#include "study/missing_heights.h"
+#include "study/queries.h"
+#include "study/row_edit.h"
 
 namespace noldarz {
 
@@ -17,38 +18,28 @@ constexpr double nearestSimulation = 1000;    // m
 
 }  // namespace
 
-InputRules::InputRules(View& view, ModelState& model, ScenarioState& state, const ScenarioInputs& in,
-                       const LevelFields& level, const ResultFields& result, const ScenarioFields& fields,
-                       MainLinks& links, PlumeModel& plume, WindShare& wind, Desktop& desktop, StatusLine& status)
-    : model_(model),
-      state_(state),
-      in_(in),
-      result_(result),
-      fields_(fields),
-      links_(links),
-      plume_(plume),
-      wind_(wind),
-      desktop_(desktop),
-      status_(status) {
-  view.on(in_.htreltxt, Event::lostFocus, [this] { htreltxt_LostFocus(); });
-  view.on(in_.htsmul, Event::lostFocus, [this] { saveHeights(); });
-  view.on(in_.roghwndoptcbo, Event::lostFocus, [this] { roghwndoptcbo_LostFocus(); });
-  view.on(in_.stblclscbo, Event::lostFocus, [this] { stblclscbo_LostFocus(); });
-  view.on(in_.stblclscbo, Event::click, [this] { stblclscbo_Click(); });
-  view.on(in_.stblclscbo, Event::change, [this] { classTyped_ = true; });
-  view.on(in_.stblclscbo, Event::commit, [this] { takeTypedClass(); });
-  view.on(in_.wndveltxt, Event::lostFocus, [this] { wndveltxt_LostFocus(); });
-  view.on(fields_.scnrotxtlbl, Event::gotFocus, [this] {
-    if (!std::exchange(nameRefused_, false)) scnrTextBefore_ = fields_.scnrotxtlbl.text();
+InputRules::InputRules(const Sees& sees) : sees_(sees) {
+  sees_.view.on(sees_.in.htreltxt, Event::lostFocus, [this] { htreltxt_LostFocus(); });
+  sees_.view.on(sees_.in.htsmul, Event::lostFocus, [this] { saveHeights(); });
+  sees_.view.on(sees_.in.roghwndoptcbo, Event::lostFocus, [this] { roghwndoptcbo_LostFocus(); });
+  sees_.view.on(sees_.in.stblclscbo, Event::lostFocus, [this] { stblclscbo_LostFocus(); });
+  sees_.view.on(sees_.in.stblclscbo, Event::click, [this] { stblclscbo_Click(); });
+  sees_.view.on(sees_.in.stblclscbo, Event::change, [this] { classTyped_ = true; });
+  sees_.view.on(sees_.in.stblclscbo, Event::commit, [this] { takeTypedClass(); });
+  sees_.view.on(sees_.in.wndveltxt, Event::lostFocus, [this] { wndveltxt_LostFocus(); });
+  sees_.view.on(sees_.project.scnrotxtlbl, Event::gotFocus, [this] {
+    if (!std::exchange(nameRefused_, false)) scnrTextBefore_ = sees_.project.scnrotxtlbl.text();
   });
-  view.on(fields_.scnrotxtlbl, Event::lostFocus, [this] { scnrotxtlbl_LostFocus(); });
-  view.on(in_.enddisttxt, Event::lostFocus, [this] { enddisttxt_LostFocus(); });
+  sees_.view.on(sees_.project.scnrotxtlbl, Event::lostFocus, [this] { scnrotxtlbl_LostFocus(); });
+  sees_.view.on(sees_.in.enddisttxt, Event::lostFocus, [this] { enddisttxt_LostFocus(); });
   for (int i = 0; i < levelCount; ++i)
-    view.on(level.constn[i], Event::lostFocus, [this, &constn = level.constn[i]] { constn_LostFocus(constn); });
-  for (int i = 0; i < in_.Givnwnd.size(); ++i)
-    view.on(in_.Givnwnd[i], Event::lostFocus, [this, &share = in_.Givnwnd[i]] { Givnwnd_LostFocus(share); });
-  view.on(fields_.no2, Event::click, [this] { chooseLineWidth(true); });
-  view.on(fields_.no4, Event::click, [this] { chooseLineWidth(false); });
+    sees_.view.on(
+        sees_.level.constn[i], Event::lostFocus, [this, &constn = sees_.level.constn[i]] { constn_LostFocus(constn); });
+  for (int i = 0; i < sees_.in.Givnwnd.size(); ++i)
+    sees_.view.on(
+        sees_.in.Givnwnd[i], Event::lostFocus, [this, &share = sees_.in.Givnwnd[i]] { Givnwnd_LostFocus(share); });
+  sees_.view.on(sees_.scenario.no2, Event::click, [this] { chooseLineWidth(true); });
+  sees_.view.on(sees_.scenario.no4, Event::click, [this] { chooseLineWidth(false); });
 }
 
 void InputRules::refuse(Field& field, const std::string& text, std::string_view replacement) {
@@ -56,35 +47,35 @@ void InputRules::refuse(Field& field, const std::string& text, std::string_view 
 }
 
 void InputRules::refuse(Field& field, const MessageBox& box, std::string_view replacement) {
-  desktop_.messageBox(box);
+  sees_.desktop.messageBox(box);
   if (replacement.empty())
     field.setFault(box.text);
   else
     field.setText(replacement);
-  status_.skipping().step([&] { desktop_.setFocus(field); });
+  sees_.status.skipping().step([&] { sees_.desktop.setFocus(field); });
 }
 
 void InputRules::refuseEntry(Field& field) {
   refuse(field, "Please select from List");
-  desktop_.openDropDown(field);
+  sees_.desktop.openDropDown(field);
 }
 
 void InputRules::saveHeights() {
-  status_.skipping().step([&] { links_.dt3.refresh(); });
-  status_.hold("heights", missingHeights(in_));
+  sees_.status.skipping().step([&] { sees_.links.dt3.refresh(); });
+  sees_.status.hold("heights", missingHeights(sees_.in));
 }
 
 void InputRules::htreltxt_LostFocus() {
-  if (!in_.htreltxt.isNumeric())
-    refuse(in_.htreltxt, "Height of release should be Numeric");
-  else if (in_.htreltxt.number() < leastReleaseHeight)
-    refuse(in_.htreltxt, "Height of release should be > or = 0.1 m", "1");
+  if (!sees_.in.htreltxt.isNumeric())
+    refuse(sees_.in.htreltxt, "Height of release should be Numeric");
+  else if (sees_.in.htreltxt.number() < leastReleaseHeight)
+    refuse(sees_.in.htreltxt, "Height of release should be > or = 0.1 m", "1");
   else
     saveHeights();
 }
 
 void InputRules::enddisttxt_LostFocus() {
-  Field& field = in_.enddisttxt;
+  Field& field = sees_.in.enddisttxt;
   const auto [outcome, distance] = field.parsed();
   if (outcome != ParsedNumber::Outcome::number)
     refuse(field, "Variable should be Numeric", outcome == ParsedNumber::Outcome::outOfRange ? "10000" : "");
@@ -104,90 +95,87 @@ void InputRules::constn_LostFocus(Field& constn) {
 void InputRules::Givnwnd_LostFocus(Field& share) {
   const bool numeric = share.isNumeric();
   if (numeric && share.number() >= 0) {
-    wind_.shareOut();
+    sees_.wind.shareOut();
     return;
   }
-  if (!numeric) desktop_.messageBox(information("Variable error."));
+  if (!numeric) sees_.desktop.messageBox(information("Variable error."));
   refuse(share, information("Variable required."), "0");
 }
 
 void InputRules::roghwndoptcbo_LostFocus() {
-  if (in_.roghwndoptcbo.wordIndex(terrainEntries) < 0)
-    refuseEntry(in_.roghwndoptcbo);
+  if (sees_.in.roghwndoptcbo.wordIndex(terrainEntries) < 0)
+    refuseEntry(sees_.in.roghwndoptcbo);
   else
     saveHeights();
 }
 
 void InputRules::stblclscbo_LostFocus() {
-  if (in_.stblclscbo.wordIndex(stabilityClassEntries) < 0 && in_.stblclscbo.text() != usersClass)
-    return refuseEntry(in_.stblclscbo);
+  if (sees_.in.stblclscbo.wordIndex(stabilityClassEntries) < 0 && sees_.in.stblclscbo.text() != usersClass)
+    return refuseEntry(sees_.in.stblclscbo);
   takeTypedClass();
-  DataLink& row = links_.dt2a;
+  DataLink& row = sees_.links.dt2a;
   // The row of a class just chosen is looked up once this event has ended: the link stands on the one before.
-  const bool awaitsRow = fields_.tmr_1.enabled() && state_.scnrKeyByText == 0;
+  const bool awaitsRow = sees_.scenario.tmr_1.enabled() && sees_.study.scnrKeyByText == 0;
   if (awaitsRow && row.hasRow()) return;
-  const std::string windBefore = in_.wndveltxt.text();
-  status_.skipping().steps([&] { plume_.setClassWind(); },
-                           [&] { row.edit(); },
-                           [&] { row.set("StblClas", in_.stblclscbo.text()); },
-                           [&] { row.set("wndvel", model_.classWind); },
-                           [&] { row.update(); },
-                           [&] { in_.wndveltxt.setPlainNumber(model_.classWind); });
+  const std::string windBefore = sees_.in.wndveltxt.text();
+  const Trap skipping = sees_.status.skipping();
+  skipping.step([&] { sees_.plume.setClassWind(); });
+  RowEdit{row, skipping}.set("StblClas", sees_.in.stblclscbo.text()).set("wndvel", sees_.model.classWind).store();
+  skipping.step([&] { sees_.in.wndveltxt.setPlainNumber(sees_.model.classWind); });
   tellClassWind(windBefore);
 }
 
 void InputRules::tellClassWind(const std::string& before) {
-  const std::string& now = in_.wndveltxt.text();
-  if (now == before || status_.hasFault()) return;
-  status_.say("Wind set to " + now + " m/s, usual for class " + in_.stblclscbo.text() +
-              (before.empty() ? "." : " (was " + before + ")."));
+  const std::string& now = sees_.in.wndveltxt.text();
+  if (now == before || sees_.status.hasFault()) return;
+  sees_.status.say("Wind set to " + now + " m/s, usual for class " + sees_.in.stblclscbo.text() +
+                   (before.empty() ? "." : " (was " + before + ")."));
 }
 
 void InputRules::takeTypedClass() {
-  if (std::exchange(classTyped_, false) && in_.stblclscbo.wordIndex(stabilityClassEntries) >= 0) stblclscbo_Click();
+  if (std::exchange(classTyped_, false) && sees_.in.stblclscbo.wordIndex(stabilityClassEntries) >= 0)
+    stblclscbo_Click();
 }
 
 void InputRules::stblclscbo_Click() {
   classTyped_ = false;
-  state_.scnrKeyByText = 0;
+  sees_.study.scnrKeyByText = 0;
   askForRunRow();
-  status_.skipping().steps([&] { links_.dt2.refresh(); }, [&] { links_.dt2a.refresh(); });
+  sees_.status.skipping().steps([&] { sees_.links.dt2.refresh(); }, [&] { sees_.links.dt2a.refresh(); });
 }
 
 void InputRules::wndveltxt_LostFocus() {
-  if (!in_.wndveltxt.isNumeric()) {
+  if (!sees_.in.wndveltxt.isNumeric()) {
     MessageBox box = critical("Input Variable error");
     box.title = "QUENDARIS: Error";
-    return refuse(in_.wndveltxt, box);
+    return refuse(sees_.in.wndveltxt, box);
   }
-  DataLink& row = links_.dt2a;
-  status_.skipping().steps([&] { row.edit(); },
-                           [&] { row.set("wndvel", in_.wndveltxt.number()); },
-                           [&] { row.update(); },
-                           [&] { model_.windAtHeight = strictNumber(result_.wndvel.caption()); });
+  const Trap skipping = sees_.status.skipping();
+  RowEdit{sees_.links.dt2a, skipping}.set("wndvel", [this] { return sees_.in.wndveltxt.number(); }).store();
+  skipping.step([&] { sees_.model.windAtHeight = strictNumber(sees_.result.wndvel.caption()); });
 }
 
 void InputRules::scnrotxtlbl_LostFocus() {
-  const std::string name = fields_.scnrotxtlbl.text();
-  if (name.empty()) return refuse(fields_.scnrotxtlbl, "Please enter scenario text");
+  const std::string name = sees_.project.scnrotxtlbl.text();
+  if (name.empty()) return refuse(sees_.project.scnrotxtlbl, "Please enter scenario text");
   if (const std::string fault = faultOfName(name); !fault.empty()) {
     if (name == scnrTextBefore_)
-      return status_.tellFault("The name \"" + name + "\" " + fault);  // not the user's doing
+      return sees_.status.tellFault("The name \"" + name + "\" " + fault);  // not the user's doing
     nameRefused_ = true;
-    return refuse(fields_.scnrotxtlbl, "Scenario text should not hold a single quote (')");
+    return refuse(sees_.project.scnrotxtlbl, "Scenario text should not hold a single quote (')");
   }
-  state_.scnrUserText = name;
-  state_.scnrKeyByText = 1;
-  state_.selectByUserText = 1;
+  sees_.study.scnrUserText = name;
+  sees_.study.scnrKeyByText = 1;
+  sees_.study.selectByUserText = 1;
   if (name != scnrTextBefore_) askForRunRow();
   scnrTextBefore_.clear();
 }
 
 void InputRules::chooseLineWidth(bool thin) {
-  fields_.no2.setValue(thin ? 1 : 0);
-  fields_.no4.setValue(thin ? 0 : 1);
-  state_.lineWidthFlag = thin;
-  state_.lineWidth = thin ? 2 : 4;
+  sees_.scenario.no2.setValue(thin ? 1 : 0);
+  sees_.scenario.no4.setValue(thin ? 0 : 1);
+  sees_.state.lineWidthFlag = thin;
+  sees_.state.lineWidth = thin ? 2 : 4;
 }
 
 }  // namespace noldarz

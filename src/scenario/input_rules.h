@@ -12,20 +12,36 @@
 #include "platform/desktop.h"
 #include "platform/status_line.h"
 #include "scenario/fields.h"
-#include "scenario/links.h"
 #include "scenario/state.h"
+#include "study/fields.h"
+#include "study/links.h"
+#include "study/state.h"
 
 namespace noldarz {
 
 class InputRules {
  public:
+  struct Sees {
+    View& view;
+    ModelState& model;
+    StudyState& study;
+    ScenarioState& state;
+    const ScenarioInputs& in;
+    const LevelFields& level;
+    const ResultFields& result;
+    const ProjectFields& project;
+    const ScenarioFields& scenario;
+    MainLinks& links;
+    PlumeModel& plume;
+    WindShare& wind;
+    Desktop& desktop;
+    StatusLine& status;
+  };
   /// Subscribes the rules to the events of the view.
-  InputRules(View& view, ModelState& model, ScenarioState& state, const ScenarioInputs& in, const LevelFields& level,
-             const ResultFields& result, const ScenarioFields& fields, MainLinks& links, PlumeModel& plume,
-             WindShare& wind, Desktop& desktop, StatusLine& status);
+  explicit InputRules(const Sees& sees);
 
   /// Asks for the run row step: it runs once this event has ended.
-  void askForRunRow() { fields_.tmr_1.enable(); }
+  void askForRunRow() { sees_.scenario.tmr_1.enable(); }
 
  private:
   void htreltxt_LostFocus();
@@ -50,16 +66,7 @@ class InputRules {
   void saveHeights();
   void tellClassWind(const std::string& before);
 
-  ModelState& model_;
-  ScenarioState& state_;
-  const ScenarioInputs& in_;
-  const ResultFields& result_;
-  const ScenarioFields& fields_;
-  MainLinks& links_;
-  PlumeModel& plume_;
-  WindShare& wind_;
-  Desktop& desktop_;
-  StatusLine& status_;
+  Sees sees_;
   std::string scnrTextBefore_;  // name of the run when its field took the focus
   bool nameRefused_ = false;    // the focus comes back to it
   bool classTyped_ = false;     // the class was typed, not picked, since its field was left last

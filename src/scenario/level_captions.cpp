@@ -1,51 +1,50 @@
 #include "scenario/level_captions.h"
 
 #include "scenario/row_inputs.h"
+#include "study/row_edit.h"
 
 namespace noldarz {
 
-LevelCaptions::LevelCaptions(View& view, const LevelFields& level, const ScenarioFields& fields, MainLinks& links,
-                             Desktop& desktop, StatusLine& status)
-    : level_(level), fields_(fields), links_(links), desktop_(desktop), status_(status) {
+LevelCaptions::LevelCaptions(const Sees& sees) : sees_(sees) {
   for (int i = 0; i < levelCount; ++i) {
-    view.on(level_.conclbl[i], Event::gotFocus, [this, i] { conclbl_GotFocus(i); });
-    view.on(level_.conclbl[i], Event::click, [this, i] { conclbl_Click(i); });
+    sees_.view.on(sees_.level.conclbl[i], Event::gotFocus, [this, i] { conclbl_GotFocus(i); });
+    sees_.view.on(sees_.level.conclbl[i], Event::click, [this, i] { conclbl_Click(i); });
   }
-  view.on(fields_.conctxt1, Event::lostFocus, [this] { conctxt1_LostFocus(); });
-  view.on(fields_.conctxt1, Event::cancel, [this] { giveUp(); });
+  sees_.view.on(sees_.scenario.conctxt1, Event::lostFocus, [this] { conctxt1_LostFocus(); });
+  sees_.view.on(sees_.scenario.conctxt1, Event::cancel, [this] { giveUp(); });
 }
 
 void LevelCaptions::conclbl_GotFocus(int level) {
-  Field& editor = fields_.conctxt1;
-  editor.moveOver(level_.conclbl[level]);
+  Field& editor = sees_.scenario.conctxt1;
+  editor.moveOver(sees_.level.conclbl[level]);
   editor.setText("Conc. " + std::to_string(level));
   concEditIdx_ = level;
 }
 
 void LevelCaptions::conclbl_Click(int level) {
-  const bool edited = level_.conclbl[level].value() == 1;
-  fields_.conctxt1.setVisible(edited);
-  if (edited) status_.skipping().step([&] { desktop_.setFocus(fields_.conctxt1); });
+  const bool edited = sees_.level.conclbl[level].value() == 1;
+  sees_.scenario.conctxt1.setVisible(edited);
+  if (edited) sees_.status.skipping().step([&] { sees_.desktop.setFocus(sees_.scenario.conctxt1); });
   concEditIdx_ = level;
-  fields_.conctxt1.setText(level_.conclbl[level].caption());
+  sees_.scenario.conctxt1.setText(sees_.level.conclbl[level].caption());
 }
 
 void LevelCaptions::giveUp() {
-  Field& label = level_.conclbl[concEditIdx_];
-  fields_.conctxt1.setVisible(false);
+  Field& label = sees_.level.conclbl[concEditIdx_];
+  sees_.scenario.conctxt1.setVisible(false);
   label.setValue(0);
-  status_.skipping().step([&] { desktop_.setFocus(label); });
+  sees_.status.skipping().step([&] { sees_.desktop.setFocus(label); });
 }
 
 void LevelCaptions::conctxt1_LostFocus() {
-  Field& editor = fields_.conctxt1;
+  Field& editor = sees_.scenario.conctxt1;
   if (!editor.visible()) return;  // given up
-  Field& label = level_.conclbl[concEditIdx_];
+  Field& label = sees_.level.conclbl[concEditIdx_];
   if (editor.text().empty()) {
-    desktop_.messageBox(critical("Variable required"));
+    sees_.desktop.messageBox(critical("Variable required"));
     editor.setText(initialLevelCaption(concEditIdx_));
     label.setCaption(initialLevelCaption(concEditIdx_));
-    return status_.skipping().step([&] { desktop_.setFocus(editor); });
+    return sees_.status.skipping().step([&] { sees_.desktop.setFocus(editor); });
   }
   label.setCaption(editor.text());
   editor.setVisible(false);
@@ -54,13 +53,13 @@ void LevelCaptions::conctxt1_LostFocus() {
 }
 
 void LevelCaptions::storeCaptions() {
-  DataLink& row = links_.dt2a;
+  DataLink& row = sees_.links.dt2a;
   if (!row.database()) return;  // no study is open
-  const Trap skipping = status_.skipping();
-  skipping.step([&] { row.edit(); });
-  for (int i = 0; i < levelCount; ++i)
-    skipping.step([&] { row.set(levelColumn("constnTxt", i + 1), level_.conclbl[i].caption()); });
-  skipping.steps([&] { row.update(), status_.say("Stored: captions of the levels."); }, [&] { row.refresh(); });
+  const Trap skipping = sees_.status.skipping();
+  RowEdit edit{row, skipping};
+  for (int i = 0; i < levelCount; ++i) edit.set(levelColumn("constnTxt", i + 1), sees_.level.conclbl[i].caption());
+  if (edit.store()) sees_.status.say("Stored: captions of the levels.");
+  skipping.step([&] { row.refresh(); });
 }
 
 }  // namespace noldarz

@@ -5,15 +5,22 @@
 #include "platform/desktop.h"
 #include "platform/status_line.h"
 #include "scenario/fields.h"
-#include "scenario/links.h"
+#include "study/links.h"
 
 namespace noldarz {
 
 class LevelCaptions {
  public:
+  struct Sees {
+    View& view;
+    const LevelFields& level;
+    const ScenarioFields& scenario;
+    MainLinks& links;
+    Desktop& desktop;
+    StatusLine& status;
+  };
   /// Subscribes the rules of the captions and of their editor `conctxt1`.
-  LevelCaptions(View& view, const LevelFields& level, const ScenarioFields& fields, MainLinks& links, Desktop& desktop,
-                StatusLine& status);
+  explicit LevelCaptions(const Sees& sees);
 
  private:
   void conclbl_GotFocus(int level);
@@ -24,11 +31,7 @@ class LevelCaptions {
   /// All six go into the run row in one change.
   void storeCaptions();
 
-  const LevelFields& level_;
-  const ScenarioFields& fields_;
-  MainLinks& links_;
-  Desktop& desktop_;
-  StatusLine& status_;
+  Sees sees_;
   int concEditIdx_ = 0;  // level that the editor is for
 };
 

@@ -13,7 +13,7 @@ constexpr std::array<std::string_view, levelCount> limitColumns{"UEL", "LEL", "T
 
 }  // namespace
 
-bool isFlammable(const ScenarioFields& fields) { return fields.naturchem.text() != "Non-Flammable"; }
+bool isFlammable(const ProjectFields& project) { return project.naturchem.text() != "Non-Flammable"; }
 
 void nameUpperLevels(const LevelFields& level, const ResultFields& result) {
   level.conclbl[0].setCaption("Conc. 0");
@@ -21,32 +21,28 @@ void nameUpperLevels(const LevelFields& level, const ResultFields& result) {
   result.expmass.setText(mark::notApplicable);
 }
 
-LevelChoice::LevelChoice(const LevelFields& level, const ResultFields& result, const ScenarioFields& fields,
-                         MainLinks& links, Desktop& desktop, StatusLine& status)
-    : level_(level), result_(result), fields_(fields), links_(links), desktop_(desktop), status_(status) {}
-
 std::string LevelChoice::limit(std::string_view column) {
-  links_.dt4.bind(fields_.conctemp, std::string{column});
-  return links_.dt4.hasRow() ? fields_.conctemp.text() : std::string{};
+  sees_.links.dt4.bind(sees_.scenario.conctemp, std::string{column});
+  return sees_.links.dt4.hasRow() ? sees_.scenario.conctemp.text() : std::string{};
 }
 
 void LevelChoice::fillGaps() {
   for (int i = 0; i < levelCount; ++i)
-    if (!level_.constn[i].isNumeric()) level_.constn[i].setText(mark::nothing);
+    if (!sees_.level.constn[i].isNumeric()) sees_.level.constn[i].setText(mark::nothing);
 }
 
 void LevelChoice::getconclvl_Click() {
-  const Trap skipping = status_.skipping();
-  for (int i = 0; i < levelCount; ++i) level_.conclbl[i].setValue(0);
+  const Trap skipping = sees_.status.skipping();
+  for (int i = 0; i < levelCount; ++i) sees_.level.conclbl[i].setValue(0);
   for (int i = 0; i < levelCount; ++i)
-    skipping.step([&] { level_.constn[i].setText(limit(limitColumns.at(static_cast<std::size_t>(i)))); });
+    skipping.step([&] { sees_.level.constn[i].setText(limit(limitColumns.at(static_cast<std::size_t>(i)))); });
   fillGaps();
-  if (links_.dt4.database()) skipping.step([&] { links_.dt4.refresh(); });
-  for (int i = 0; i < levelCount; ++i) level_.conclbl[i].setCaption(initialLevelCaption(i));
-  if (isFlammable(fields_))
+  if (sees_.links.dt4.database()) skipping.step([&] { sees_.links.dt4.refresh(); });
+  for (int i = 0; i < levelCount; ++i) sees_.level.conclbl[i].setCaption(initialLevelCaption(i));
+  if (isFlammable(sees_.project))
     skipping.step([&] { putInOrder(); });
   else
-    nameUpperLevels(level_, result_);
+    nameUpperLevels(sees_.level, sees_.result);
   skipping.steps([&] { replaceMissing(2, "IDLH"); }, [&] { replaceMissing(5, "TWA"); });
 }
 
@@ -54,12 +50,12 @@ bool LevelChoice::wishesReset() {
   MessageBox box = critical("Concentrations required in descending order. Wish to reset in order?");
   box.buttons = Buttons::yesNo;
   box.defaultReply = Reply::yes;
-  return desktop_.messageBox(box) == Reply::yes;
+  return sees_.desktop.messageBox(box) == Reply::yes;
 }
 
 void LevelChoice::putInOrder() {
-  const auto& constn = level_.constn;
-  const auto& conclbl = level_.conclbl;
+  const auto& constn = sees_.level.constn;
+  const auto& conclbl = sees_.level.conclbl;
   const auto disordered = [&](int upper) { return constn[upper].number() < constn[upper + 1].number(); };
   const std::array<double, 3> kept{constn[0].number(), constn[1].number(), constn[2].number()};
   if (disordered(1) && wishesReset()) {
@@ -83,10 +79,10 @@ void LevelChoice::putInOrder() {
 }
 
 void LevelChoice::replaceMissing(int level, std::string_view column) {
-  if (level_.constn[level].text() != mark::nothing) return;
+  if (sees_.level.constn[level].text() != mark::nothing) return;
   const std::string text = limit(column);
-  level_.conclbl[level].setCaption(std::string{column} + ":");
-  level_.constn[level].setText(text);
+  sees_.level.conclbl[level].setCaption(std::string{column} + ":");
+  sees_.level.constn[level].setText(text);
 }
 
 }  // namespace noldarz

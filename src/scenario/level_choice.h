@@ -8,14 +8,23 @@
 #include "platform/desktop.h"
 #include "platform/status_line.h"
 #include "scenario/fields.h"
-#include "scenario/links.h"
+#include "study/fields.h"
+#include "study/links.h"
 
 namespace noldarz {
 
 class LevelChoice {
  public:
-  LevelChoice(const LevelFields& level, const ResultFields& result, const ScenarioFields& fields, MainLinks& links,
-              Desktop& desktop, StatusLine& status);
+  struct Sees {
+    const LevelFields& level;
+    const ResultFields& result;
+    const ProjectFields& project;
+    const ScenarioFields& scenario;
+    MainLinks& links;
+    Desktop& desktop;
+    StatusLine& status;
+  };
+  explicit LevelChoice(const Sees& sees) : sees_(sees) {}
 
   /// UEL, LEL, TEEL3, TEEL2, TEEL1 and TEEL0 of the chemical (ppm) become the levels; one without a number becomes 0. Pairs
   /// of a flammable chemical that are out of order are exchanged, if the user wishes so. A TEEL3 of 0 gives way to the IDLH,
@@ -30,15 +39,10 @@ class LevelChoice {
   bool wishesReset();
   void replaceMissing(int level, std::string_view column);
 
-  const LevelFields& level_;
-  const ResultFields& result_;
-  const ScenarioFields& fields_;
-  MainLinks& links_;
-  Desktop& desktop_;
-  StatusLine& status_;
+  Sees sees_;
 };
 
-bool isFlammable(const ScenarioFields& fields);
+bool isFlammable(const ProjectFields& project);
 
 /// Names the two upper levels of a chemical that is not flammable: they are the user's own, and there is no flammable mass.
 void nameUpperLevels(const LevelFields& level, const ResultFields& result);

@@ -1,10 +1,11 @@
 // The main view `dspmnfrm`: the centre of the program. It joins the fields of the engine, of the toxic effects
-// and of the scenario handling. Built and wired by system/.
+// and of the scenario handling.
 #pragma once
 
 #include "engine/fields.h"
 #include "platform/view.h"
 #include "scenario/fields.h"
+#include "study/fields.h"
 #include "toxic/fields.h"
 
 namespace noldarz {
@@ -19,6 +20,7 @@ struct MainView {
         result(view),
         command(view),
         toxic(view),
+        project(view),
         scenario(view) {}
 
   View view;
@@ -27,6 +29,7 @@ struct MainView {
   ResultFields result;
   CommandFields command;
   ToxicFields toxic;
+  ProjectFields project;
   ScenarioFields scenario;
 };
 

@@ -6,32 +6,39 @@
 #include "platform/desktop.h"
 #include "platform/status_line.h"
 #include "platform/view.h"
+#include "study/outputs.h"
 
 namespace noldarz {
 
 class OutputList {
  public:
+  struct Sees {
+    View& view;
+    SweepState& sweep;
+    LevelState& passes;
+    const CommandFields& command;
+    const Outputs& outputs;
+    Desktop& desktop;
+    StatusLine& status;
+  };
   /// Subscribes the choice of an entry.
-  OutputList(View& view, SweepState& sweep, LevelState& passes, const CommandFields& command, Desktop& desktop,
-             StatusLine& status)
-      : sweep_(sweep), passes_(passes), list_(command.prntprv), desktop_(desktop), status_(status) {
-    view.on(list_, Event::click, [this] { prntprv_Click(); });
+  explicit OutputList(const Sees& sees) : sees_(sees), list_(sees.command.prntprv) {
+    sees_.view.on(list_, Event::click, [this] { prntprv_Click(); });
   }
 
  private:
   void prntprv_Click() {
-    sweep_.distSweep = 0;
-    sweep_.bgnLevel = 0;
-    passes_.sweepLevel = passes_.widthLevel = passes_.levelIdx = 0;
-    status_.say("\"" + list_.text() + "\" is not part of this version.");
-    desktop_.clearClipboard();
+    sees_.sweep.distSweep = 0;
+    sees_.sweep.bgnLevel = 0;
+    sees_.passes.sweepLevel = sees_.passes.widthLevel = sees_.passes.levelIdx = 0;
+    const int entry = list_.listIndex();
+    if (entry < 0 || !sees_.outputs.open(static_cast<std::size_t>(entry)))
+      sees_.status.say("\"" + list_.text() + "\" is not part of this version.");
+    sees_.desktop.clearClipboard();
   }
 
-  SweepState& sweep_;
-  LevelState& passes_;
+  Sees sees_;
   Field& list_;
-  Desktop& desktop_;
-  StatusLine& status_;
 };
 
 }  // namespace noldarz

@@ -9,30 +9,33 @@
 
 namespace noldarz {
 
-ReleaseLine::ReleaseLine(View& view, const ScenarioInputs& in, const ScenarioFields& fields)
-    : in_(in), line_(fields.releaselbl) {
-  view.observe([this](const Field& changed, Property property) {
-    const std::array shown{&in_.scnrotypetxt, &in_.QntyRelstxt, &in_.PoolRadiusRrslstxt, &in_.molwttxt, &in_.tempStore};
+ReleaseLine::ReleaseLine(const Sees& sees) : sees_(sees), line_(sees.scenario.releaselbl) {
+  sees_.view.observe([this](const Field& changed, Property property) {
+    const std::array shown{&sees_.in.scnrotypetxt,
+                           &sees_.in.QntyRelstxt,
+                           &sees_.in.PoolRadiusRrslstxt,
+                           &sees_.in.molwttxt,
+                           &sees_.in.tempStore};
     if (property == Property::text && std::find(shown.begin(), shown.end(), &changed) != shown.end()) show();
   });
   show();
 }
 
 void ReleaseLine::show() const {
-  const std::string& type = in_.scnrotypetxt.text();
+  const std::string& type = sees_.in.scnrotypetxt.text();
   if (type.empty()) return line_.setCaption("No release: the study has no working scenario");
   const auto known = [](const Field& field, const char* pattern = nullptr) {
     if (field.text().empty()) return std::string{"?"};
     return pattern ? Format(field.text(), pattern) : field.text();
   };
-  const std::string pool = type == "POOL" ? fmt::format(", pool radius {} m", known(in_.PoolRadiusRrslstxt)) : "";
+  const std::string pool = type == "POOL" ? fmt::format(", pool radius {} m", known(sees_.in.PoolRadiusRrslstxt)) : "";
   line_.setCaption(fmt::format("{}, {} {}{}, {} g/mol, {} °C",
                                type,
-                               known(in_.QntyRelstxt),
+                               known(sees_.in.QntyRelstxt),
                                type == "PUFF" ? "kg" : "kg/s",
                                pool,
-                               known(in_.molwttxt, "0.0"),
-                               known(in_.tempStore)));
+                               known(sees_.in.molwttxt, "0.0"),
+                               known(sees_.in.tempStore)));
 }
 
 }  // namespace noldarz

@@ -10,13 +10,18 @@ namespace noldarz {
 
 class ReleaseLine {
  public:
+  struct Sees {
+    View& view;
+    const ScenarioInputs& in;
+    const ScenarioFields& scenario;
+  };
   /// Subscribes to changes of the release.
-  ReleaseLine(View& view, const ScenarioInputs& in, const ScenarioFields& fields);
+  explicit ReleaseLine(const Sees& sees);
 
  private:
   void show() const;
 
-  const ScenarioInputs& in_;
+  Sees sees_;
   Field& line_;
 };
 

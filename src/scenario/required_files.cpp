@@ -27,23 +27,21 @@ void closeMarker(const Folders& folders) {
 
 }  // namespace
 
-RequiredFiles::RequiredFiles(Views& views, const ScenarioState& state, const Folders& folders, Desktop& desktop)
-    : view_(views, "reqfrm", " QUENDARIS : Required files installation"),
+RequiredFiles::RequiredFiles(const Sees& sees)
+    : sees_(sees),
+      view_(sees.views, "reqfrm", " QUENDARIS : Required files installation"),
       lbl1_(view_.label("lbl1",
                         "Some more files required. Please Run Setup to install required files and then rerun main "
                         "module.")),
       reasonlbl_(view_.label("reasonlbl")),
-      runsetp_(view_.add(FieldKind::button, "runsetp", "&Run Setup")),
-      state_(state),
-      folders_(folders),
-      desktop_(desktop) {
+      runsetp_(view_.add(FieldKind::button, "runsetp", "&Run Setup")) {
   view_.on(runsetp_, Event::click, [this] { runsetp_Click(); });
 }
 
 void RequiredFiles::open(View& mainView, const std::string& reason) {
   MessageBox box = critical("More files required run setup/Installed Files missing");
   box.title = "QUENDARIS: Files missing";
-  desktop_.messageBox(box);
+  sees_.desktop.messageBox(box);
   reasonlbl_.setCaption(reason);
   mainView.close();
   view_.show();
@@ -55,13 +53,13 @@ void RequiredFiles::runsetp_Click() {
 }
 
 void RequiredFiles::runSetup() const {
-  const fs::path setup = setupProgram(folders_);
-  enterFolder(folders_.program);
-  enterFolder(folders_.program.parent_path());
+  const fs::path setup = setupProgram(sees_.folders);
+  enterFolder(sees_.folders.program);
+  enterFolder(sees_.folders.program.parent_path());
   enterFolder(setup.parent_path());
-  desktop_.runProgram(setup, {state_.dbPath});
-  enterFolder(folders_.program);
-  closeMarker(folders_);
+  sees_.desktop.runProgram(setup, {sees_.study.dbPath});
+  enterFolder(sees_.folders.program);
+  closeMarker(sees_.folders);
 }
 
 }  // namespace noldarz

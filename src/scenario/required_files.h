@@ -8,12 +8,19 @@
 #include "platform/folders.h"
 #include "platform/view.h"
 #include "scenario/state.h"
+#include "study/state.h"
 
 namespace noldarz {
 
 class RequiredFiles {
  public:
-  RequiredFiles(Views& views, const ScenarioState& state, const Folders& folders, Desktop& desktop);
+  struct Sees {
+    Views& views;
+    const StudyState& study;
+    const Folders& folders;
+    Desktop& desktop;
+  };
+  explicit RequiredFiles(const Sees& sees);
 
   /// Says that parts are missing, closes the main view, opens this one. `reason`: what the start-up met.
   void open(View& mainView, const std::string& reason);
@@ -24,13 +31,11 @@ class RequiredFiles {
   void runsetp_Click();
   void runSetup() const;
 
+  Sees sees_;
   View view_;
   Field& lbl1_;
   Field& reasonlbl_;
   Field& runsetp_;
-  const ScenarioState& state_;
-  const Folders& folders_;
-  Desktop& desktop_;
 };
 
 }  // namespace noldarz

@@ -18,30 +18,21 @@ std::string nameOf(const Field& caption) {
 
 }  // namespace
 
-ResultStanding::ResultStanding(View& view, const SweepState& sweep, const LevelState& passes, const LimitSearch& search,
-                               const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
-                               const ToxicFields& toxic, const ScenarioFields& fields, StatusLine& status)
-    : sweep_(sweep),
-      passes_(passes),
-      search_(search),
-      level_(level),
-      result_(result),
-      toxic_(toxic),
-      fields_(fields),
-      status_(status),
-      ofMaximum_{&in.scnrotypetxt,
-                 &in.QntyRelstxt,
-                 &in.molwttxt,
-                 &in.vapordnstytxt,
-                 &in.tempStore,
-                 &in.htreltxt,
-                 &in.htsmul,
-                 &in.roghwndoptcbo,
-                 &in.stblclscbo,
-                 &in.wndveltxt},
-      ofLevels_{&in.enddisttxt, &in.avalftl, &in.nvalftl, &in.avalinj, &in.nvalinj} {
-  for (int i = 0; i < levelCount; ++i) ofLevels_.insert(&level_.constn[i]);
-  view.observe([this](Field& changed, Property property) { follow(changed, property); });
+ResultStanding::ResultStanding(const Sees& sees)
+    : sees_(sees),
+      ofMaximum_{&sees.in.scnrotypetxt,
+                 &sees.in.QntyRelstxt,
+                 &sees.in.molwttxt,
+                 &sees.in.vapordnstytxt,
+                 &sees.in.tempStore,
+                 &sees.in.htreltxt,
+                 &sees.in.htsmul,
+                 &sees.in.roghwndoptcbo,
+                 &sees.in.stblclscbo,
+                 &sees.in.wndveltxt},
+      ofLevels_{&sees.in.enddisttxt, &sees.in.avalftl, &sees.in.nvalftl, &sees.in.avalinj, &sees.in.nvalinj} {
+  for (int i = 0; i < levelCount; ++i) ofLevels_.insert(&sees_.level.constn[i]);
+  sees_.view.observe([this](Field& changed, Property property) { follow(changed, property); });
   show();
 }
 
@@ -49,7 +40,7 @@ void ResultStanding::follow(const Field& changed, Property property) {
   if (property != Property::text || pressing_ || !pressed_) return;
   if (!ofMaximum_.contains(&changed) && !ofLevels_.contains(&changed)) return;
   show();
-  status_.advise(isStale(stage()) ? note() : nextStep());
+  sees_.status.advise(isStale(stage()) ? note() : nextStep());
 }
 
 std::vector<std::string> ResultStanding::inputsOf(const std::set<const Field*>& fields) const {
@@ -65,8 +56,8 @@ void ResultStanding::pressEnds() {
   levelInputs_ = inputsOf(ofLevels_);
   show();
   const std::string fault = note();
-  if (!fault.empty()) status_.say(fault);
-  status_.advise(nextStep());
+  if (!fault.empty()) sees_.status.say(fault);
+  sees_.status.advise(nextStep());
 }
 
 void ResultStanding::cleared() {
@@ -75,17 +66,17 @@ void ResultStanding::cleared() {
 }
 
 void ResultStanding::levelsLoaded() {
-  status_.say("Levels set to the limits of the chemical.");
-  status_.advise(stage() == Stage::maximum ? "Check them, then press Compute."
-                                           : "Press Compute for the maximum first.");
+  sees_.status.say("Levels set to the limits of the chemical.");
+  sees_.status.advise(stage() == Stage::maximum ? "Check them, then press Compute."
+                                                : "Press Compute for the maximum first.");
 }
 
 ResultStanding::Stage ResultStanding::stage() const {
   if (!pressed_) return Stage::nothing;
-  if (sweep_.mgcDone == 0 || sweep_.maxConcDone == 0) return Stage::noMaximum;
+  if (sees_.sweep.mgcDone == 0 || sees_.sweep.maxConcDone == 0) return Stage::noMaximum;
   for (int i = 0; i < levelCount; ++i)
-    if (level_.bgnpt[i].text() == mark::inputError) return Stage::refused;
-  return passes_.firstPass == 0 ? Stage::levels : Stage::maximum;
+    if (sees_.level.bgnpt[i].text() == mark::inputError) return Stage::refused;
+  return sees_.passes.firstPass == 0 ? Stage::levels : Stage::maximum;
 }
 
 bool ResultStanding::isStale(Stage stage) const {
@@ -94,17 +85,18 @@ bool ResultStanding::isStale(Stage stage) const {
 }
 
 std::string ResultStanding::faultOfLevel(int level) const {
-  const std::string& end = level_.endpt[level].text();
-  if (end.starts_with('>')) return fmt::format("{} reaches past {} m", nameOf(level_.conclbl[level]), end.substr(1));
-  if (!level_.endpt[level].isNumeric() || !level_.bgnpt[level].isNumeric() || end == mark::nothing)
-    return fmt::format("{} of {} ppm is not met", nameOf(level_.conclbl[level]), level_.constn[level].text());
+  const std::string& end = sees_.level.endpt[level].text();
+  if (end.starts_with('>'))
+    return fmt::format("{} reaches past {} m", nameOf(sees_.level.conclbl[level]), end.substr(1));
+  if (!sees_.level.endpt[level].isNumeric() || !sees_.level.bgnpt[level].isNumeric() || end == mark::nothing)
+    return fmt::format("{} of {} ppm is not met", nameOf(sees_.level.conclbl[level]), sees_.level.constn[level].text());
   return "";
 }
 
 bool ResultStanding::hasLimits() const {
   // Where the outermost level has no end the search goes to that of an earlier press.
-  const Field& end = level_.endpt[levelCount - 1];
-  return search_.foundLimits() && end.isNumeric() && end.number() > 0;
+  const Field& end = sees_.level.endpt[levelCount - 1];
+  return sees_.limitSearch.foundLimits() && end.isNumeric() && end.number() > 0;
 }
 
 std::string ResultStanding::faultOfLimits() const {
@@ -148,20 +140,24 @@ void ResultStanding::show() {
   const auto grey = [](Field& field, bool stands) {
     field.setForeColour(stands ? defaultForeColour(field.kind()) : Colour{SystemColour::disabledText});
   };
-  for (Field* field :
-       {&result_.mgctxt, &result_.distconctxt, &result_.constn1, &result_.maxdistconctxt, &result_.nodfdwndlbl})
+  for (Field* field : {&sees_.result.mgctxt,
+                       &sees_.result.distconctxt,
+                       &sees_.result.constn1,
+                       &sees_.result.maxdistconctxt,
+                       &sees_.result.nodfdwndlbl})
     grey(*field, maximum);
-  for (const auto* results : {&level_.bgnpt,
-                              &level_.endpt,
-                              &level_.isoplngt,
-                              &level_.isopwdth,
-                              &level_.isopang,
-                              &level_.distmaxisop,
-                              &level_.isoparea})
+  for (const auto* results : {&sees_.level.bgnpt,
+                              &sees_.level.endpt,
+                              &sees_.level.isoplngt,
+                              &sees_.level.isopwdth,
+                              &sees_.level.isopang,
+                              &sees_.level.distmaxisop,
+                              &sees_.level.isoparea})
     for (int i = 0; i < levelCount; ++i) grey((*results)[i], levels);
-  for (Field* field : {&result_.expmass, &result_.tmestbltxt, &result_.tmeunitlbl}) grey(*field, levels);
-  for (Field* field : {&toxic_.FatatyDistDsplyLbl, &toxic_.InjuryDistDsplyLbl}) grey(*field, levels && hasLimits());
-  fields_.resultnotelbl.setCaption(note());
+  for (Field* field : {&sees_.result.expmass, &sees_.result.tmestbltxt, &sees_.result.tmeunitlbl}) grey(*field, levels);
+  for (Field* field : {&sees_.toxic.FatatyDistDsplyLbl, &sees_.toxic.InjuryDistDsplyLbl})
+    grey(*field, levels && hasLimits());
+  sees_.scenario.resultnotelbl.setCaption(note());
 }
 
 }  // namespace noldarz

@@ -19,10 +19,20 @@ namespace noldarz {
 
 class ResultStanding {
  public:
+  struct Sees {
+    View& view;
+    const SweepState& sweep;
+    const LevelState& passes;
+    const LimitSearch& limitSearch;
+    const ScenarioInputs& in;
+    const LevelFields& level;
+    const ResultFields& result;
+    const ToxicFields& toxic;
+    const ScenarioFields& scenario;
+    StatusLine& status;
+  };
   /// Subscribes to changes of the inputs.
-  ResultStanding(View& view, const SweepState& sweep, const LevelState& passes, const LimitSearch& search,
-                 const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
-                 const ToxicFields& toxic, const ScenarioFields& fields, StatusLine& status);
+  explicit ResultStanding(const Sees& sees);
 
   /// While a press runs its own changes of inputs count for nothing; behind it the figures stand for the inputs as they are.
   void pressBegins() { pressing_ = true; }
@@ -53,14 +63,7 @@ class ResultStanding {
   void follow(const Field& changed, Property property);
   void show();
 
-  const SweepState& sweep_;
-  const LevelState& passes_;
-  const LimitSearch& search_;
-  const LevelFields& level_;
-  const ResultFields& result_;
-  const ToxicFields& toxic_;
-  const ScenarioFields& fields_;
-  StatusLine& status_;
+  Sees sees_;
   std::set<const Field*> ofMaximum_;  // inputs that all figures stand for
   std::set<const Field*> ofLevels_;   // inputs that levels and limits stand for beside those
   std::vector<std::string> maximumInputs_;

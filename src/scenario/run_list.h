@@ -8,18 +8,35 @@
 #include "engine/state.h"
 #include "platform/status_line.h"
 #include "scenario/fields.h"
-#include "scenario/links.h"
-#include "scenario/queries.h"
 #include "scenario/state.h"
+#include "study/fields.h"
+#include "study/links.h"
+#include "study/queries.h"
+#include "study/state.h"
 #include "toxic/probit_constants.h"
 
 namespace noldarz {
 
 class RunList {
  public:
-  RunList(ScenarioState& state, SweepState& sweep, const ScenarioInputs& in, const LevelFields& level,
-          const ScenarioFields& fields, MainLinks& links, Queries& queries, ProbitConstants& probit,
-          StatusLine& status);
+  struct Sees {
+    View& view;
+    StudyState& study;
+    ScenarioState& state;
+    SweepState& sweep;
+    const ScenarioInputs& in;
+    const LevelFields& level;
+    const ProjectFields& project;
+    const ScenarioFields& scenario;
+    MainLinks& links;
+    Queries& queries;
+    ProbitConstants& probit;
+    StatusLine& status;
+  };
+  /// Subscribes the double click.
+  explicit RunList(const Sees& sees) : sees_(sees) {
+    sees_.view.on(sees_.scenario.dspScnorlst_1, Event::dblClick, [this] { dspScnorlst_1_DblClick(); });
+  }
 
   /// Fills the list from the run rows of the reference number, the last row on top. The link dt2a then stands on the first
   /// of them. A failed step is skipped.
@@ -50,15 +67,7 @@ class RunList {
   bool standOnRow(const Run& run, const Trap& skipping);
   void takeInputs(const Trap& skipping);
 
-  ScenarioState& state_;
-  SweepState& sweep_;
-  const ScenarioInputs& in_;
-  const LevelFields& level_;
-  const ScenarioFields& fields_;
-  MainLinks& links_;
-  Queries& queries_;
-  ProbitConstants& probit_;
-  StatusLine& status_;
+  Sees sees_;
   std::vector<Run> runs_;  // scnrStore, in the order of the rows
 };
 

@@ -12,9 +12,19 @@ namespace noldarz {
 
 class RunReset {
  public:
-  RunReset(SweepState& sweep, LevelState& passes, LimitState& limits, RawLimitState& rawLimits,
-           const ScenarioInputs& in, const LevelFields& level, const ResultFields& result, const CommandFields& command,
-           const ToxicFields& toxic, Desktop& desktop);
+  struct Sees {
+    SweepState& sweep;
+    LevelState& passes;
+    LimitState& limits;
+    RawLimitState& rawLimits;
+    const ScenarioInputs& in;
+    const LevelFields& level;
+    const ResultFields& result;
+    const CommandFields& command;
+    const ToxicFields& toxic;
+    Desktop& desktop;
+  };
+  explicit RunReset(const Sees& sees) : sees_(sees) {}
 
   /// A failing step shows a box with its number, and the next one runs.
   void resetRunView();
@@ -24,16 +34,7 @@ class RunReset {
   void clearResults(const Trap& trap);
   void openInputs(const Trap& trap);
 
-  SweepState& sweep_;
-  LevelState& passes_;
-  LimitState& limits_;
-  RawLimitState& rawLimits_;
-  const ScenarioInputs& in_;
-  const LevelFields& level_;
-  const ResultFields& result_;
-  const CommandFields& command_;
-  const ToxicFields& toxic_;
-  Desktop& desktop_;
+  Sees sees_;
 };
 
 }  // namespace noldarz

@@ -11,10 +11,12 @@
 #include "platform/status_line.h"
 #include "scenario/fields.h"
 #include "scenario/kept_inputs.h"
-#include "scenario/links.h"
-#include "scenario/queries.h"
 #include "scenario/run_list.h"
 #include "scenario/state.h"
+#include "study/fields.h"
+#include "study/links.h"
+#include "study/queries.h"
+#include "study/state.h"
 #include "toxic/distance_limits.h"
 #include "toxic/probit_constants.h"
 
@@ -22,9 +24,28 @@ namespace noldarz {
 
 class RunRow : public RunStore {
  public:
-  RunRow(ScenarioState& state, const ScenarioInputs& in, const LevelFields& level, const ResultFields& result,
-         const ScenarioFields& fields, MainLinks& links, Queries& queries, RunList& list, ProbitConstants& probit,
-         DistanceLimits& limits, Desktop& desktop, StatusLine& status);
+  struct Sees {
+    View& view;
+    StudyState& study;
+    ScenarioState& state;
+    const ScenarioInputs& in;
+    const LevelFields& level;
+    const ResultFields& result;
+    const ProjectFields& project;
+    const ScenarioFields& scenario;
+    MainLinks& links;
+    Queries& queries;
+    RunList& list;
+    ProbitConstants& probit;
+    DistanceLimits& limits;
+    Desktop& desktop;
+    StatusLine& status;
+  };
+  /// Subscribes the step to its timer, and to what is about to write to the row.
+  explicit RunRow(const Sees& sees) : sees_(sees) {
+    sees_.view.on(sees_.scenario.tmr_1, Event::timer, [this] { saveRunRow(); });
+    sees_.links.dt2a.beforeEdit([this] { provide(); });
+  }
 
   /// The run row step: finds the row by the name of the run (`scnrKeyByText` 1) or by scenario and class (0), creates it
   /// when there is none, brings it up to date when there is one, fills the list of stored runs, and brings the levels of a
@@ -72,18 +93,7 @@ class RunRow : public RunStore {
   void settleFocus();
   void tellOutcome(int found);
 
-  ScenarioState& state_;
-  const ScenarioInputs& in_;
-  const LevelFields& level_;
-  const ResultFields& result_;
-  const ScenarioFields& fields_;
-  MainLinks& links_;
-  Queries& queries_;
-  RunList& list_;
-  ProbitConstants& probit_;
-  DistanceLimits& limits_;
-  Desktop& desktop_;
-  StatusLine& status_;
+  Sees sees_;
   bool focusDone_ = false;
   bool stored_ = false;
   bool running_ = false;

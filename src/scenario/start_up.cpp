@@ -5,8 +5,8 @@
 #include "engine/air.h"
 #include "platform/text.h"
 #include "scenario/level_choice.h"
-#include "scenario/missing_heights.h"
-#include "scenario/study_layout.h"
+#include "study/layout.h"
+#include "study/missing_heights.h"
 #include "toxic/distance_limits.h"
 
 namespace noldarz {
@@ -17,10 +17,6 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view mainModuleTitle{"VELKORDA"};
 
-// Views that close with the main view, in this order.
-constexpr std::array<std::string_view, 7> attachedViews{
-    "chldfrm", "Drwfrm", "absltftlyfrm", "mixconcfrm", "aniwait1", "zardzone", "ScrnCapt"};
-
 /// The study beside the current folder, which moves one folder up on the way.
 std::string studyBeside() {
   std::error_code error;
@@ -30,55 +26,43 @@ std::string studyBeside() {
 
 }  // namespace
 
-StartUp::StartUp(Views& views, MainView& main, ScenarioState& state, MainLinks& links, Queries& queries,
-                 ProbitConstants& probit, RequiredFiles& requiredFiles, const Folders& folders,
-                 const Settings& settings, Desktop& desktop, StatusLine& status)
-    : views_(views),
-      main_(main),
-      state_(state),
-      links_(links),
-      queries_(queries),
-      probit_(probit),
-      requiredFiles_(requiredFiles),
-      folders_(folders),
-      settings_(settings),
-      desktop_(desktop),
-      status_(status) {
-  View& view = main_.view;
+StartUp::StartUp(const Sees& sees) : sees_(sees) {
+  View& view = sees_.main.view;
   view.onFront([this] { comeToFront(); });
   view.onPaint([this] { paint(); });
   view.onClosing([this] { closeAll(); });
   view.onClose([this] { end(); });
-  view.on(main_.scenario.Tmr_2, Event::timer, [this] { settleFocus(); });
-  for (Field* field : {&main_.scenario.clsfrm1, &main_.scenario.exit})
-    view.on(*field, Event::click, [this] { main_.view.close(); });
-  const auto noSheet = [this] { status_.say("The explanation sheet is not part of this version."); };
-  view.on(main_.scenario.helpVinf, Event::click, noSheet);
-  for (int i = 0; i < main_.scenario.headings.size(); ++i)
-    view.on(main_.scenario.headings[i], Event::dblClick, noSheet);
+  view.on(sees_.main.scenario.Tmr_2, Event::timer, [this] { settleFocus(); });
+  for (Field* field : {&sees_.main.scenario.clsfrm1, &sees_.main.scenario.exit})
+    view.on(*field, Event::click, [this] { sees_.main.view.close(); });
+  const auto noSheet = [this] { sees_.status.say("The explanation sheet is not part of this version."); };
+  view.on(sees_.main.scenario.helpVinf, Event::click, noSheet);
+  for (int i = 0; i < sees_.main.scenario.headings.size(); ++i)
+    view.on(sees_.main.scenario.headings[i], Event::dblClick, noSheet);
 }
 
 void StartUp::start() {
-  main_.scenario.Tmr_2.enable();
-  main_.view.load();
+  sees_.main.scenario.Tmr_2.enable();
+  sees_.main.view.load();
   if (!openStudy()) return;
-  const Trap skipping = status_.skipping();
-  skipping.step([&] { links_.dt3.refresh(); });
-  skipping.steps([&] { queries_.use(links_.dt4, &Queries::buildQryChem, state_.qryChem); },
-                 [&] { links_.dt4.refresh(); });
+  const Trap skipping = sees_.status.skipping();
+  skipping.step([&] { sees_.links.dt3.refresh(); });
+  skipping.steps([&] { sees_.queries.use(sees_.links.dt4, &Queries::buildQryChem, sees_.study.qryChem); },
+                 [&] { sees_.links.dt4.refresh(); });
   openHeights(skipping);
-  main_.command.prntprv.setEntries({outputEntries.begin(), outputEntries.end()});
+  sees_.main.command.prntprv.setEntries({outputEntries.begin(), outputEntries.end()});
   takeScenario(skipping);
-  state_.mapScale = 1.0;
-  skipping.step([&] { enterFolder(folders_.program); });
-  probit_.prbtLoadConstants();
-  skipping.steps([&] { takeStabilityClass(); }, [&] { main_.scenario.tmr_1.enable(); }, [&] { takeLimitChoice(); });
-  main_.view.show();
+  sees_.state.mapScale = 1.0;
+  skipping.step([&] { enterFolder(sees_.folders.program); });
+  sees_.probit.prbtLoadConstants();
+  skipping.steps(
+      [&] { takeStabilityClass(); }, [&] { sees_.main.scenario.tmr_1.enable(); }, [&] { takeLimitChoice(); });
+  sees_.main.view.show();
 }
 
 bool StartUp::openStudy() {
-  const ScenarioFields& fields = main_.scenario;
-  const ToxicFields& toxic = main_.toxic;
+  const ProjectFields& project = sees_.main.project;
+  const ToxicFields& toxic = sees_.main.toxic;
   std::string fault;
   const auto step = [&](auto&& statement) {
     if (!fault.empty()) return;
@@ -88,85 +72,87 @@ bool StartUp::openStudy() {
       if (failure.reason() != FailureNumber::listRefuses) fault = failure.what();
     }
   };
-  step([&] { state_.lineWidthFlag = true; });
+  step([&] { sees_.state.lineWidthFlag = true; });
   step([&] { toxic.FatatyDistDsplyLbl.setCaption(""); });
   step([&] { toxic.InjuryDistDsplyLbl.setCaption(""); });
-  step([&] { main_.view.setTitle(mainViewTitle); });
-  step([&] { state_.dbPath = studyBeside(); });
-  for (DataLink* link : links_.all()) step([&] { link->setDatabaseName(state_.dbPath); });
-  step([&] { queries_.use(links_.dt1, &Queries::buildQryProject, state_.qryProject); });
-  step([&] { links_.dt1.refresh(); });
-  step([&] { queries_.use(links_.dt2, &Queries::buildQryScenario, state_.qryScenario); });
-  step([&] { links_.dt2.refresh(); });
+  step([&] { sees_.main.view.setTitle(mainViewTitle); });
+  step([&] { sees_.study.dbPath = studyBeside(); });
+  for (DataLink* link : sees_.links.all()) step([&] { link->setDatabaseName(sees_.study.dbPath); });
+  step([&] { sees_.queries.use(sees_.links.dt1, &Queries::buildQryProject, sees_.study.qryProject); });
+  step([&] { sees_.links.dt1.refresh(); });
+  step([&] { sees_.queries.use(sees_.links.dt2, &Queries::buildQryScenario, sees_.study.qryScenario); });
+  step([&] { sees_.links.dt2.refresh(); });
   // A name that can't be looked up is no missing file.
-  if (fault.empty()) status_.skipping().step([&] { queries_.use(links_.dt3, &Queries::buildQryDisp, state_.qryDisp); });
-  if (const auto study = links_.dt2.database(); study && !study->foreign().empty())
-    status_.hold("schema", "The study is read only: it holds " + study->foreign() + ".");
-  step([&] { fields.scnrotxtlbl.setText(fields.scnrotxt.text()); });
-  if (!fault.empty()) requiredFiles_.open(main_.view, fault);
+  if (fault.empty())
+    sees_.status.skipping().step(
+        [&] { sees_.queries.use(sees_.links.dt3, &Queries::buildQryDisp, sees_.study.qryDisp); });
+  if (const auto study = sees_.links.dt2.database(); study && !study->foreign().empty())
+    sees_.status.hold("schema", "The study is read only: it holds " + study->foreign() + ".");
+  step([&] { project.scnrotxtlbl.setText(project.scnrotxt.text()); });
+  if (!fault.empty()) sees_.requiredFiles.open(sees_.main.view, fault);
   return fault.empty();
 }
 
 void StartUp::openHeights(const Trap& skipping) {
-  DataLink& heights = links_.dt3;
-  const ScenarioFields& fields = main_.scenario;
+  DataLink& heights = sees_.links.dt3;
+  const ProjectFields& project = sees_.main.project;
   const bool missing = skipping.holds([&] { return heights.absolutePosition() == -1; });
-  if (missing && !fields.refnolbl.caption().empty()) {
+  if (missing && !project.refnolbl.caption().empty()) {
     skipping.steps(
         [&] {
-          heights.insert({{"refNo", fields.refnolbl.caption()}});
+          heights.insert({{"refNo", project.refnolbl.caption()}});
         },
-        [&] { heights.bind(fields.reftmptxt, "refNo"); });
-  } else if (skipping.holds([&] { return heights.text("refNo") == fields.refnolbl.caption(); })) {
+        [&] { heights.bind(project.reftmptxt, "refNo"); });
+  } else if (skipping.holds([&] { return heights.text("refNo") == project.refnolbl.caption(); })) {
     skipping.step([&] { heights.moveFirst(); });
   }
-  status_.hold("heights", missingHeights(main_.in));
+  sees_.status.hold("heights", missingHeights(sees_.main.in));
 }
 
 void StartUp::takeScenario(const Trap& skipping) {
-  state_.scnrText = main_.scenario.scnrotxt.text();
-  state_.scnrKeyByText = 0;
+  sees_.study.scnrText = sees_.main.project.scnrotxt.text();
+  sees_.study.scnrKeyByText = 0;
   skipping.step([&] {
-    const Cell& asked = links_.dt2.value("scenariotxtTmp");
+    const Cell& asked = sees_.links.dt2.value("scenariotxtTmp");
     if (holdsNothing(asked) || textOf(asked) == noRunAsked) return;
-    state_.scnrKeyByText = 1;
-    state_.scnrUserText = textOf(asked);
+    sees_.study.scnrKeyByText = 1;
+    sees_.study.scnrUserText = textOf(asked);
   });
 }
 
 void StartUp::takeStabilityClass() {
-  state_.stblClassStored = links_.dt2.text("StblCls");
-  if (isOneOf(stabilityClassEntries, state_.stblClassStored)) main_.in.stblclscbo.setText(state_.stblClassStored);
+  sees_.state.stblClassStored = sees_.links.dt2.text("StblCls");
+  if (isOneOf(stabilityClassEntries, sees_.state.stblClassStored))
+    sees_.main.in.stblclscbo.setText(sees_.state.stblClassStored);
 }
 
 void StartUp::takeLimitChoice() {
   const std::string choice =
-      settings_.get(limitChoice::application, limitChoice::section, limitChoice::key).value_or("1");
-  main_.in.MaxFtlyDstOptn.setValue(toInteger(strictNumber(choice)));
-  main_.in.MaxFtlyDstOptn.setCaption(main_.in.MaxFtlyDstOptn.value() == 1 ? limitChoice::byProbit
-                                                                          : limitChoice::byConcentrationAtStart);
+      sees_.settings.get(limitChoice::application, limitChoice::section, limitChoice::key).value_or("1");
+  sees_.main.in.MaxFtlyDstOptn.setValue(toInteger(strictNumber(choice)));
+  sees_.main.in.MaxFtlyDstOptn.setCaption(
+      sees_.main.in.MaxFtlyDstOptn.value() == 1 ? limitChoice::byProbit : limitChoice::byConcentrationAtStart);
 }
 
 void StartUp::settleFocus() {
-  status_.skipping().steps([&] { desktop_.setFocus(main_.in.stblclscbo); },
-                           [&] { desktop_.setFocus(main_.scenario.scnrotxtlbl); });
-  main_.scenario.Tmr_2.disable();
+  sees_.status.skipping().steps([&] { sees_.desktop.setFocus(sees_.main.in.stblclscbo); },
+                                [&] { sees_.desktop.setFocus(sees_.main.project.scnrotxtlbl); });
+  sees_.main.scenario.Tmr_2.disable();
 }
 
 void StartUp::comeToFront() {
-  main_.scenario.conctxt1.setVisible(false);
-  if (!isFlammable(main_.scenario)) nameUpperLevels(main_.level, main_.result);
+  sees_.main.scenario.conctxt1.setVisible(false);
+  if (!isFlammable(sees_.main.project)) nameUpperLevels(sees_.main.level, sees_.main.result);
 }
 
 void StartUp::paint() {
-  status_.skipping().step([&] { links_.dt2a.refresh(); });
+  sees_.status.skipping().step([&] { sees_.links.dt2a.refresh(); });
 }
 
 void StartUp::closeAll() {
-  for (const auto name : attachedViews)
-    if (View* view = views_.find(name)) view->close();
+  sees_.outputs.closeViews();
   // What was typed and not left yet is kept as if the field had been left.
-  for (DataLink* link : links_.all()) closeLink(*link);
+  for (DataLink* link : sees_.links.all()) closeLink(*link);
 }
 
 void StartUp::closeLink(DataLink& link) {
@@ -178,10 +164,10 @@ void StartUp::closeLink(DataLink& link) {
                                 "\nTry again?");
       box.buttons = Buttons::yesNo;
       box.defaultReply = Reply::no;
-      if (desktop_.messageBox(box) != Reply::yes) return link.abandon();
+      if (sees_.desktop.messageBox(box) != Reply::yes) return link.abandon();
     }
 }
 
-void StartUp::end() { state_.mainWnd = desktop_.activateWindow(std::string{mainModuleTitle}); }
+void StartUp::end() { sees_.state.mainWnd = sees_.desktop.activateWindow(std::string{mainModuleTitle}); }
 
 }  // namespace noldarz

@@ -10,21 +10,36 @@
 #include "platform/folders.h"
 #include "platform/settings.h"
 #include "platform/status_line.h"
-#include "scenario/links.h"
 #include "scenario/main_view.h"
-#include "scenario/queries.h"
 #include "scenario/required_files.h"
 #include "scenario/state.h"
+#include "study/links.h"
+#include "study/outputs.h"
+#include "study/queries.h"
+#include "study/state.h"
 #include "toxic/probit_constants.h"
 
 namespace noldarz {
 
 class StartUp {
  public:
+  struct Sees {
+    Views& views;
+    MainView& main;
+    StudyState& study;
+    ScenarioState& state;
+    MainLinks& links;
+    Queries& queries;
+    const Outputs& outputs;
+    ProbitConstants& probit;
+    RequiredFiles& requiredFiles;
+    const Folders& folders;
+    const Settings& settings;
+    Desktop& desktop;
+    StatusLine& status;
+  };
   /// Subscribes the rules of the view's life.
-  StartUp(Views& views, MainView& main, ScenarioState& state, MainLinks& links, Queries& queries,
-          ProbitConstants& probit, RequiredFiles& requiredFiles, const Folders& folders, const Settings& settings,
-          Desktop& desktop, StatusLine& status);
+  explicit StartUp(const Sees& sees);
 
   /// Opens the study `data/orgtn.mdb` beside the current folder. A failure up to the record source of the heights ends in
   /// the view of the missing files; from there on a failing step is skipped.
@@ -44,23 +59,7 @@ class StartUp {
   void closeLink(DataLink& link);
   void end();
 
-  Views& views_;
-  MainView& main_;
-  ScenarioState& state_;
-  MainLinks& links_;
-  Queries& queries_;
-  ProbitConstants& probit_;
-  RequiredFiles& requiredFiles_;
-  const Folders& folders_;
-  const Settings& settings_;
-  Desktop& desktop_;
-  StatusLine& status_;
+  Sees sees_;
 };
-
-/// Entries of the list of outputs, in this order.
-inline constexpr std::array<std::string_view, 4> outputEntries{"Concentration Levels and distances",
-                                                               "Conc Lvls and dist for mixtures",
-                                                               "Concentration profile",
-                                                               "Plot Hazard Zones"};
 
 }  // namespace noldarz

@@ -6,6 +6,7 @@
 
 #include "platform/colour.h"
 #include "platform/text.h"
+#include "study/row_edit.h"
 
 namespace noldarz {
 
@@ -25,64 +26,47 @@ double limitOf(double raw) { return raw > 2 ? raw - 1 : raw; }
 
 }  // namespace
 
-DistanceLimits::DistanceLimits(LimitState& limits, StoredLimitState& stored, const RawLimitState& raw,
-                               ToxicState& toxic, const ScenarioInputs& in, const LevelFields& level,
-                               const ToxicFields& fields, LimitSearch& search, Progress& progress, DataLink& row,
-                               const Settings& settings, StatusLine& status)
-    : limits_(limits),
-      stored_(stored),
-      raw_(raw),
-      toxic_(toxic),
-      in_(in),
-      level_(level),
-      fields_(fields),
-      search_(search),
-      progress_(progress),
-      row_(row),
-      settings_(settings),
-      status_(status) {}
-
 void DistanceLimits::prepareSearch(const Trap& regime) {
-  std::fill_n(toxic_.prbtTable.begin(), tableCells, TableCell{0.0});
-  regime.step([&] { fields_.maxdstprtxt.setText(plainText(level_.endpt[outermost].number())); });
+  std::fill_n(sees_.table.prbtTable.begin(), tableCells, TableCell{0.0});
+  regime.step([&] { sees_.toxic.maxdstprtxt.setText(plainText(sees_.level.endpt[outermost].number())); });
 }
 
 void DistanceLimits::searchLimits(const Trap& regime) {
-  const bool wasOff = in_.MaxFtlyDstOptn.value() != 1;
+  const bool wasOff = sees_.in.MaxFtlyDstOptn.value() != 1;
   const auto turn = [&](int value) {
-    in_.MaxFtlyDstOptn.setValue(value);
+    sees_.in.MaxFtlyDstOptn.setValue(value);
     MaxFtlyDstOptn_Click();
   };
   if (wasOff) turn(1);
-  progress_.showSearch(searchLine);
-  regime.step([&] { search_.findLimits(); });
+  sees_.progress.showSearch(searchLine);
+  regime.step([&] { sees_.limitSearch.findLimits(); });
   showLimits();
   if (wasOff) turn(0);
 }
 
 void DistanceLimits::showLimits() {
-  in_.MaxFtlyDstOptn.setCaption(limitChoice::byProbit);
-  limits_.ftlLimit = limitOf(raw_.ftlLimitRaw);
-  limits_.injLimit = limitOf(raw_.injLimitRaw);
+  sees_.in.MaxFtlyDstOptn.setCaption(limitChoice::byProbit);
+  sees_.limits.ftlLimit = limitOf(sees_.rawLimits.ftlLimitRaw);
+  sees_.limits.injLimit = limitOf(sees_.rawLimits.injLimitRaw);
   showFatality();
   showInjury();
-  const bool nobody = raw_.ftlLimitRaw == 0 || raw_.ftlLimitRaw == noLimit;
-  fields_.FatatyDistDsplyLbl.setBackColour(nobody ? noLimitColour : Colour{SystemColour::buttonFace});
+  const bool nobody = sees_.rawLimits.ftlLimitRaw == 0 || sees_.rawLimits.ftlLimitRaw == noLimit;
+  sees_.toxic.FatatyDistDsplyLbl.setBackColour(nobody ? noLimitColour : Colour{SystemColour::buttonFace});
 }
 
 void DistanceLimits::showFatality() {
-  fields_.FatatyDistDsplyLbl.setCaption("Fatality dist. limit: " + plainText(limits_.ftlLimit) + " m");
+  sees_.toxic.FatatyDistDsplyLbl.setCaption("Fatality dist. limit: " + plainText(sees_.limits.ftlLimit) + " m");
 }
 
 void DistanceLimits::showInjury() {
-  fields_.InjuryDistDsplyLbl.setCaption("Injury dist. limit : " + plainText(limits_.injLimit) + " m");
+  sees_.toxic.InjuryDistDsplyLbl.setCaption("Injury dist. limit : " + plainText(sees_.limits.injLimit) + " m");
 }
 
 void DistanceLimits::MaxFtlyDstOptn_Click() {
-  fields_.FatatyDistDsplyLbl.setBackColour(SystemColour::buttonFace);
-  fields_.FatatyDistDsplyLbl.setCaption("Fatality dist. limit : TO BE COMPUTED");
-  fields_.InjuryDistDsplyLbl.setCaption("Injury dist. limit : TO BE COMPUTED");
-  if (in_.MaxFtlyDstOptn.value() == 1)
+  sees_.toxic.FatatyDistDsplyLbl.setBackColour(SystemColour::buttonFace);
+  sees_.toxic.FatatyDistDsplyLbl.setCaption("Fatality dist. limit : TO BE COMPUTED");
+  sees_.toxic.InjuryDistDsplyLbl.setCaption("Injury dist. limit : TO BE COMPUTED");
+  if (sees_.in.MaxFtlyDstOptn.value() == 1)
     takeProbitLimits();
   else
     takeLethalLimits();
@@ -90,57 +74,60 @@ void DistanceLimits::MaxFtlyDstOptn_Click() {
 }
 
 void DistanceLimits::takeProbitLimits() {
-  in_.MaxFtlyDstOptn.setCaption(limitChoice::byProbit);
+  sees_.in.MaxFtlyDstOptn.setCaption(limitChoice::byProbit);
   showFatality();
-  if (limits_.injLimit > noLimit || limits_.ftlLimit > noLimit) {
+  if (sees_.limits.injLimit > noLimit || sees_.limits.ftlLimit > noLimit) {
     showInjury();
-    storeLimits(plainText(limits_.ftlLimit), plainText(limits_.injLimit));
+    storeLimits(plainText(sees_.limits.ftlLimit), plainText(sees_.limits.injLimit));
   }
-  stored_ = {limits_.ftlLimit, limits_.injLimit};
-  if (raw_.ftlLimitRaw <= noLimit) fields_.FatatyDistDsplyLbl.setBackColour(noLimitColour);
+  sees_.storedLimits = {sees_.limits.ftlLimit, sees_.limits.injLimit};
+  if (sees_.rawLimits.ftlLimitRaw <= noLimit) sees_.toxic.FatatyDistDsplyLbl.setBackColour(noLimitColour);
 }
 
 void DistanceLimits::takeLethalLimits() {
-  in_.MaxFtlyDstOptn.setCaption(limitChoice::byConcentration);
-  const Field& fatality = level_.endpt[fatalityLevel];
-  const Field& injury = level_.endpt[injuryLevel];
+  sees_.in.MaxFtlyDstOptn.setCaption(limitChoice::byConcentration);
+  const Field& fatality = sees_.level.endpt[fatalityLevel];
+  const Field& injury = sees_.level.endpt[injuryLevel];
   const bool computed =
-      Trap::ignoring().holds([&] { return fatality.number() > 0 && level_.endpt[outermost].number() > 0; });
+      Trap::ignoring().holds([&] { return fatality.number() > 0 && sees_.level.endpt[outermost].number() > 0; });
   if (!computed) return;
-  fields_.FatatyDistDsplyLbl.setCaption("Fatality dist. limit : " + fatality.text() + " m");
-  fields_.InjuryDistDsplyLbl.setCaption("Injury dist. limit : " + injury.text() + " m");
+  sees_.toxic.FatatyDistDsplyLbl.setCaption("Fatality dist. limit : " + fatality.text() + " m");
+  sees_.toxic.InjuryDistDsplyLbl.setCaption("Injury dist. limit : " + injury.text() + " m");
   storeLimits(Format(fatality.text(), "0.00"), Format(injury.text(), "0.00"));
-  silently([&] { stored_.ftlLimitStored = rounded(fatality.number(), 2); },
-           [&] { stored_.injLimitStored = rounded(injury.number(), 2); });
+  silently([&] { sees_.storedLimits.ftlLimitStored = rounded(fatality.number(), 2); },
+           [&] { sees_.storedLimits.injLimitStored = rounded(injury.number(), 2); });
 }
 
 void DistanceLimits::storeLimits(const Cell& fatality, const Cell& injury) {
-  if (!row_.database()) return;  // no study is open
-  status_.skipping().steps([&] { row_.edit(); },
-                           [&] { row_.set("FtlyXcord", fatality); },
-                           [&] { row_.set("InjXcord", injury); },
-                           [&] { row_.update(), status_.say("Stored: distance limits."); },
-                           [&] { row_.refresh(); });
+  DataLink& row = sees_.links.dt2a;
+  if (!row.database()) return;  // no study is open
+  const Trap skipping = sees_.status.skipping();
+  if (RowEdit{row, skipping}.set("FtlyXcord", fatality).set("InjXcord", injury).store())
+    sees_.status.say("Stored: distance limits.");
+  skipping.step([&] { row.refresh(); });
 }
 
 void DistanceLimits::keepChoice() {
   try {
-    settings_.set(
-        limitChoice::application, limitChoice::section, limitChoice::key, in_.MaxFtlyDstOptn.value() == 1 ? "1" : "0");
+    sees_.settings.set(limitChoice::application,
+                       limitChoice::section,
+                       limitChoice::key,
+                       sees_.in.MaxFtlyDstOptn.value() == 1 ? "1" : "0");
   } catch (const std::runtime_error& failure) {
-    status_.tellFault(std::string{"The setting is not kept: "} + failure.what());
+    sees_.status.tellFault(std::string{"The setting is not kept: "} + failure.what());
   }
 }
 
 DistanceLimits::RowLimits DistanceLimits::takeRowLimits() {
-  if (in_.MaxFtlyDstOptn.value() == 1) {
-    stored_.ftlLimitStored = raw_.ftlLimitRaw == 0 ? noLimit : limits_.ftlLimit;
-    stored_.injLimitStored = raw_.injLimitRaw == 0 ? noLimit : limits_.injLimit;
-    return {plainText(stored_.ftlLimitStored), plainText(stored_.injLimitStored)};
+  if (sees_.in.MaxFtlyDstOptn.value() == 1) {
+    sees_.storedLimits.ftlLimitStored = sees_.rawLimits.ftlLimitRaw == 0 ? noLimit : sees_.limits.ftlLimit;
+    sees_.storedLimits.injLimitStored = sees_.rawLimits.injLimitRaw == 0 ? noLimit : sees_.limits.injLimit;
+    return {plainText(sees_.storedLimits.ftlLimitStored), plainText(sees_.storedLimits.injLimitStored)};
   }
-  const Field& fatality = level_.endpt[fatalityLevel];
-  const Field& injury = level_.endpt[injuryLevel];
-  silently([&] { stored_.ftlLimitStored = fatality.number(); }, [&] { stored_.injLimitStored = injury.number(); });
+  const Field& fatality = sees_.level.endpt[fatalityLevel];
+  const Field& injury = sees_.level.endpt[injuryLevel];
+  silently([&] { sees_.storedLimits.ftlLimitStored = fatality.number(); },
+           [&] { sees_.storedLimits.injLimitStored = injury.number(); });
   return {fatality.text(), injury.text()};
 }
 

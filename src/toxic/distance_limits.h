@@ -9,7 +9,8 @@
 #include "engine/state.h"
 #include "platform/settings.h"
 #include "platform/status_line.h"
-#include "platform/store/data_link.h"
+#include "study/fields.h"
+#include "study/links.h"
 #include "toxic/fields.h"
 #include "toxic/limit_search.h"
 #include "toxic/state.h"
@@ -18,10 +19,25 @@ namespace noldarz {
 
 class DistanceLimits {
  public:
-  /// `row`: the link that stands on the run row.
-  DistanceLimits(LimitState& limits, StoredLimitState& stored, const RawLimitState& raw, ToxicState& toxic,
-                 const ScenarioInputs& in, const LevelFields& level, const ToxicFields& fields, LimitSearch& search,
-                 Progress& progress, DataLink& row, const Settings& settings, StatusLine& status);
+  struct Sees {
+    View& view;
+    LimitState& limits;
+    StoredLimitState& storedLimits;
+    const RawLimitState& rawLimits;
+    ReportTableState& table;
+    const ScenarioInputs& in;
+    const LevelFields& level;
+    const ToxicFields& toxic;
+    LimitSearch& limitSearch;
+    Progress& progress;
+    MainLinks& links;
+    const Settings& settings;
+    StatusLine& status;
+  };
+  /// Subscribes the choice of the way.
+  explicit DistanceLimits(const Sees& sees) : sees_(sees) {
+    sees_.view.on(sees_.in.MaxFtlyDstOptn, Event::click, [this] { MaxFtlyDstOptn_Click(); });
+  }
 
   /// Clears the 20 rows of the report table, and takes the end of the outermost level as the end of the search.
   void prepareSearch(const Trap& regime);
@@ -53,18 +69,7 @@ class DistanceLimits {
   void storeLimits(const Cell& fatality, const Cell& injury);
   void keepChoice();
 
-  LimitState& limits_;
-  StoredLimitState& stored_;
-  const RawLimitState& raw_;
-  ToxicState& toxic_;
-  const ScenarioInputs& in_;
-  const LevelFields& level_;
-  const ToxicFields& fields_;
-  LimitSearch& search_;
-  Progress& progress_;
-  DataLink& row_;
-  const Settings& settings_;
-  StatusLine& status_;
+  Sees sees_;
 };
 
 /// The choice between the probit equation (1) and lethal concentration: its captions and the setting that keeps it.

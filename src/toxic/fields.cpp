@@ -16,15 +16,10 @@ constexpr std::array<std::string_view, 6> equationTexts{"Probit Equations :",
                                                         " x T)",
                                                         " T= time 30 min of exposure"};
 
-Field& notShown(Field& field) {
-  field.setVisible(false);
-  return field;
-}
-
 }  // namespace
 
 ToxicFields::ToxicFields(View& view)
-    : maxdstprtxt(notShown(view.text("maxdstprtxt"))),
+    : maxdstprtxt(view.carried("maxdstprtxt")),
       FatatyDistDsplyLbl(view.label("FatatyDistDsplyLbl")),
       InjuryDistDsplyLbl(view.label("InjuryDistDsplyLbl")),
       prbteqnlbl(view.array<6>(FieldKind::label, "prbteqnlbl")) {

@@ -33,21 +33,7 @@ constexpr Colour fatalityColour = basicPalette[12];
 
 }  // namespace
 
-LimitSearch::LimitSearch(Views& views, ModelState& model, LimitSearchState& search, RawLimitState& limits,
-                         ToxicState& toxic, const LevelState& passes, PlumeModel& plume, const ScenarioInputs& in,
-                         const LevelFields& level, const ToxicFields& fields, Progress& progress, Desktop& desktop)
-    : model_(model),
-      search_(search),
-      limits_(limits),
-      toxic_(toxic),
-      passes_(passes),
-      plume_(plume),
-      in_(in),
-      level_(level),
-      fields_(fields),
-      progress_(progress),
-      profileProgress_(views),
-      desktop_(desktop) {}
+LimitSearch::LimitSearch(const Sees& sees) : sees_(sees), profileProgress_(sees.views) {}
 
 void LimitSearch::findLimits() {
   found_ = false;
@@ -59,9 +45,9 @@ bool LimitSearch::prbtRun(Product product, ProfileSink* chart) {
   bool walked = false;
   try {
     begin();
-    const std::string& length = level_.isoplngt[walkLevel].text();
+    const std::string& length = sees_.level.isoplngt[walkLevel].text();
     // Compared with the text that the user sees, not with the distance of the press.
-    if (length != mark::notApplicable && length != ">" + in_.enddisttxt.text()) walked = goDownwind(chart);
+    if (length != mark::notApplicable && length != ">" + sees_.in.enddisttxt.text()) walked = goDownwind(chart);
   } catch (...) {
     end();
     throw;
@@ -71,11 +57,11 @@ bool LimitSearch::prbtRun(Product product, ProfileSink* chart) {
 }
 
 bool LimitSearch::goDownwind(ProfileSink* chart) {
-  const bool walks = model_.distAt <= search_.maxDistPrbt;
+  const bool walks = sees_.model.distAt <= sees_.search.maxDistPrbt;
   if (product_ != Product::table) takeFineStep();
   if (chart) beginChart(*chart);
   Stride stride;
-  while (model_.distAt <= search_.maxDistPrbt && row_ < tableRows) {
+  while (sees_.model.distAt <= sees_.search.maxDistPrbt && row_ < tableRows) {
     evaluate();
     if (product_ == Product::limits)
       skipAlikeDistances(stride);
@@ -88,91 +74,93 @@ bool LimitSearch::goDownwind(ProfileSink* chart) {
 
 void LimitSearch::end() {
   profileProgress_.view.close();
-  desktop_.setPointer(Pointer::standard);
+  sees_.desktop.setPointer(Pointer::standard);
 }
 
 void LimitSearch::begin() {
-  search_.maxDistPrbt = reachOf(fields_.maxdstprtxt);
-  model_.levelConcAt = rounded(level_.constn[outermost].number(), 2);
-  search_.prbtStep = rounded(search_.maxDistPrbt / tableRows, 2);
-  model_.distAt = rounded(axisDistance(level_.bgnpt[0]) + behindBegin, 2);
-  strip_ = model_.distAt;
-  search_.rowFrom = 0;
+  sees_.search.maxDistPrbt = reachOf(sees_.toxic.maxdstprtxt);
+  sees_.model.levelConcAt = rounded(sees_.level.constn[outermost].number(), 2);
+  sees_.search.prbtStep = rounded(sees_.search.maxDistPrbt / tableRows, 2);
+  sees_.model.distAt = rounded(axisDistance(sees_.level.bgnpt[0]) + behindBegin, 2);
+  strip_ = sees_.model.distAt;
+  sees_.search.rowFrom = 0;
   halfWidthBefore_ = 0;
   row_ = 0;
 }
 
 void LimitSearch::takeFineStep() {
-  search_.prbtStep = search_.maxDistPrbt <= fineStepReach ? 1 : rounded(search_.maxDistPrbt / fineStepReach, 0);
+  sees_.search.prbtStep =
+      sees_.search.maxDistPrbt <= fineStepReach ? 1 : rounded(sees_.search.maxDistPrbt / fineStepReach, 0);
 }
 
 void LimitSearch::beginChart(ProfileSink& chart) {
   penX_ = chartLeft;
   penFtl_ = penInj_ = chartFoot;
-  search_.profileScaleX = search_.maxDistPrbt / chartWidth;
-  search_.profileScaleY = chartTopPercent / chartHeight;
+  sees_.search.profileScaleX = sees_.search.maxDistPrbt / chartWidth;
+  sees_.search.profileScaleY = chartTopPercent / chartHeight;
   chart.drawFrame();
   profileProgress_.view.show();
 }
 
 void LimitSearch::evaluate() {
-  clearWalk(search_);
-  search_.doseRow = search_.concRow = 0;
-  search_.areaHa = 0.0;
+  clearWalk(sees_.search);
+  sees_.search.doseRow = sees_.search.concRow = 0;
+  sees_.search.areaHa = 0.0;
   showShare();
-  plume_.calcSigmaYAt();
-  plume_.calcSigmaZBaseAt();
-  plume_.calcSigmaZAt();
+  sees_.plume.calcSigmaYAt();
+  sees_.plume.calcSigmaZBaseAt();
+  sees_.plume.calcSigmaZAt();
   prbtConcAt();
-  search_.concRow = rounded(search_.concPrbt, 2);
-  if (search_.concRow > mostConc) search_.concRow = concAboveMost;
+  sees_.search.concRow = rounded(sees_.search.concPrbt, 2);
+  if (sees_.search.concRow > mostConc) sees_.search.concRow = concAboveMost;
   prbtExposure();
 }
 
 void LimitSearch::showShare() {
-  const double percent = checked(model_.distAt * 100 / divisor(search_.maxDistPrbt));
-  if (passes_.waitShown == 1) return progress_.showShare(percent);
+  const double percent = checked(sees_.model.distAt * 100 / divisor(sees_.search.maxDistPrbt));
+  if (sees_.passes.waitShown == 1) return sees_.progress.showShare(percent);
   profileProgress_.progPic2.setWidth(profileProgress_.progPic1.width() * percent / 100);
   profileProgress_.probrLbl.setCaption("Plotting Fatality and Injury...Wait " + Format(percent, "0") + " % complete");
-  desktop_.refresh(profileProgress_.probrLbl);
+  sees_.desktop.refresh(profileProgress_.probrLbl);
 }
 
 void LimitSearch::prbtConcAt() {
-  plume_.plumeConc(model_.sigmaYAt, model_.sigmaZAt, isoplethTemperature, search_.concPrbt);
+  sees_.plume.plumeConc(sees_.model.sigmaYAt, sees_.model.sigmaZAt, isoplethTemperature, sees_.search.concPrbt);
 }
 
 Walk LimitSearch::walkIn(double conc) const {
   Walk walk;
-  walk.halfEdge = reachOf(level_.isopwdth[walkLevel]) / 2;
+  walk.halfEdge = reachOf(sees_.level.isopwdth[walkLevel]) / 2;
   walk.C = walk.halfEdge >= 0 ? rounded(conc, concDecimals) : conc;
-  walk.M = in_.molwttxt.number();
+  walk.M = sees_.in.molwttxt.number();
   if (takesTime(walk.halfEdge) && walk.C > 0) {
-    walk.fatality = {in_.avalftl.number(), in_.nvalftl.number()};
-    walk.injury = {in_.avalinj.number(), in_.nvalinj.number()};
+    walk.fatality = {sees_.in.avalftl.number(), sees_.in.nvalftl.number()};
+    walk.injury = {sees_.in.avalinj.number(), sees_.in.nvalinj.number()};
   }
   return walk;
 }
 
 void LimitSearch::prbtExposure() {
-  const Walk walk = walkIn(search_.concPrbt);
-  search_.concPrbt = walk.C;
+  const Walk walk = walkIn(sees_.search.concPrbt);
+  sees_.search.concPrbt = walk.C;
   // A row shows the dose, which the walk step by step alone gives to the last digit.
   if (product_ == Product::table)
-    walkStepByStep(walk, search_);
+    walkStepByStep(walk, sees_.search);
   else
-    walk_.walk(walk, search_);
+    walk_.walk(walk, sees_.search);
 }
 
 void LimitSearch::skipAlikeDistances(Stride& stride) {
-  const auto [before, next, steps] = stretchAhead(model_.distAt, search_.prbtStep, search_.maxDistPrbt, stride.steps());
+  const auto [before, next, steps] =
+      stretchAhead(sees_.model.distAt, sees_.search.prbtStep, sees_.search.maxDistPrbt, stride.steps());
   if (steps < 2) return;
-  if (!Trap::ignoring().holds([&, to = next] { return isAlike(model_.distAt, to); })) return stride.failed();
-  model_.distAt = before;
+  if (!Trap::ignoring().holds([&, to = next] { return isAlike(sees_.model.distAt, to); })) return stride.failed();
+  sees_.model.distAt = before;
   stride.succeeded();
 }
 
 bool LimitSearch::isAlike(double from, double to) {
-  const auto range = plume_.axisRange(from, to);
+  const auto range = sees_.plume.axisRange(from, to);
   if (!range) return false;
   // The figures go up or down with the concentration all the way, so it is enough to look at its bounds.
   for (const double conc : {range->low * (1 - AxisRange::margin), range->high * (1 + AxisRange::margin)}) {
@@ -180,44 +168,48 @@ bool LimitSearch::isAlike(double from, double to) {
     if (!takesTime(walk.halfEdge) || !(walk.C > 0)) return false;
     LimitSearchState outcome;
     walk_.walk(walk, outcome);
-    if ((outcome.pctFtl > 0) != (search_.pctFtl > 0) || (outcome.pctInj > 0) != (search_.pctInj > 0)) return false;
+    if ((outcome.pctFtl > 0) != (sees_.search.pctFtl > 0) || (outcome.pctInj > 0) != (sees_.search.pctInj > 0))
+      return false;
   }
   return true;
 }
 
 void LimitSearch::prbtHalfWidth() {
-  silently([&] { plume_.calcSigmaYAt(); },
-           [&] { plume_.calcSigmaZBaseAt(); },
-           [&] { plume_.calcSigmaZAt(); },
-           [&] { plume_.plumeConc(model_.sigmaYAt, model_.sigmaZAt, isoplethTemperature, model_.concAt); },
-           [&] { model_.halfWidthAt = halfWidth(model_.concAt, model_.levelConcAt, model_.sigmaYAt); });
-  search_.halfWidthArea = model_.halfWidthAt;
+  silently(
+      [&] { sees_.plume.calcSigmaYAt(); },
+      [&] { sees_.plume.calcSigmaZBaseAt(); },
+      [&] { sees_.plume.calcSigmaZAt(); },
+      [&] {
+        sees_.plume.plumeConc(sees_.model.sigmaYAt, sees_.model.sigmaZAt, isoplethTemperature, sees_.model.concAt);
+      },
+      [&] { sees_.model.halfWidthAt = halfWidth(sees_.model.concAt, sees_.model.levelConcAt, sees_.model.sigmaYAt); });
+  sees_.search.halfWidthArea = sees_.model.halfWidthAt;
 }
 
 void LimitSearch::addBand() {
-  const double row = model_.distAt;
-  const double next = search_.rowFrom + search_.prbtStep;
+  const double row = sees_.model.distAt;
+  const double next = sees_.search.rowFrom + sees_.search.prbtStep;
   double area = 0;
   for (; strip_ <= next; strip_ += stripLength) {
-    model_.distAt = strip_;
-    if (level_.endpt[outermost].number() > strip_) {
+    sees_.model.distAt = strip_;
+    if (sees_.level.endpt[outermost].number() > strip_) {
       prbtHalfWidth();
-      area += (search_.halfWidthArea + halfWidthBefore_) * hectaresPerSquareMetre;
+      area += (sees_.search.halfWidthArea + halfWidthBefore_) * hectaresPerSquareMetre;
     }
-    halfWidthBefore_ = search_.halfWidthArea;
+    halfWidthBefore_ = sees_.search.halfWidthArea;
   }
-  strip_ = search_.rowFrom = next;
-  model_.distAt = row;
-  if (area < leastArea || search_.concRow == 0)
-    search_.areaHa = std::string{tinyArea};
+  strip_ = sees_.search.rowFrom = next;
+  sees_.model.distAt = row;
+  if (area < leastArea || sees_.search.concRow == 0)
+    sees_.search.areaHa = std::string{tinyArea};
   else
-    search_.areaHa = area;
+    sees_.search.areaHa = area;
 }
 
 void LimitSearch::finishRow(ProfileSink* chart) {
   addBand();
   // Each is 0 to 100 behind the walk.
-  if (search_.pctFtl + search_.pctInj > 100) search_.pctInj = 100 - search_.pctFtl;
+  if (sees_.search.pctFtl + sees_.search.pctInj > 100) sees_.search.pctInj = 100 - sees_.search.pctFtl;
   if (chart)
     drawCurves(*chart);
   else
@@ -225,35 +217,35 @@ void LimitSearch::finishRow(ProfileSink* chart) {
 }
 
 void LimitSearch::drawCurves(ProfileSink& chart) {
-  const double x = model_.distAt / divisor(search_.profileScaleX) + chartLeft;
+  const double x = sees_.model.distAt / divisor(sees_.search.profileScaleX) + chartLeft;
   const auto draw = [&](double& pen, double percent, Colour colour) {
-    const double y = chartFoot - percent / search_.profileScaleY;
+    const double y = chartFoot - percent / sees_.search.profileScaleY;
     chart.drawSegment(penX_, pen, x, y, colour);
     pen = y;
   };
-  draw(penInj_, search_.pctInj, injuryColour);
-  draw(penFtl_, search_.pctFtl, fatalityColour);
+  draw(penInj_, sees_.search.pctInj, injuryColour);
+  draw(penFtl_, sees_.search.pctFtl, fatalityColour);
   penX_ = x;
 }
 
 void LimitSearch::writeRow() {
-  search_.doseRow = rounded(search_.doseSum, 4);
-  const auto* area = std::get_if<double>(&search_.areaHa);
-  TableCell* cell = &toxic_.prbtTable.at(static_cast<std::size_t>(row_) * rowCells);
-  *cell++ = rounded(model_.distAt, 2);
-  *cell++ = rounded(search_.pctFtl, 2);
-  *cell++ = rounded(search_.pctInj, 2);
-  *cell++ = area ? Format(*area, "0.000") : cellText(search_.areaHa);
-  *cell++ = search_.concRow;
-  *cell = search_.doseRow;
+  sees_.search.doseRow = rounded(sees_.search.doseSum, 4);
+  const auto* area = std::get_if<double>(&sees_.search.areaHa);
+  TableCell* cell = &sees_.table.prbtTable.at(static_cast<std::size_t>(row_) * rowCells);
+  *cell++ = rounded(sees_.model.distAt, 2);
+  *cell++ = rounded(sees_.search.pctFtl, 2);
+  *cell++ = rounded(sees_.search.pctInj, 2);
+  *cell++ = area ? Format(*area, "0.000") : cellText(sees_.search.areaHa);
+  *cell++ = sees_.search.concRow;
+  *cell = sees_.search.doseRow;
   ++row_;
 }
 
 void LimitSearch::advance() {
-  model_.distAt += search_.prbtStep;
-  const double past = model_.distAt + search_.prbtStep;
-  if (search_.pctFtl > 0) limits_.ftlLimitRaw = past;
-  if (search_.pctInj > 0) limits_.injLimitRaw = past;
+  sees_.model.distAt += sees_.search.prbtStep;
+  const double past = sees_.model.distAt + sees_.search.prbtStep;
+  if (sees_.search.pctFtl > 0) sees_.rawLimits.ftlLimitRaw = past;
+  if (sees_.search.pctInj > 0) sees_.rawLimits.injLimitRaw = past;
 }
 
 }  // namespace noldarz

@@ -31,9 +31,21 @@ class ProfileSink {
 
 class LimitSearch {
  public:
-  LimitSearch(Views& views, ModelState& model, LimitSearchState& search, RawLimitState& limits, ToxicState& toxic,
-              const LevelState& passes, PlumeModel& plume, const ScenarioInputs& in, const LevelFields& level,
-              const ToxicFields& fields, Progress& progress, Desktop& desktop);
+  struct Sees {
+    Views& views;
+    ModelState& model;
+    LimitSearchState& search;
+    RawLimitState& rawLimits;
+    ReportTableState& table;
+    const LevelState& passes;
+    PlumeModel& plume;
+    const ScenarioInputs& in;
+    const LevelFields& level;
+    const ToxicFields& toxic;
+    Progress& progress;
+    Desktop& desktop;
+  };
+  explicit LimitSearch(const Sees& sees);
 
   /// The limits alone, into ftlLimitRaw and injLimitRaw: every 1 m up to 1000 m, beyond by a thousandth of the way rounded
   /// to whole metres, so at some 1500 distances at most.
@@ -85,18 +97,8 @@ class LimitSearch {
   void drawCurves(ProfileSink& chart);
   void writeRow();
 
-  ModelState& model_;
-  LimitSearchState& search_;
-  RawLimitState& limits_;
-  ToxicState& toxic_;
-  const LevelState& passes_;
-  PlumeModel& plume_;
-  const ScenarioInputs& in_;
-  const LevelFields& level_;
-  const ToxicFields& fields_;
-  Progress& progress_;
+  Sees sees_;
   ProfileProgress profileProgress_;
-  Desktop& desktop_;
   CrosswindWalk walk_;
 
   Product product_ = Product::limits;

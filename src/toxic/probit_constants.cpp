@@ -6,6 +6,7 @@
 
 #include "platform/failure.h"
 #include "platform/text.h"
+#include "study/row_edit.h"
 
 namespace noldarz {
 
@@ -69,62 +70,51 @@ ProbitValues probitConstantsOf(std::string_view chemical, const ProbitValues& fa
   return constants;
 }
 
-ProbitConstants::ProbitConstants(ProbitState& state, const ScenarioInputs& in, const CommandFields& command,
-                                 const Field& chemical, Field& redosimul, DataLink& row, Desktop& desktop,
-                                 StatusLine& status)
-    : state_(state),
-      in_(in),
-      command_(command),
-      chemical_(chemical),
-      redosimul_(redosimul),
-      row_(row),
-      desktop_(desktop),
-      status_(status) {}
-
-void ProbitConstants::subscribe(View& view) {
-  view.on(in_.prbtoptn, Event::click, [this] {
+ProbitConstants::ProbitConstants(const Sees& sees) : sees_(sees) {
+  View& view = sees_.view;
+  view.on(sees_.in.prbtoptn, Event::click, [this] {
     prbtoptn_Click();
-    if (row_.hasRow())
-      status_.say(in_.prbtoptn.value() == 1 ? "Stored: constants by software." : "Stored: own constants.");
+    if (sees_.links.dt2a.hasRow())
+      sees_.status.say(sees_.in.prbtoptn.value() == 1 ? "Stored: constants by software." : "Stored: own constants.");
   });
-  for (const auto& constant : constantsOf(in_)) {
+  for (const auto& constant : constantsOf(sees_.in)) {
     Field& field = constant.field;
     view.on(field, Event::lostFocus, [this, &field] { constant_LostFocus(field); });
   }
-  view.on(in_.hudityTxt, Event::gotFocus, [this] {
-    if (!std::exchange(humidityRefused_, false)) hadHumidity_ = !in_.hudityTxt.text().empty();
+  view.on(sees_.in.hudityTxt, Event::gotFocus, [this] {
+    if (!std::exchange(humidityRefused_, false)) hadHumidity_ = !sees_.in.hudityTxt.text().empty();
   });
-  view.on(in_.hudityTxt, Event::lostFocus, [this] { hudityTxt_LostFocus(); });
+  view.on(sees_.in.hudityTxt, Event::lostFocus, [this] { hudityTxt_LostFocus(); });
 }
 
 void ProbitConstants::prbtLoadConstants() {
-  const ProbitValues values = probitConstantsOf(chemical_.caption(), stateFallback);
-  const auto constants = constantsOf(in_);
-  for (std::size_t i = 0; i < values.size(); ++i) state_.*constants[i].base = strictNumber(values[i]);
+  const ProbitValues values = probitConstantsOf(sees_.project.chmnmelbl.caption(), stateFallback);
+  const auto constants = constantsOf(sees_.in);
+  for (std::size_t i = 0; i < values.size(); ++i) sees_.base.*constants[i].base = strictNumber(values[i]);
 }
 
 void ProbitConstants::showChoice() {
-  const bool own = in_.prbtoptn.value() != 1;
-  for (const auto& constant : constantsOf(in_)) constant.field.setEnabled(own);
-  in_.prbtoptn.setCaption(own ? "User input" : "Use software default");
+  const bool own = sees_.in.prbtoptn.value() != 1;
+  for (const auto& constant : constantsOf(sees_.in)) constant.field.setEnabled(own);
+  sees_.in.prbtoptn.setCaption(own ? "User input" : "Use software default");
 }
 
 void ProbitConstants::prbtFillDefaults() {
   const Trap trap{[this](const RuntimeFailure& failure) {
-    desktop_.messageBox(information("Msg. No." + std::to_string(failure.number()) +
-                                    "\n3. Please check Probit Equation input variables or try again."));
+    sees_.desktop.messageBox(information("Msg. No." + std::to_string(failure.number()) +
+                                         "\n3. Please check Probit Equation input variables or try again."));
     if (refilling_) return;
     refilling_ = true;
     for (const int value : {0, 1}) {
-      in_.prbtoptn.setValue(value);
+      sees_.in.prbtoptn.setValue(value);
       silently([&] { prbtoptn_Click(); });
     }
     refilling_ = false;
   }};
   trap.step([&] { showChoice(); });
-  if (in_.prbtoptn.value() != 1) return;
-  const ProbitValues values = probitConstantsOf(chemical_.caption(), fieldFallback);
-  const auto constants = constantsOf(in_);
+  if (sees_.in.prbtoptn.value() != 1) return;
+  const ProbitValues values = probitConstantsOf(sees_.project.chmnmelbl.caption(), fieldFallback);
+  const auto constants = constantsOf(sees_.in);
   for (std::size_t i = 0; i < values.size(); ++i) trap.step([&] { constants[i].field.setText(values[i]); });
 }
 
@@ -132,76 +122,77 @@ void ProbitConstants::prbtStoreConstants() {
   bool failed = false;
   const Trap trap{[&](const RuntimeFailure& failure) {
     failed = true;
-    desktop_.messageBox(information("Check Variable entered."));
-    command_.comput.disable();
-    redosimul_.disable();
-    status_.tellFault(failure.what());
+    sees_.desktop.messageBox(information("Check Variable entered."));
+    sees_.command.comput.disable();
+    sees_.command.redosimul.disable();
+    sees_.status.tellFault(failure.what());
   }};
-  if (row_.database())  // else no study is open
-    trap.steps([&] { row_.edit(); },
-               [&] {
-                 for (const auto& constant : constantsOf(in_)) row_.set(constant.column, constant.field.text());
-               },
-               [&] { row_.update(); });
-  if (row_.database() && !failed)
-    status_.say("Stored: probit constants " + in_.avalftl.text() + ", " + in_.nvalftl.text() + ", " +
-                in_.avalinj.text() + ", " + in_.nvalinj.text() + ".");
-  trap.steps([&] { command_.comput.enable(); }, [&] { redosimul_.enable(); });
+  const bool stores = sees_.links.dt2a.database() != nullptr;  // else no study is open
+  if (stores) RowEdit{sees_.links.dt2a, trap}.setAll(shownCells()).store();
+  if (stores && !failed)
+    sees_.status.say("Stored: probit constants " + sees_.in.avalftl.text() + ", " + sees_.in.nvalftl.text() + ", " +
+                     sees_.in.avalinj.text() + ", " + sees_.in.nvalinj.text() + ".");
+  trap.steps([&] { sees_.command.comput.enable(); }, [&] { sees_.command.redosimul.enable(); });
 }
 
-std::array<std::pair<std::string_view, std::string_view>, 4> ProbitConstants::softwareCells() const {
-  const ProbitValues values = probitConstantsOf(chemical_.caption(), fieldFallback);
-  const auto constants = constantsOf(in_);
-  std::array<std::pair<std::string_view, std::string_view>, 4> cells;
-  for (std::size_t i = 0; i < cells.size(); ++i) cells[i] = {constants[i].column, values[i]};
+ProbitConstants::Cells ProbitConstants::softwareCells() const {
+  const ProbitValues values = probitConstantsOf(sees_.project.chmnmelbl.caption(), fieldFallback);
+  const auto constants = constantsOf(sees_.in);
+  Cells cells;
+  for (std::size_t i = 0; i < cells.size(); ++i) cells[i] = {constants[i].column, std::string{values[i]}};
   return cells;
 }
 
-void ProbitConstants::setCells(const Trap& regime) {
-  for (const auto& constant : constantsOf(in_)) regime.step([&] { row_.set(constant.column, constant.field.text()); });
+ProbitConstants::Cells ProbitConstants::shownCells() const {
+  const auto constants = constantsOf(sees_.in);
+  Cells cells;
+  for (std::size_t i = 0; i < cells.size(); ++i) cells[i] = {constants[i].column, constants[i].field.text()};
+  return cells;
 }
 
 void ProbitConstants::storeChoice() {
-  const bool own = in_.prbtoptn.value() != 1;
-  const Trap skipping = status_.skipping();
-  if (!row_.database() || (own && !row_.hasRow())) return;
-  skipping.steps([&] { row_.edit(); }, [&] { row_.set("prbtoptn", truth(!own)); });
-  if (!own) setCells(skipping);
-  skipping.step([&] { row_.update(); });
+  DataLink& row = sees_.links.dt2a;
+  const bool own = sees_.in.prbtoptn.value() != 1;
+  if (!row.database() || (own && !row.hasRow())) return;
+  RowEdit edit{row, sees_.status.skipping()};
+  edit.set("prbtoptn", truth(!own));
+  if (!own)
+    for (const auto& [column, value] : shownCells()) edit.set(column, value);
+  edit.store();
 }
 
 void ProbitConstants::prbtoptn_Click() {
-  const int choice = in_.prbtoptn.value();
-  status_.skipping().step([&] { row_.prepare(); });
-  in_.prbtoptn.setValue(choice);  // the row that was brought may have another one
-  if (in_.prbtoptn.value() == 1)
+  const int choice = sees_.in.prbtoptn.value();
+  sees_.status.skipping().step([&] { sees_.links.dt2a.prepare(); });
+  sees_.in.prbtoptn.setValue(choice);  // the row that was brought may have another one
+  if (sees_.in.prbtoptn.value() == 1)
     prbtFillDefaults();
   else
     showChoice();
   storeChoice();
-  const Trap skipping = status_.skipping();
-  if (row_.database()) skipping.step([&] { row_.refresh(); });
+  const Trap skipping = sees_.status.skipping();
+  if (sees_.links.dt2a.database()) skipping.step([&] { sees_.links.dt2a.refresh(); });
   takeBase(skipping);
 }
 
 void ProbitConstants::takeFromRow(const Trap& regime) {
-  if (!row_.database()) return;
-  for (const auto& constant : constantsOf(in_))
-    regime.step([&] { constant.field.setText(textIn(row_, constant.column)); });
+  if (!sees_.links.dt2a.database()) return;
+  for (const auto& constant : constantsOf(sees_.in))
+    regime.step([&] { constant.field.setText(textIn(sees_.links.dt2a, constant.column)); });
 }
 
 void ProbitConstants::chooseDefaults() {
-  const bool wasOwn = in_.prbtoptn.value() != 1;
-  in_.prbtoptn.setValue(1);
+  const bool wasOwn = sees_.in.prbtoptn.value() != 1;
+  sees_.in.prbtoptn.setValue(1);
   prbtFillDefaults();
   if (wasOwn) takeBase(Trap::ignoring());
 }
 
 void ProbitConstants::takeChoiceFromRow(const Trap& regime) {
-  bool software = in_.prbtoptn.value() == 1;
-  regime.step([&] { software = isTrue(row_.value("prbtoptn")); });
+  bool software = sees_.in.prbtoptn.value() == 1;
+  regime.step([&] { software = isTrue(sees_.links.dt2a.value("prbtoptn")); });
   if (software) chooseDefaults();
-  in_.prbtoptn.setValue(software ? 1 : 0);
+  sees_.in.prbtoptn.setValue(software ? 1 : 0);
   takeFromRow(regime);
   showChoice();
   // The base is that of this run, or leaving the humidity would put those of the chemical, or of another run, in its row.
@@ -209,46 +200,46 @@ void ProbitConstants::takeChoiceFromRow(const Trap& regime) {
 }
 
 void ProbitConstants::takeBase(const Constant& constant, const Trap& regime) {
-  regime.step([&] { state_.*constant.base = constant.field.number(); });
+  regime.step([&] { sees_.base.*constant.base = constant.field.number(); });
 }
 
 void ProbitConstants::takeBase(const Trap& regime) {
-  for (const auto& constant : constantsOf(in_)) takeBase(constant, regime);
+  for (const auto& constant : constantsOf(sees_.in)) takeBase(constant, regime);
 }
 
 void ProbitConstants::constant_LostFocus(Field& left) {
   prbtStoreConstants();
   const std::string notNumeric = "Should be Numeric";
-  for (const auto& constant : constantsOf(in_)) {
+  for (const auto& constant : constantsOf(sees_.in)) {
     const Trap trap{[&](const RuntimeFailure&) {
-      desktop_.messageBox(critical(notNumeric));
+      sees_.desktop.messageBox(critical(notNumeric));
       constant.field.setFault(notNumeric);
-      silently([&] { desktop_.setFocus(left); });
+      silently([&] { sees_.desktop.setFocus(left); });
     }};
     takeBase(constant, trap);
   }
 }
 
 void ProbitConstants::refuseHumidity(std::string_view text) {
-  desktop_.messageBox(critical(std::string{text}));
-  if (in_.hudityTxt.isNumeric())
-    in_.hudityTxt.setText(plainText(leastHumidity));
+  sees_.desktop.messageBox(critical(std::string{text}));
+  if (sees_.in.hudityTxt.isNumeric())
+    sees_.in.hudityTxt.setText(plainText(leastHumidity));
   else
-    in_.hudityTxt.setFault(text);
+    sees_.in.hudityTxt.setFault(text);
   humidityRefused_ = true;
-  silently([&] { desktop_.setFocus(in_.hudityTxt); });
+  silently([&] { sees_.desktop.setFocus(sees_.in.hudityTxt); });
 }
 
 void ProbitConstants::hudityTxt_LostFocus() {
-  if (in_.hudityTxt.text().empty() && !hadHumidity_) return;  // a new run has none, and nobody has touched it
-  if (!in_.hudityTxt.isNumeric()) return refuseHumidity("Percent humidity should be Numeric");
-  const double entered = in_.hudityTxt.number();
+  if (sees_.in.hudityTxt.text().empty() && !hadHumidity_) return;  // a new run has none, and nobody has touched it
+  if (!sees_.in.hudityTxt.isNumeric()) return refuseHumidity("Percent humidity should be Numeric");
+  const double entered = sees_.in.hudityTxt.number();
   if (entered < leastHumidity || entered > mostHumidity)
     return refuseHumidity("Percent humidity should be  between 0.1% to 100%");
-  const StatusLine::Act act{status_};
+  const StatusLine::Act act{sees_.status};
   const std::string text = Format(entered, "0.00");
-  in_.hudityTxt.setText(text);
-  if (row_.database()) status_.skipping().step([&] { row_.refresh(); });
+  sees_.in.hudityTxt.setText(text);
+  if (sees_.links.dt2a.database()) sees_.status.skipping().step([&] { sees_.links.dt2a.refresh(); });
   correctForHumidity(strictNumber(text));
   prbtStoreConstants();
 }
@@ -262,8 +253,8 @@ void ProbitConstants::correctForHumidity(double h) {
     A.setText(corrected(a, e * (a / humidityDivisor)));
     B.setText(corrected(b, -e * (b / humidityDivisor)));
   };
-  show(in_.avalftl, state_.prbtAFtl, in_.nvalftl, state_.prbtBFtl);
-  show(in_.avalinj, state_.prbtAInj, in_.nvalinj, state_.prbtBInj);
+  show(sees_.in.avalftl, sees_.base.prbtAFtl, sees_.in.nvalftl, sees_.base.prbtBFtl);
+  show(sees_.in.avalinj, sees_.base.prbtAInj, sees_.in.nvalinj, sees_.base.prbtBInj);
 }
 
 }  // namespace noldarz

@@ -10,7 +10,8 @@
 #include "engine/fields.h"
 #include "platform/desktop.h"
 #include "platform/status_line.h"
-#include "platform/store/data_link.h"
+#include "study/fields.h"
+#include "study/links.h"
 #include "toxic/state.h"
 
 namespace noldarz {
@@ -20,13 +21,18 @@ using ProbitValues = std::array<std::string_view, 4>;
 
 class ProbitConstants {
  public:
-  /// `chemical`: the caption with the name of the chemical. `row`: the link that stands on the run row. `redosimul`: the
-  /// command that is closed with `comput`.
-  ProbitConstants(ProbitState& state, const ScenarioInputs& in, const CommandFields& command, const Field& chemical,
-                  Field& redosimul, DataLink& row, Desktop& desktop, StatusLine& status);
-
+  struct Sees {
+    View& view;
+    ProbitState& base;
+    const ScenarioInputs& in;
+    const CommandFields& command;
+    const ProjectFields& project;
+    MainLinks& links;
+    Desktop& desktop;
+    StatusLine& status;
+  };
   /// Subscribes the rules of `prbtoptn`, the four fields and `hudityTxt`.
-  void subscribe(View& view);
+  explicit ProbitConstants(const Sees& sees);
 
   /// Sets the constants of the run state from the chemical; -10, 2, -5, 2 for one that is not in the table.
   void prbtLoadConstants();
@@ -37,8 +43,9 @@ class ProbitConstants {
   /// Writes the four fields into the run row and opens `comput` and `redosimul`. A failing step shows a box and closes both
   /// commands before the next one runs, so that a failure of the row ends with both open.
   void prbtStoreConstants();
+  using Cells = std::array<std::pair<std::string_view, Cell>, 4>;
   /// The constants of the chemical, each with its column of the run row.
-  std::array<std::pair<std::string_view, std::string_view>, 4> softwareCells() const;
+  Cells softwareCells() const;
 
   /// Value 1: the constants of the chemical come into the fields and the run row. Else the fields keep what they show, and
   /// the row the choice. The run state takes the numbers in the fields.
@@ -64,22 +71,15 @@ class ProbitConstants {
   ///
   ///   A + e * (A / 1800)      B - e * (B / 1800)      e = h, at most 80; no correction up to h = 10
   void correctForHumidity(double h);
-  /// Sets the cells of the four constants in the row that is open for writing, each as a statement of its own.
-  void setCells(const Trap& regime);
+  /// The four fields, each with its column of the run row.
+  Cells shownCells() const;
   void storeChoice();
   /// The run state takes the numbers in the fields; a text that is none leaves its constant as it was.
   void takeBase(const Trap& regime);
   void takeBase(const Constant& constant, const Trap& regime);
   void refuseHumidity(std::string_view text);
 
-  ProbitState& state_;
-  const ScenarioInputs& in_;
-  const CommandFields& command_;
-  const Field& chemical_;
-  Field& redosimul_;
-  DataLink& row_;
-  Desktop& desktop_;
-  StatusLine& status_;
+  Sees sees_;
   bool hadHumidity_ = true;       // a text stood in its field when the user came to it
   bool humidityRefused_ = false;  // the focus comes back to it
   bool refilling_ = false;        // a failing step of prbtFillDefaults fills the fields again, but once
@@ -88,9 +88,5 @@ class ProbitConstants {
 /// The constants of the chemical, from the last row of the table whose words all stand in the name, case included; the
 /// fallback for a name that matches none.
 ProbitValues probitConstantsOf(std::string_view chemical, const ProbitValues& fallback);
-
-/// Least and most relative humidity that can be entered (%).
-inline constexpr double leastHumidity = 0.1;
-inline constexpr double mostHumidity = 100;
 
 }  // namespace noldarz

@@ -7,6 +7,7 @@
 #include <variant>
 
 #include "platform/text.h"
+#include "platform/variables.h"
 
 namespace noldarz {
 
@@ -63,45 +64,27 @@ inline constexpr std::size_t tableCells = std::size_t{tableRows} * rowCells;
 /// Cells behind the rows, which are never filled.
 inline constexpr std::size_t spareCells = 7;
 
-struct ToxicState {
+struct ReportTableState {
   /// Report table of the limit search, row by row.
   std::array<TableCell, tableCells + spareCells> prbtTable{};
 };
 
+/// What a cell shows.
 inline std::string cellText(const TableCell& cell) {
   const auto* text = std::get_if<std::string>(&cell);
   return text ? *text : plainText(std::get<double>(cell));
 }
 
-template <class Each>
-void visit(const ProbitState& state, Each&& each) {
-  const auto& [prbtAFtl, prbtBFtl, prbtAInj, prbtBInj] = state;
-  each("prbtAFtl", prbtAFtl), each("prbtBFtl", prbtBFtl), each("prbtAInj", prbtAInj), each("prbtBInj", prbtBInj);
-}
+NOLDARZ_VARIABLES(ProbitState, prbtAFtl, prbtBFtl, prbtAInj, prbtBInj);
 
-template <class Each>
-void visit(const RawLimitState& state, Each&& each) {
-  const auto& [ftlLimitRaw, injLimitRaw] = state;
-  each("ftlLimitRaw", ftlLimitRaw), each("injLimitRaw", injLimitRaw);
-}
+NOLDARZ_VARIABLES(RawLimitState, ftlLimitRaw, injLimitRaw);
 
-template <class Each>
-void visit(const StoredLimitState& state, Each&& each) {
-  const auto& [ftlLimitStored, injLimitStored] = state;
-  each("ftlLimitStored", ftlLimitStored), each("injLimitStored", injLimitStored);
-}
+NOLDARZ_VARIABLES(StoredLimitState, ftlLimitStored, injLimitStored);
 
-// clang-format off
-template <class Each>
-void visit(const LimitSearchState& state, Each&& each) {
-  const auto& [maxDistPrbt, prbtStep, rowFrom, concPrbt, concRow, crossPath, exposureMin, doseStep, doseSum, doseRow,
-               probitFtl, probitInj, pctFtl, pctInj, halfWidthArea, areaHa, profileScaleX, profileScaleY] = state;
-  each("maxDistPrbt", maxDistPrbt), each("prbtStep", prbtStep), each("rowFrom", rowFrom), each("concPrbt", concPrbt),
-  each("concRow", concRow), each("crossPath", crossPath), each("exposureMin", exposureMin), each("doseStep", doseStep),
-  each("doseSum", doseSum), each("doseRow", doseRow), each("probitFtl", probitFtl), each("probitInj", probitInj),
-  each("pctFtl", pctFtl), each("pctInj", pctInj), each("halfWidthArea", halfWidthArea),
-  each("areaHa", cellText(areaHa)), each("profileScaleX", profileScaleX), each("profileScaleY", profileScaleY);
-}
-// clang-format on
+NOLDARZ_VARIABLES(LimitSearchState, maxDistPrbt, prbtStep, rowFrom, concPrbt, concRow, crossPath, exposureMin, doseStep,
+                  doseSum, doseRow, probitFtl, probitInj, pctFtl, pctInj, halfWidthArea, areaHa, profileScaleX,
+                  profileScaleY);
+
+struct ToxicState : Joined<ProbitState, RawLimitState, StoredLimitState, LimitSearchState>, ReportTableState {};
 
 }  // namespace noldarz

@@ -192,7 +192,7 @@ TEST(DesktopWindow, showsTheWaitViewWhileAPressTakesLong) {
     int shape = 0;
     Qt::CursorShape pointer = Qt::ArrowCursor;
   } slow;
-  const Effects effects{slow, slow};
+  const PressPorts effects{&slow, &slow};
   User user{exampleStudy("lpg"), &effects};
   slow.user = &user;
   user.click("comput");

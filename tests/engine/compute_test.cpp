@@ -114,7 +114,7 @@ TEST(Compute, asksTheRoomsAboveInOrderAlsoWhenTheyFail) {
     RecordingEffects effects;
     effects.failing = failing;
     ScriptedDesktop desktop{[](const Json&) {}};
-    const Effects rooms{effects, effects};
+    const PressPorts rooms{&effects, &effects};
     System system{desktop, Folders{}, &rooms};
     MainView& main = system.mainView();
     main.view.show();
@@ -149,10 +149,10 @@ TEST(Compute, goesToTheCloseOutWhenOneResultIsMissing) {
   system.press();  // the peak is near the source, the ground maximum farther than 600 m
   ASSERT_EQ(system.state().maxConcDone, 1);
   ASSERT_EQ(system.state().mgcDone, 0);
-  const auto steps = system.session.system().progress().stepCount();
+  const auto steps = system.session.system().engine().progress.stepCount();
   system.takeBoxes();
   system.press();
-  EXPECT_EQ(system.session.system().progress().stepCount(), steps);
+  EXPECT_EQ(system.session.system().engine().progress.stepCount(), steps);
   EXPECT_EQ(system.text("expmass"), "Mass = 0");
   EXPECT_TRUE(system.takeBoxes().empty());
 }

@@ -12,9 +12,17 @@ struct Geometry {
   Views views;
   MainView main{views};
   RunState state;
-  PlumeModel plume{state, state, main.in, main.level, main.result};
-  Progress progress{views, state, state, state, main.level, desktop};
-  Isopleth isopleth{state, state, state, plume, main.in, main.level, main.result, progress};
+  PlumeModel plume{{.model = state, .query = state, .in = main.in, .level = main.level, .result = main.result}};
+  Progress progress{
+      {.views = views, .model = state, .sweep = state, .passes = state, .level = main.level, .desktop = desktop}};
+  Isopleth isopleth{{.model = state,
+                     .passes = state,
+                     .sweep = state,
+                     .plume = plume,
+                     .in = main.in,
+                     .level = main.level,
+                     .result = main.result,
+                     .progress = progress}};
 };
 
 TEST(LevelShape, isAnEllipseAndKeepsMarks) {

@@ -29,7 +29,7 @@ struct Model {
   MainView main{views};
   ModelState state;
   PointQueryState query;
-  PlumeModel plume{state, query, main.in, main.level, main.result};
+  PlumeModel plume{{.model = state, .query = query, .in = main.in, .level = main.level, .result = main.result}};
 };
 
 TEST(PlumeModel, leavesItsResultsForAnotherReleaseTypeOrClass) {

@@ -12,7 +12,8 @@ struct Wait {
   Views views;
   MainView main{views};
   RunState state;
-  Progress progress{views, state, state, state, main.level, desktop};
+  Progress progress{
+      {.views = views, .model = state, .sweep = state, .passes = state, .level = main.level, .desktop = desktop}};
   Field& shape = *views.find("aniwait1")->find("plumepic1");
   Field& line = *views.find("aniwait1")->find("waitlbl1");
 };

@@ -17,7 +17,11 @@ namespace {
 class AxisConcentration {
  public:
   explicit AxisConcentration(TestSystem& system) : state_(system.state()) {
-    plume_ = std::make_unique<PlumeModel>(state_, query_, system.main().in, system.main().level, system.main().result);
+    plume_ = std::make_unique<PlumeModel>(PlumeModel::Sees{.model = state_,
+                                                           .query = query_,
+                                                           .in = system.main().in,
+                                                           .level = system.main().level,
+                                                           .result = system.main().result});
     query_.drawMode = 4;
   }
   double operator()(double distance) {
@@ -117,7 +121,7 @@ TEST(Sweep, isBoundedForAbsurdDistances) {
     system.setRelease();
     system.set({{"enddisttxt", distance}, {"QntyRelstxt", "0"}});  // a peak is never passed
     system.press();
-    EXPECT_EQ(system.session.system().progress().stepCount(), steps) << distance;
+    EXPECT_EQ(system.session.system().engine().progress.stepCount(), steps) << distance;
     EXPECT_EQ(system.state().endDist, endDist);
     EXPECT_EQ(system.takeBoxes().size(), 1U);
   }

@@ -11,7 +11,7 @@
 namespace noldarz::test {
 
 struct MouseUser : Window {
-  explicit MouseUser(const std::string& study = exampleStudy("lpg"), const Effects* effects = nullptr,
+  explicit MouseUser(const std::string& study = exampleStudy("lpg"), const PressPorts* effects = nullptr,
                      bool starts = true)
       : Window(study, effects) {
     if (starts) start();

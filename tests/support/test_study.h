@@ -12,7 +12,7 @@
 
 #include "cli/study.h"
 #include "platform/store/recordset.h"
-#include "scenario/study_layout.h"
+#include "study/layout.h"
 #include "support/test_system.h"
 
 namespace noldarz::test {

@@ -16,7 +16,7 @@ namespace noldarz::test {
 
 class Window {
  public:
-  explicit Window(const std::string& text = exampleStudy("lpg"), const Effects* effects = nullptr) {
+  explicit Window(const std::string& text = exampleStudy("lpg"), const PressPorts* effects = nullptr) {
     makeStudy(folder.study(), text);
     system = std::make_unique<System>(desktop, folder.folders(), effects);
     desktop.attach(system->views(), system->settings());

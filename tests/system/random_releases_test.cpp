@@ -89,7 +89,7 @@ std::map<std::string, std::string> outcomeOf(TestSystem& system) {
 
 struct Program {
   explicit Program(bool plainly) {  // one Yes, so that a press runs inside a press
-    if (plainly) system.session.system().plume().stepPlainly();
+    if (plainly) system.session.system().engine().plume.stepPlainly();
     system.session.desktop().answerQuestions(
         [this](const MessageBox&) { return ++questions == 1 ? Reply::yes : Reply::no; });
   }

@@ -11,7 +11,7 @@ namespace noldarz::test {
 namespace {
 
 struct SearchSystem : TestSystem {
-  LimitSearch& search() { return session.system().limitSearch(); }
+  LimitSearch& search() { return session.system().toxic().limitSearch; }
   /// Cells of the report table.
   std::vector<std::string> table() {
     std::vector<std::string> cells;

@@ -1,5 +1,5 @@
 // The layout of a database as the program relies on it: tables, columns with their types, keys. A file may hold more.
-// The study's own layout stands in scenario/study_layout.h; the store works on any.
+// The study's own layout stands in study/layout.h; the store works on any.
 #pragma once
 
 #include <cstdint>

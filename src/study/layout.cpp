@@ -1,4 +1,4 @@
-#include "scenario/study_layout.h"
+#include "study/layout.h"
 
 #include <array>
 

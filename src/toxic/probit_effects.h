@@ -1,4 +1,4 @@
-// The toxic effects as a press of Compute asks for them. Built by system/.
+// The toxic effects as a press of Compute asks for them.
 #pragma once
 
 #include "engine/effects.h"
@@ -7,9 +7,9 @@
 
 namespace noldarz {
 
-class PressEffects : public ToxicEffects {
+class ProbitEffects : public ToxicEffects {
  public:
-  PressEffects(const ScenarioInputs& in, ProbitConstants& constants, DistanceLimits& limits)
+  ProbitEffects(const ScenarioInputs& in, ProbitConstants& constants, DistanceLimits& limits)
       : in_(in), constants_(constants), limits_(limits) {}
 
   void takeProbitConstants(const Trap& press) override {

@@ -1,7 +1,7 @@
 // The query texts against their printed form (tests/reference/queries.txt: organisation "Acme", reference number "R1",
 // scenario "Leak" in class "D", run name "Night").
 
-#include "scenario/queries.h"
+#include "study/queries.h"
 
 #include <gtest/gtest.h>
 
@@ -26,9 +26,9 @@ class QueriesTest : public testing::Test {
   Views views;
   View view{views, "v", ""};
   ScenarioInputs in{view};
-  ScenarioFields fields{view};
+  ProjectFields fields{view};
   Field& getfrPre = view.add(FieldKind::check, "getfrPre");
-  ScenarioState state;
+  StudyState state;
   Queries queries{state, in, fields};
 };
 

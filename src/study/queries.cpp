@@ -1,11 +1,11 @@
-#include "scenario/queries.h"
+#include "study/queries.h"
 
 #include <fmt/format.h>
 
 #include <algorithm>
 
 #include "platform/store/store_failure.h"
-#include "scenario/study_layout.h"
+#include "study/layout.h"
 
 namespace noldarz {
 
@@ -44,7 +44,7 @@ std::string Queries::quoted(std::string_view name) {
   return "'" + std::string{name} + "'";
 }
 
-std::string Queries::runKey() const { return state_.scnrText + fields_.refnolbl.caption() + in_.stblclscbo.text(); }
+std::string Queries::runKey() const { return state_.scnrText + project_.refnolbl.caption() + in_.stblclscbo.text(); }
 
 void Queries::buildQryProject() {
   const std::string list = "[dsptbl-1].OrgName, [dsptbl-1].Flamblechemcl, [dsptbl-1].refNo, [dsptbl-1].actvproj";
@@ -55,30 +55,30 @@ void Queries::buildQryScenario() { state_.qryScenario = selectList("scenr1") + "
 
 void Queries::buildQryDisp() {
   state_.qryDisp =
-      selectList("Disptbl") + " From Disptbl WHERE (((Disptbl.refNo)=" + quoted(fields_.refnolbl.caption()) + "))";
+      selectList("Disptbl") + " From Disptbl WHERE (((Disptbl.refNo)=" + quoted(project_.refnolbl.caption()) + "))";
 }
 
 void Queries::buildQryOrg() {
   state_.qryOrg =
-      selectList("Orgtn") + " From Orgtn WHERE ((Orgtn.OrgName)=" + quoted(fields_.Orglbltxt.caption()) + ")";
+      selectList("Orgtn") + " From Orgtn WHERE ((Orgtn.OrgName)=" + quoted(project_.Orglbltxt.caption()) + ")";
 }
 
 void Queries::buildQryChem() {
-  state_.chemName = fields_.chmnmelbl.caption();
-  fields_.chmnmelbl.setCaption(": " + state_.chemName);
-  fields_.reftmptxt.setText(fields_.refnolbl.caption());
+  state_.chemName = project_.chmnmelbl.caption();
+  project_.chmnmelbl.setCaption(": " + state_.chemName);
+  project_.reftmptxt.setText(project_.refnolbl.caption());
   state_.qryChem = selectList(projectTable, "[dsptbl-1]") +
                    " FROM Orgtn INNER JOIN [dsptbl-1] ON Orgtn.OrgName = [dsptbl-1].OrgName WHERE "
                    "((([dsptbl-1].OrgName)=" +
-                   quoted(fields_.Orglbltxt.caption()) +
-                   ") AND (([dsptbl-1].refNo)=" + quoted(fields_.reftmptxt.text()) + "));";
+                   quoted(project_.Orglbltxt.caption()) +
+                   ") AND (([dsptbl-1].refNo)=" + quoted(project_.reftmptxt.text()) + "));";
 }
 
 std::string Queries::runQuery(const std::string& column, std::string_view name) {
   state_.moduleTag = moduleName;
   return selectList(runTable) +
-         " From maimTbl4All WHERE (((maimTbl4All.OrgName)=" + quoted(fields_.Orglbltxt.caption()) +
-         ") AND ((maimTbl4All.refNo)=" + quoted(fields_.refnolbl.caption()) + ") AND ((maimTbl4All." + column +
+         " From maimTbl4All WHERE (((maimTbl4All.OrgName)=" + quoted(project_.Orglbltxt.caption()) +
+         ") AND ((maimTbl4All.refNo)=" + quoted(project_.refnolbl.caption()) + ") AND ((maimTbl4All." + column +
          ")=" + quoted(name) + " ) AND ((maimTbl4All.ScenarioOptn)=" + quoted(state_.moduleTag) + "))";
 }
 
@@ -91,8 +91,8 @@ void Queries::buildQryRunByClass() { state_.qryRunByClass = runQuery("scenariotx
 void Queries::buildQryRunList() {
   state_.moduleTag = moduleName;
   state_.qryRunList = selectList(runTable, runListColumns) +
-                      " From maimTbl4All WHERE (((maimTbl4All.OrgName)=" + quoted(fields_.Orglbltxt.caption()) +
-                      ") AND ((maimTbl4All.refNo)=" + quoted(fields_.refnolbl.caption()) +
+                      " From maimTbl4All WHERE (((maimTbl4All.OrgName)=" + quoted(project_.Orglbltxt.caption()) +
+                      ") AND ((maimTbl4All.refNo)=" + quoted(project_.refnolbl.caption()) +
                       ") AND ((maimTbl4All.ScenarioOptn)=" + quoted(state_.moduleTag) + "))";
 }
 
@@ -109,7 +109,7 @@ void Queries::buildQryPopulation(const Field& getfrPre) {
     list.insert(list.find(column) + column.size(), " ");
   state_.qryPopulation = list + " From poplatndnstytbl";
   if (getfrPre.value() == 0)
-    state_.qryPopulation += " WHERE (((poplatndnstytbl.refNo)=" + quoted(fields_.refnolbl.caption()) + "))";
+    state_.qryPopulation += " WHERE (((poplatndnstytbl.refNo)=" + quoted(project_.refnolbl.caption()) + "))";
 }
 
 }  // namespace noldarz

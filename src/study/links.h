@@ -6,7 +6,7 @@
 #include "engine/fields.h"
 #include "platform/status_line.h"
 #include "platform/store/data_link.h"
-#include "scenario/fields.h"
+#include "study/fields.h"
 
 namespace noldarz {
 
@@ -20,7 +20,7 @@ class MainLinks {
   Told told_;
 
  public:
-  MainLinks(Databases& databases, const ScenarioInputs& in, const ScenarioFields& fields, StatusLine& status);
+  MainLinks(Databases& databases, const ScenarioInputs& in, const ProjectFields& project, StatusLine& status);
 
   std::array<DataLink*, 5> all() { return {&dt1, &dt2, &dt2a, &dt3, &dt4}; }
 
@@ -33,5 +33,9 @@ class MainLinks {
 
 /// The lowest height of release (m).
 inline constexpr double leastReleaseHeight = 0.1;
+
+/// Least and most relative humidity that can be entered (%).
+inline constexpr double leastHumidity = 0.1;
+inline constexpr double mostHumidity = 100;
 
 }  // namespace noldarz

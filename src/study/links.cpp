@@ -1,8 +1,7 @@
-#include "scenario/links.h"
+#include "study/links.h"
 
 #include "engine/air.h"
-#include "scenario/queries.h"
-#include "toxic/probit_constants.h"
+#include "study/queries.h"
 
 namespace noldarz {
 
@@ -39,18 +38,18 @@ MainLinks::Told::Told(StatusLine& status)
     : refused([&status](const std::string& text) { status.tellFault(text); }),
       stored([&status](const std::string& words) { status.say("Stored: " + words + "."); }) {}
 
-MainLinks::MainLinks(Databases& databases, const ScenarioInputs& in, const ScenarioFields& fields, StatusLine& status)
+MainLinks::MainLinks(Databases& databases, const ScenarioInputs& in, const ProjectFields& project, StatusLine& status)
     : told_(status),
       dt1(databases),
       dt2(databases, told_.refused),
       dt2a(databases, told_.refused, told_.stored),
       dt3(databases, told_.refused, told_.stored),
       dt4(databases, told_.refused, told_.stored) {
-  dt1.bind(fields.Orglbltxt, "OrgName");
-  dt1.bind(fields.refnolbl, "refNo");
-  dt1.bind(fields.chmnmelbl, "Flamblechemcl");
+  dt1.bind(project.Orglbltxt, "OrgName");
+  dt1.bind(project.refnolbl, "refNo");
+  dt1.bind(project.chmnmelbl, "Flamblechemcl");
 
-  dt2.bind(fields.scnrotxt, "scenariotxt");
+  dt2.bind(project.scnrotxt, "scenariotxt");
   dt2.bind(in.scnrotypetxt, "scnrotype");
   dt2.bind(in.QntyRelstxt, "QntyRels");
   dt2.bind(in.PoolRadiusRrslstxt, "PoolRadiusRrsls");
@@ -58,7 +57,7 @@ MainLinks::MainLinks(Databases& databases, const ScenarioInputs& in, const Scena
   dt2.bind(in.vapordnstytxt, "vapordnsty");
   dt2.bind(in.tempStore, "TemprturTemp");
 
-  dt2a.bind(fields.scnrotxtlbl, "scenariotxtUser", faultOfRunName, "run name \"{}\"");
+  dt2a.bind(project.scnrotxtlbl, "scenariotxtUser", faultOfRunName, "run name \"{}\"");
   dt2a.bind(in.wndveltxt, "wndvel", faultOfWind, "wind velocity {} m/s");
   dt2a.bind(in.hudityTxt, "Hmudy", faultOfHumidity, "relative humidity {} %");
 
@@ -66,12 +65,12 @@ MainLinks::MainLinks(Databases& databases, const ScenarioInputs& in, const Scena
   dt3.bind(in.htsmul, "htsmul", {}, "height of simulation {} m");
   dt3.bind(in.roghwndoptcbo, "terrain", faultOfTerrain, "terrain {}");
 
-  dt4.bind(fields.naturchem, "naturchem");
+  dt4.bind(project.naturchem, "naturchem");
   for (int i = 0; i < in.Givnwnd.size(); ++i)
     dt4.bind(in.Givnwnd[i],
              "givnwnd" + std::to_string(i + 1),
              faultOfWindShare,
-             "wind " + fields.wndlbl1[i].caption() + " {} %");
+             "wind " + in.wndlbl1[i].caption() + " {} %");
 }
 
 }  // namespace noldarz

@@ -8,8 +8,8 @@
 
 #include "engine/fields.h"
 #include "platform/store/data_link.h"
-#include "scenario/fields.h"
-#include "scenario/state.h"
+#include "study/fields.h"
+#include "study/state.h"
 
 namespace noldarz {
 
@@ -21,8 +21,8 @@ void requirePlain(std::string_view name);
 
 class Queries {
  public:
-  Queries(ScenarioState& state, const ScenarioInputs& in, const ScenarioFields& fields)
-      : state_(state), in_(in), fields_(fields) {}
+  Queries(StudyState& state, const ScenarioInputs& in, const ProjectFields& project)
+      : state_(state), in_(in), project_(project) {}
 
   void buildQryProject();
   void buildQryScenario();
@@ -59,9 +59,9 @@ class Queries {
   std::string quoted(std::string_view name);
   std::string runQuery(const std::string& column, std::string_view name);
 
-  ScenarioState& state_;
+  StudyState& state_;
   const ScenarioInputs& in_;
-  const ScenarioFields& fields_;
+  const ProjectFields& project_;
   std::vector<std::string> names_;  // joined into the last text
 };
 

@@ -139,7 +139,7 @@ double timePlain(const Plain& plain, bool hoisted, const RunState& found) {
 }
 
 void limitSearch(benchmark::State& state) {
-  ScriptSession session{[](const Json&) {}};
+  ScriptSession session{[](const RecordEntry&) {}};
   compute(session);
   System& system = session.system();
   const Plain plain{system};

@@ -205,7 +205,7 @@ void pressAgainstBareLoop(benchmark::State& state, const Reference& reference, P
   double bareSeconds = 0;
   std::uint64_t steps = 0;
   for ([[maybe_unused]] auto iteration : state) {
-    ScriptSession session{[](const Json&) {}};
+    ScriptSession session{[](const RecordEntry&) {}};
     MainView& main = session.system().mainView();
     for (const auto& [name, text] : reference.fields) main.view.find(name)->setText(text);
     const Press first = timedPress(session);

@@ -91,7 +91,7 @@ void expectStored(System& system) {
 
 void useProgram(Chance& chance) {
   laySiteDown();
-  ScriptSession session{[](const Json&) {}, Folders{scratch() / "start", scratch(), scratch()}};
+  ScriptSession session{[](const RecordEntry&) {}, Folders{scratch() / "start", scratch(), scratch()}};
   session.desktop().answerQuestions([&](const MessageBox&) { return chance.once(3) ? Reply::yes : Reply::no; });
   session.runLine("start");
   View& view = session.system().mainView().view;

@@ -10,6 +10,7 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "cli/record_json.h"
 #include "cli/script.h"
 #include "cli/script_error.h"
 #include "cli/study.h"
@@ -83,7 +84,7 @@ void readScript(Chance& chance) {
       all.emplace_back(more);
     return all;
   }();
-  ScriptSession session{[](const Json& entry) { jsonLine(entry); }, Folders{scratch(), scratch(), scratch()}};
+  ScriptSession session{[](const RecordEntry& entry) { jsonLine(entry); }, Folders{scratch(), scratch(), scratch()}};
   for (std::size_t count = 1 + chance.below(30); count > 0; --count) {
     const std::string line = chance.once(3) ? damaged(chance.oneOf(lines), chance) : chance.oneOf(lines);
     try {

@@ -6,6 +6,7 @@
 #include <limits>
 #include <string_view>
 
+#include "cli/record_json.h"
 #include "cli/script.h"
 #include "cli/script_error.h"
 #include "platform/property.h"
@@ -206,7 +207,7 @@ void show(ScriptSession& session, const Words& words) {
   if (properties.empty()) properties.push_back(mainProperty(field));
   Json line{{"field", field.fullName()}};
   for (const Property property : properties) line[std::string{propertyName(property)}] = shown(field, property);
-  session.print(line);
+  session.print(dumped(line));
 }
 
 void dump(ScriptSession& session, const Words& words) {
@@ -217,7 +218,7 @@ void dump(ScriptSession& session, const Words& words) {
     for (const Property property : changedProperties(field))
       properties[std::string{propertyName(property)}] = shown(field, property);
   }
-  session.print({{"view", view.name()}, {"fields", fields}});
+  session.print(dumped({{"view", view.name()}, {"fields", fields}}));
 }
 
 void views(ScriptSession& session, const Words&) {
@@ -225,7 +226,7 @@ void views(ScriptSession& session, const Words&) {
   for (const View* view : session.system().views().open())
     open.push_back({{"name", view->name()}, {"visible", view->visible()}, {"modal", view->modal()}});
   const View* front = session.system().views().front();
-  session.print({{"views", open}, {"front", front ? Json(front->name()) : Json(nullptr)}});
+  session.print(dumped({{"views", open}, {"front", front ? Json(front->name()) : Json(nullptr)}}));
 }
 
 void state(ScriptSession& session, const Words& words) {
@@ -239,14 +240,14 @@ void state(ScriptSession& session, const Words& words) {
         value = variable;
     });
     if (value.is_null()) throw ScriptError("no state variable " + inQuotes(words[i]));
-    session.print({{"state", words[i]}, {"value", value}});
+    session.print(dumped({{"state", words[i]}, {"value", value}}));
   }
 }
 
 void table(ScriptSession& session, const Words&) {
   Json cells = Json::array();
   for (const TableCell& cell : session.system().state().prbtTable) cells.push_back(cellText(cell));
-  session.print({{"table", cells}});
+  session.print(dumped({{"table", cells}}));
 }
 
 void start(ScriptSession& session, const Words&) { session.start(); }
@@ -287,15 +288,15 @@ void rows(ScriptSession& session, const Words& words) {
     Json& line = lines.emplace_back(Json::array());
     for (int i = 0; i < static_cast<int>(found.columns().size()); ++i) line.push_back(cellJson(found.value(i)));
   }
-  session.print({{"rows", lines}, {"columns", found.columns()}});
+  session.print(dumped({{"rows", lines}, {"columns", found.columns()}}));
 }
 
 void setting(ScriptSession& session, const Words& words) {
   const auto value = session.system().settings().get(words[1], words[2], words[3]);
-  session.print({{"setting", {words[1], words[2], words[3]}}, {"value", value ? Json(*value) : Json(nullptr)}});
+  session.print(dumped({{"setting", {words[1], words[2], words[3]}}, {"value", value ? Json(*value) : Json(nullptr)}}));
 }
 
-void echo(ScriptSession& session, const Words& words) { session.print({{"echo", words[1]}}); }
+void echo(ScriptSession& session, const Words& words) { session.print(dumped({{"echo", words[1]}})); }
 
 void unavailable(ScriptSession&, const Words& words) {
   throw ScriptError("the command " + inQuotes(words[0]) + " is not available in this version");

@@ -7,6 +7,7 @@
 #include <iostream>
 #include <string>
 
+#include "cli/record_json.h"
 #include "cli/run.h"
 #include "cli/script.h"
 #include "cli/study.h"
@@ -24,8 +25,8 @@ ExitStatus script(const std::string& startFolder, const std::string& file) {
     std::cerr << noldarz::visibleText(startFolder) << ": no such folder\n";
     return ExitStatus::refused;
   }
-  noldarz::ScriptSession session{
-      noldarz::FoldedBoxes{[](const noldarz::Json& object) { std::cout << noldarz::jsonLine(object) << std::flush; }}};
+  noldarz::ScriptSession session{noldarz::FoldedBoxes{
+      [](const noldarz::RecordEntry& entry) { std::cout << noldarz::jsonLine(entry) << std::flush; }}};
   return noldarz::runScriptFile(session, path, file, std::cerr);
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "cli/record_json.h"
 #include "cli/script.h"
 #include "engine/close_out.h"
 #include "engine/model_inputs.h"
@@ -135,9 +136,9 @@ std::string lines(const ReportTable& table) {
 }
 
 /// A message with the reply to a question and how often it came.
-std::string messageText(const Json& box, int count) {
-  std::string text = box["text"];
-  if (box["buttons"] == "yesno") text += fmt::format(" [{}]", box["reply"].get<std::string>());
+std::string messageText(const BoxShown& shown, int count) {
+  std::string text = shown.box.text;
+  if (shown.box.buttons == Buttons::yesNo) text += fmt::format(" [{}]", shown.reply);
   return count > 1 ? text + fmt::format(" ({} times)", count) : text;
 }
 
@@ -186,7 +187,7 @@ Json json(const Report& report) {
   object["units"] = units;
   object["messages"] = Json::array();
   for (const auto& [box, count] : report.messages.counted()) {
-    Json message = box;
+    Json message = boxJson(box);
     message["count"] = count;
     object["messages"].push_back(message);
   }
@@ -228,7 +229,7 @@ std::string csv(const Report& report) {
 
 }  // namespace
 
-void Messages::add(const Json& box) {
+void Messages::add(const BoxShown& box) {
   const auto known = std::find_if(counted_.begin(), counted_.end(), [&](const auto& c) { return c.first == box; });
   if (known == counted_.end())
     counted_.emplace_back(box, 1);

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "cli/scripted_desktop.h"
+#include "cli/record.h"
 #include "system/system.h"
 
 namespace noldarz {
@@ -18,13 +18,12 @@ enum class ReportFormat : std::uint8_t { page, json, csv };
 /// The boxes of a run, each said once and counted: a failing statement can show one at every step of a sweep.
 class Messages {
  public:
-  /// Takes a box as the record of a scripted desktop has it.
-  void add(const Json& box);
+  void add(const BoxShown& box);
   /// In the order of their first appearance.
-  const std::vector<std::pair<Json, int>>& counted() const { return counted_; }
+  const std::vector<std::pair<BoxShown, int>>& counted() const { return counted_; }
 
  private:
-  std::vector<std::pair<Json, int>> counted_;
+  std::vector<std::pair<BoxShown, int>> counted_;
 };
 
 /// A text of a field with the name of the field, its label for people, and its unit.

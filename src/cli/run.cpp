@@ -90,19 +90,19 @@ class GivenUp : public std::runtime_error {
 /// The boxes of the run, as long as it is worth going on.
 class BoxesOfRun {
  public:
-  void take(const Json& box) {
+  void take(const BoxShown& box) {
     constexpr int mostInARow = 100'000;
     messages_.add(box);
     inARow_ = last_ && box == *last_ ? inARow_ + 1 : 1;
     if (inARow_ == 1) last_ = box;
     if (inARow_ == mostInARow)
-      throw GivenUp(fmt::format("given up: \"{}\" came {} times in a row", box["text"].get<std::string>(), mostInARow));
+      throw GivenUp(fmt::format("given up: \"{}\" came {} times in a row", box.box.text, mostInARow));
   }
   const Messages& messages() const { return messages_; }
 
  private:
   Messages messages_;
-  std::optional<Json> last_;
+  std::optional<BoxShown> last_;
   int inARow_ = 0;
 };
 
@@ -153,8 +153,8 @@ ExitStatus runAndReport(const RunRequest& request, const std::string& version, s
     return ExitStatus::refused;
   }
   BoxesOfRun boxes;
-  const auto record = [&](const Json& entry) {
-    if (entry.contains("box")) boxes.take(entry["box"]);
+  const auto record = [&](const RecordEntry& entry) {
+    if (const auto* box = std::get_if<BoxShown>(&entry)) boxes.take(*box);
   };
   ScriptSession session{record, folders};
   prepareAnswers(session.desktop(), request);

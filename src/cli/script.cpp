@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "cli/commands.h"
+#include "cli/record_json.h"
 #include "cli/script_error.h"
 #include "cli/words.h"
 #include "platform/text.h"
@@ -23,14 +24,14 @@ constexpr int unfolded = 99;  // boxes in a row
 
 ExitStatus refuse(ScriptSession& session, const std::string& name, int line, std::string_view text,
                   std::ostream& errors) {
-  session.print({{"error", {{"line", line}, {"text", text}}}});
+  session.print(dumped({{"error", {{"line", line}, {"text", text}}}}));
   errors << visibleText(fmt::format("{}:{}: {}", name, line, text)) << '\n';
   return ExitStatus::refused;
 }
 
 }  // namespace
 
-ScriptSession::ScriptSession(ScriptedDesktop::Record record, Folders folders)
+ScriptSession::ScriptSession(TakeEntry record, Folders folders)
     : record_(std::move(record)),
       folders_(std::move(folders)),
       startFolder_(std::filesystem::current_path()),
@@ -93,15 +94,11 @@ ExitStatus runScriptFile(ScriptSession& session, const std::string& file, const 
   return lines.is_open() ? runScript(session, lines, name, errors) : refuse(session, name, 0, unreadable, errors);
 }
 
-std::string jsonLine(const Json& object) {
-  return escapedText(object.dump(-1, ' ', false, Json::error_handler_t::replace), Escapes::json) + '\n';
-}
-
-void FoldedBoxes::Run::take(const Json& entry) {
-  const bool again = times_ > 0 && entry == last_;
-  if (!again) end();
-  if (entry.contains("box")) {
-    last_ = entry;
+void FoldedBoxes::Run::take(const RecordEntry& entry) {
+  const auto* box = std::get_if<BoxShown>(&entry);
+  if (!box || times_ == 0 || *box != last_) end();
+  if (box) {
+    last_ = *box;
     ++times_;
   }
   if (times_ <= unfolded) record_(entry);
@@ -109,7 +106,7 @@ void FoldedBoxes::Run::take(const Json& entry) {
 
 void FoldedBoxes::Run::end() {
   if (const int folded = std::exchange(times_, 0) - unfolded; folded > 0) {
-    last_["times"] = folded;
+    last_.times = folded;
     record_(last_);
   }
 }

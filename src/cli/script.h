@@ -19,23 +19,23 @@ namespace noldarz {
 /// entry that counts them: "times".
 class FoldedBoxes {
  public:
-  explicit FoldedBoxes(ScriptedDesktop::Record record) : run_(std::make_shared<Run>(std::move(record))) {}
-  void operator()(const Json& entry) const { run_->take(entry); }
+  explicit FoldedBoxes(TakeEntry record) : run_(std::make_shared<Run>(std::move(record))) {}
+  void operator()(const RecordEntry& entry) const { run_->take(entry); }
 
  private:
   class Run {
    public:
-    explicit Run(ScriptedDesktop::Record record) : record_(std::move(record)) {}
+    explicit Run(TakeEntry record) : record_(std::move(record)) {}
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;
     ~Run() { end(); }
-    void take(const Json& entry);
+    void take(const RecordEntry& entry);
 
    private:
     void end();
 
-    ScriptedDesktop::Record record_;
-    Json last_;
+    TakeEntry record_;
+    BoxShown last_;
     int times_ = 0;
   };
 
@@ -46,7 +46,7 @@ class FoldedBoxes {
 class ScriptSession {
  public:
   /// The current folder is the one in which `start` starts.
-  explicit ScriptSession(ScriptedDesktop::Record record, Folders folders = Folders::ofUser());
+  explicit ScriptSession(TakeEntry record, Folders folders = Folders::ofUser());
 
   /// Carries out one line. Throws ScriptError for a line that can't be understood or carried out.
   void runLine(std::string_view line);
@@ -61,13 +61,14 @@ class ScriptSession {
 
   System& system() { return *system_; }
   ScriptedDesktop& desktop() { return desktop_; }
-  void print(const Json& object) const { record_(object); }
+  /// A JSON object that a command prints.
+  void print(std::string json) const { record_(Printed{std::move(json)}); }
 
  private:
   void makeSystem();
   void paint();
 
-  ScriptedDesktop::Record record_;
+  TakeEntry record_;
   Folders folders_;
   std::filesystem::path startFolder_;
   ScriptedDesktop desktop_;
@@ -87,8 +88,5 @@ ExitStatus runScript(ScriptSession& session, std::istream& lines, const std::str
 /// reported like a fault in line 0.
 ExitStatus runScriptFile(ScriptSession& session, const std::string& file, const std::string& name,
                          std::ostream& errors);
-
-/// One JSON object as one line; a byte that is no UTF-8 is replaced.
-std::string jsonLine(const Json& object);
 
 }  // namespace noldarz

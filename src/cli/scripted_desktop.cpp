@@ -14,6 +14,16 @@ namespace {
 
 constexpr int timerLimit = 10000;  // firings of one wait; the program's own timers are one-shot
 
+bool offers(const MessageBox& box, Reply reply) { return (reply == Reply::ok) == (box.buttons == Buttons::ok); }
+
+std::optional<Reply> namedReply(const std::string& text) {
+  for (const Reply reply : {Reply::ok, Reply::yes, Reply::no})
+    if (text == replyName(reply)) return reply;
+  return {};
+}
+
+}  // namespace
+
 std::string_view replyName(Reply reply) {
   switch (reply) {
     case Reply::yes: return "yes";
@@ -30,16 +40,6 @@ std::string_view iconName(Icon icon) {
   }
 }
 
-bool offers(const MessageBox& box, Reply reply) { return (reply == Reply::ok) == (box.buttons == Buttons::ok); }
-
-std::optional<Reply> namedReply(const std::string& text) {
-  for (const Reply reply : {Reply::ok, Reply::yes, Reply::no})
-    if (text == replyName(reply)) return reply;
-  return {};
-}
-
-}  // namespace
-
 std::optional<std::string> ScriptedDesktop::nextReply() {
   if (replies_.empty()) return {};
   std::string reply = std::move(replies_.front());
@@ -54,13 +54,7 @@ Reply ScriptedDesktop::unqueuedReply(const MessageBox& box) const {
 Reply ScriptedDesktop::messageBox(const MessageBox& box) {
   const auto queued = nextReply();
   const std::string text = queued ? *queued : std::string{replyName(unqueuedReply(box))};
-  record_({{"box",
-            {{"title", box.title},
-             {"text", box.text},
-             {"icon", iconName(box.icon)},
-             {"buttons", box.buttons == Buttons::ok ? "ok" : "yesno"},
-             {"default", replyName(box.defaultReply)},
-             {"reply", text}}}});
+  record_(BoxShown{box, text});
   const auto reply = namedReply(text);
   if (!reply || !offers(box, *reply))
     throw ScriptError("the box \"" + box.text + "\" does not offer the reply \"" + text + "\"");
@@ -69,13 +63,7 @@ Reply ScriptedDesktop::messageBox(const MessageBox& box) {
 
 std::filesystem::path ScriptedDesktop::fileDialog(const FileDialog& dialog) {
   const std::string reply = nextReply().value_or("cancel");
-  record_({{"dialog",
-            {{"kind", dialog.kind == FileDialog::Kind::open ? "open" : "save"},
-             {"title", dialog.title},
-             {"filter", dialog.filter},
-             {"name", dialog.name},
-             {"extension", dialog.extension},
-             {"reply", reply}}}});
+  record_(DialogShown{dialog.kind == FileDialog::Kind::open ? "open" : "save", dialog, reply});
   if (reply == "cancel") fail(FailureNumber::cancelled);
   return reply;
 }
@@ -84,13 +72,13 @@ void ScriptedDesktop::printerDialog() {
   const std::string reply = nextReply().value_or("cancel");
   if (reply != "ok" && reply != "cancel")
     throw ScriptError("the printer dialog does not offer the reply \"" + reply + "\"");
-  record_({{"dialog", {{"kind", "printer"}, {"reply", reply}}}});
+  record_(DialogShown{"printer", {}, reply});
   if (reply == "cancel") fail(FailureNumber::cancelled);
 }
 
 void ScriptedDesktop::setFocus(Field& field) {
   if (!field.usable() || !field.takesFocus()) fail(FailureNumber::invalidArgument);
-  record_({{"focus", field.fullName()}});
+  record_(Happened{"focus", field.fullName()});
   focus_.moveTo(&field);
 }
 
@@ -105,18 +93,18 @@ void ScriptedDesktop::forgetFields() {
   timers_.forget();
 }
 
-void ScriptedDesktop::openDropDown(Field& field) { record_({{"dropDown", field.fullName()}}); }
+void ScriptedDesktop::openDropDown(Field& field) { record_(Happened{"dropDown", field.fullName()}); }
 
-void ScriptedDesktop::clearClipboard() { record_({{"clipboard", ""}}); }
+void ScriptedDesktop::clearClipboard() { record_(Happened{"clipboard", ""}); }
 
 std::uint64_t ScriptedDesktop::activateWindow(const std::string& title) {
-  record_({{"activate", title}});
+  record_(Happened{"activate", title});
   return 0;
 }
 
 void ScriptedDesktop::runProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments) {
   startProgram(program, arguments);
-  record_({{"program", program.string()}});
+  record_(Happened{"program", program.string()});
 }
 
 void ScriptedDesktop::runTimers(std::optional<double> milliseconds) {

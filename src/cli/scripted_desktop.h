@@ -4,11 +4,11 @@
 
 #include <deque>
 #include <functional>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "cli/record.h"
 #include "platform/desktop.h"
 #include "platform/focus.h"
 #include "platform/timers.h"
@@ -16,14 +16,9 @@
 
 namespace noldarz {
 
-using Json = nlohmann::ordered_json;
-
 class ScriptedDesktop : public Desktop {
  public:
-  /// Takes each entry of the record as it happens.
-  using Record = std::function<void(const Json&)>;
-
-  explicit ScriptedDesktop(Record record)
+  explicit ScriptedDesktop(TakeEntry record)
       : record_(std::move(record)), timers_([this] { return now_; }, [](Field& timer) { timer.fire(Event::timer); }) {}
 
   /// Queues the reply to the next box ("yes", "no", "ok") or dialog ("ok", "cancel", a path).
@@ -68,7 +63,7 @@ class ScriptedDesktop : public Desktop {
   std::optional<std::string> nextReply();
   Reply unqueuedReply(const MessageBox& box) const;
 
-  Record record_;
+  TakeEntry record_;
   std::deque<std::string> replies_;
   std::function<Reply(const MessageBox&)> answerQuestion_;
   Pointer pointer_ = Pointer::standard;

@@ -8,6 +8,7 @@
 #include "platform/store/any_case.h"
 #include "platform/store/data_link.h"
 #include "platform/text.h"
+#include "platform/visible_text.h"
 #include "study/queries.h"
 
 namespace noldarz {

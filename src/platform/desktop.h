@@ -22,6 +22,8 @@ struct MessageBox {
   Buttons buttons = Buttons::ok;
   Reply defaultReply = Reply::ok;
   std::string title = "QUENDARIS";
+
+  bool operator==(const MessageBox&) const = default;
 };
 
 inline MessageBox information(std::string text) { return {std::move(text), Icon::information}; }

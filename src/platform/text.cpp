@@ -1,7 +1,6 @@
 #include "platform/text.h"
 
 #include <fmt/format.h>
-#include <unistr.h>
 
 #include <algorithm>
 #include <array>
@@ -96,11 +95,6 @@ std::int64_t roundedUnits(double value, std::size_t decimals) {
 }
 
 }  // namespace
-
-bool isPlainText(std::string_view bytes) noexcept {
-  return bytes.find('\0') == std::string_view::npos &&
-         u8_check(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()) == nullptr;
-}
 
 ParsedNumber parseNumber(std::string_view text) noexcept {
   std::string_view number = trimmed(text);

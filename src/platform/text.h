@@ -18,9 +18,6 @@ inline bool isOneOf(std::span<const std::string_view> vocabulary, std::string_vi
   return std::find(vocabulary.begin(), vocabulary.end(), text) != vocabulary.end();
 }
 
-/// Whether the bytes are a text: UTF-8 without a NUL.
-bool isPlainText(std::string_view bytes) noexcept;
-
 /// What a text reads as: a number, no number, or a number beyond the range of a double.
 struct ParsedNumber {
   enum class Outcome : unsigned char { number, notANumber, outOfRange };

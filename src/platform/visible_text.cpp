@@ -61,4 +61,9 @@ std::string escapedText(std::string_view quoted, Escapes escapes) {
   });
 }
 
+bool isPlainText(std::string_view bytes) noexcept {
+  return bytes.find('\0') == std::string_view::npos &&
+         u8_check(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()) == nullptr;
+}
+
 }  // namespace noldarz

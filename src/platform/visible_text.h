@@ -16,4 +16,7 @@ std::string visibleText(std::string_view text, std::string_view kept = {});
 enum class Escapes : unsigned char { json, toml };
 std::string escapedText(std::string_view quoted, Escapes escapes);
 
+/// Whether the bytes are a text: UTF-8 without a NUL.
+bool isPlainText(std::string_view bytes) noexcept;
+
 }  // namespace noldarz

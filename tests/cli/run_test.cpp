@@ -6,6 +6,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "cli/record_json.h"
 #include "support/test_study.h"
 
 namespace noldarz {
@@ -81,7 +82,7 @@ TEST(Run, scriptPrintsWhatTheReadmeShows) {
   const test::TestStudy study;
   std::string out;
   std::ostringstream errors;
-  ScriptSession session{[&](const Json& object) { out += jsonLine(object); }, study.folder.folders()};
+  ScriptSession session{[&](const RecordEntry& entry) { out += jsonLine(entry); }, study.folder.folders()};
   EXPECT_EQ(runScriptFile(session, NOLDARZ_SOURCE_DIR "/examples/study.script", "", errors), ExitStatus::done);
   EXPECT_EQ(out, shownInReadme("build/release/bin/noldarz-cli script --start site/start examples/study.script"));
 }

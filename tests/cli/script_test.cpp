@@ -6,6 +6,9 @@
 
 #include <sstream>
 
+#include "cli/record_json.h"
+#include "support/record.h"
+
 namespace noldarz {
 namespace {
 
@@ -17,7 +20,7 @@ struct Transcript {
 
 Transcript run(const std::string& script) {
   Transcript transcript;
-  ScriptSession session{[&](const Json& object) { transcript.out += jsonLine(object); }};
+  ScriptSession session{[&](const RecordEntry& entry) { transcript.out += jsonLine(entry); }};
   std::istringstream lines(script);
   std::ostringstream errors;
   transcript.status = runScript(session, lines, "test.script", errors);
@@ -166,22 +169,22 @@ TEST(Script, tableShowsAllCells) {
 }
 
 TEST(Script, countsBoxesFromTheHundredthInARowOn) {
-  std::vector<Json> record;
+  test::Record record;
   {
-    const FoldedBoxes fold{[&](const Json& entry) { record.push_back(entry); }};
-    const Json box{{"box", {{"text", "ppm should be Numeric"}}}};
-    const Json other{{"box", {{"text", "Variable error."}}}};
+    const FoldedBoxes fold{record.taker()};
+    const BoxShown box{critical("ppm should be Numeric"), "ok"};
+    const BoxShown other{critical("Variable error."), "ok"};
     for (int i = 0; i < 99; ++i) fold(box);
     fold(other);
     for (int i = 0; i < 5000; ++i) fold(box);
-    fold(Json{{"echo", "done"}});
+    fold(Printed{R"({"echo":"done"})"});
     for (int i = 0; i < 100; ++i) fold(other);
   }
   ASSERT_EQ(record.size(), 99U + 1 + 99 + 1 + 1 + 99 + 1);
-  EXPECT_FALSE(record[98].contains("times"));
-  EXPECT_EQ(record[199]["times"], 4901);
-  EXPECT_EQ(record[200]["echo"], "done");
-  EXPECT_EQ(record.back()["times"], 1);
+  EXPECT_EQ(std::get<BoxShown>(record[98]).times, 0);
+  EXPECT_EQ(std::get<BoxShown>(record[199]).times, 4901);
+  EXPECT_EQ(std::get<Printed>(record[200]).json, R"({"echo":"done"})");
+  EXPECT_TRUE(jsonLine(record.back()).ends_with("},\"times\":1}\n"));
 }
 
 }  // namespace

@@ -2,15 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include "cli/record_json.h"
 #include "cli/script_error.h"
 #include "platform/failure.h"
+#include "support/record.h"
 
 namespace noldarz {
 namespace {
 
 struct Desk {
-  std::vector<Json> record;
-  ScriptedDesktop desktop{[this](const Json& entry) { record.push_back(entry); }};
+  test::Record record;
+  ScriptedDesktop desktop{record.taker()};
   Views views;
   View view{views, "v", ""};
   Field& a = view.text("a");
@@ -34,7 +36,7 @@ TEST(ScriptedDesktop, focusRunsTheRulesOfBothFields) {
   EXPECT_TRUE(d.desktop.moveFocus(nullptr));
   EXPECT_EQ(d.events, "+a-a+b-b");
   ASSERT_EQ(d.record.size(), 1U);
-  EXPECT_EQ(d.record[0].dump(), R"({"focus":"v.b"})");
+  EXPECT_EQ(jsonLine(d.record[0]), "{\"focus\":\"v.b\"}\n");
 }
 
 TEST(ScriptedDesktop, ruleMayKeepTheFocusWithoutAFight) {
@@ -63,12 +65,13 @@ TEST(ScriptedDesktop, repliesComeFromTheQueueOrAreTheDefault) {
   EXPECT_EQ(d.desktop.messageBox(question), Reply::no);
   d.desktop.queueReply("yes");
   EXPECT_EQ(d.desktop.messageBox(question), Reply::yes);
-  EXPECT_EQ(d.record[1].dump(),
+  EXPECT_EQ(jsonLine(d.record[1]),
             R"({"box":{"title":"QUENDARIS","text":"go on?","icon":"information","buttons":"yesno",)"
-            R"("default":"no","reply":"yes"}})");
+            R"("default":"no","reply":"yes"}})"
+            "\n");
   d.desktop.queueReply("ok");
   EXPECT_THROW(d.desktop.messageBox(question), ScriptError);
-  EXPECT_EQ(d.record[2]["box"]["reply"], "ok");  // on the record all the same
+  EXPECT_EQ(std::get<BoxShown>(d.record[2]).reply, "ok");  // on the record all the same
   d.desktop.queueReply("yes");
   EXPECT_THROW(d.desktop.messageBox(critical("stop")), ScriptError);
 }
@@ -79,12 +82,14 @@ TEST(ScriptedDesktop, dialogsTakeAPathOrAreCancelled) {
   EXPECT_THROW(d.desktop.fileDialog(dialog), RuntimeFailure);
   d.desktop.queueReply("a b.bmp");
   EXPECT_EQ(d.desktop.fileDialog(dialog), "a b.bmp");
-  EXPECT_EQ(d.record[1].dump(),
+  EXPECT_EQ(jsonLine(d.record[1]),
             R"({"dialog":{"kind":"save","title":"Save","filter":"*.bmp","name":"Picture","extension":"bmp",)"
-            R"("reply":"a b.bmp"}})");
+            R"("reply":"a b.bmp"}})"
+            "\n");
   EXPECT_THROW(d.desktop.printerDialog(), RuntimeFailure);
   d.desktop.queueReply("ok");
   EXPECT_NO_THROW(d.desktop.printerDialog());
+  EXPECT_EQ(jsonLine(d.record.back()), "{\"dialog\":{\"kind\":\"printer\",\"reply\":\"ok\"}}\n");
 }
 
 TEST(ScriptedDesktop, timersFireInOrderOfTheirDueTime) {

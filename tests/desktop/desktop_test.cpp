@@ -68,10 +68,7 @@ TEST_P(DesktopScript, givesTheTextsThatItGivesWithoutAScreen) {
     if (field.locked() && field.isNumeric() && field.number() > 0) ++numbers;
   }
   EXPECT_GT(numbers, 20);
-  Texts boxes;
-  for (const Json& entry : scripted.record)
-    if (entry.contains("box")) boxes.push_back(entry["box"]["text"]);
-  EXPECT_EQ(user.boxes, boxes);
+  EXPECT_EQ(user.boxes, scripted.record.boxes());
 }
 
 INSTANTIATE_TEST_SUITE_P(Examples, DesktopScript,

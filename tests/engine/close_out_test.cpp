@@ -49,10 +49,7 @@ TEST(CloseOut, asksForALevelWithANegativeLengthAndStillWritesTheRow) {
   study.field("constn(5)").setBackColour(mine);
   compute(study);  // the last but one level ends past 3000 m
   ASSERT_LT(study.field("isoplngt(4)").number(), 0);
-  std::vector<std::string> boxes;
-  for (const Json& entry : study.record)
-    if (entry.contains("box")) boxes.push_back(entry["box"]["text"]);
-  EXPECT_EQ(boxes.back(), "Reset concentration TEEL1:\nNote:Enter concentration < 0.5");
+  EXPECT_EQ(study.record.boxes().back(), "Reset concentration TEEL1:\nNote:Enter concentration < 0.5");
   EXPECT_EQ(study.field("constn(3)").backColour(), Colour{SystemColour::windowBackground});
   EXPECT_EQ(study.field("constn(4)").backColour(), attentionColour);
   EXPECT_TRUE(study.field("constn(4)").enabled());

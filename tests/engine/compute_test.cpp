@@ -37,10 +37,7 @@ TEST(Compute, secondPressClosesTheLevelsForGood) {
   EXPECT_TRUE(system.field("prntprv").enabled());
   EXPECT_EQ(system.text("comput"), "Concentration distances computed.");
   // The list of outputs takes the focus and opens, in this order.
-  std::vector<std::string> order;
-  for (const Json& entry : system.record)
-    order.push_back(entry.begin().key() + " " + entry.begin().value().get<std::string>());
-  EXPECT_EQ(order, (std::vector<std::string>{"focus dspmnfrm.prntprv", "dropDown dspmnfrm.prntprv"}));
+  EXPECT_EQ(system.record.lines(), (Texts{"focus dspmnfrm.prntprv", "dropDown dspmnfrm.prntprv"}));
 }
 
 TEST(Compute, waitViewLivesAsLongAsThePress) {
@@ -113,7 +110,7 @@ TEST(Compute, asksTheRoomsAboveInOrderAlsoWhenTheyFail) {
   for (const bool failing : {false, true}) {
     RecordingEffects effects;
     effects.failing = failing;
-    ScriptedDesktop desktop{[](const Json&) {}};
+    ScriptedDesktop desktop{[](const RecordEntry&) {}};
     const PressPorts rooms{&effects, &effects};
     System system{desktop, Folders{}, &rooms};
     MainView& main = system.mainView();

@@ -3,6 +3,7 @@
 
 #include "engine/level_passes.h"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include "support/test_system.h"
@@ -37,15 +38,11 @@ TEST_F(LevelPassesTest, refuseLevelsThatAreOutOfOrder) {
     system.session.desktop().forgetFields();  // the focus is in no level of the case before
     system.setLevels(levels);
     system.press();
-    const auto boxes = system.record;
-    ASSERT_EQ(boxes.size(), 2U);
-    EXPECT_EQ(boxes[0]["box"]["text"],
-              "1. Concentration should be >0 and in descending order.\n"
-              "2. Concentrations (ppm) should be < Maximum Isop concentration (ppm) ");
-    EXPECT_EQ(boxes[0]["box"]["icon"], "critical");
-    EXPECT_EQ(boxes[0]["box"]["title"], "QUENDARIS");
     const std::string index = "(" + std::to_string(marked) + ")";
-    EXPECT_EQ(boxes[1]["focus"], "dspmnfrm.constn" + index);
+    EXPECT_EQ(system.record.lines(),
+              (Texts{"critical: 1. Concentration should be >0 and in descending order.\n"
+                     "2. Concentrations (ppm) should be < Maximum Isop concentration (ppm) ",
+                     "focus dspmnfrm.constn" + index}));
     for (const char* name : {"bgnpt", "endpt", "isoplngt", "isopwdth", "isopang", "distmaxisop", "isoparea"})
       EXPECT_EQ(system.text(name + index), "Input Err.");
     for (int i = 0; i < levelCount; ++i) EXPECT_TRUE(system.main().level.constn[i].enabled());
@@ -62,15 +59,14 @@ TEST_F(LevelPassesTest, refuseLevelsThatAreOutOfOrder) {
 TEST_F(LevelPassesTest, askAboutALevelThatReachesPastTheDistance) {
   system.setLevels({"100", "50", "20", "10", "5", "0.05"});
   system.press();
-  std::vector<Json> questions;
-  for (const Json& entry : system.record)
-    if (entry.contains("box") && entry["box"]["buttons"] == "yesno") questions.push_back(entry["box"]);
-  ASSERT_EQ(questions.size(), 1U);
-  EXPECT_EQ(questions[0]["text"],
-            "Concentration in ppm  > 10000 m \nWish to simulate beyond 10000 m \n"
-            " NOTE : You can Reset concentration TEEL0:\nEnter concentration > 0.05");
-  EXPECT_EQ(questions[0]["default"], "no");
-  EXPECT_EQ(questions[0]["icon"], "information");
+  Texts questions = system.record.boxes([](const BoxShown& shown) {
+    if (shown.box.buttons == Buttons::ok) return std::string{};
+    return fmt::format("{}, {}: {}", iconName(shown.box.icon), replyName(shown.box.defaultReply), shown.box.text);
+  });
+  std::erase(questions, "");
+  EXPECT_EQ(questions,
+            Texts{"information, no: Concentration in ppm  > 10000 m \nWish to simulate beyond 10000 m \n"
+                  " NOTE : You can Reset concentration TEEL0:\nEnter concentration > 0.05"});
   EXPECT_EQ(system.text("isoparea(5)"), ">10000");
   EXPECT_FALSE(system.field("comput").enabled());
   EXPECT_TRUE(system.field("constn(5)").enabled());
@@ -156,7 +152,7 @@ TEST_F(LevelPassesTest, aLevelThatIsNoNumberIsRefusedWithOneBox) {
     other.setLevels(levels);
     other.takeBoxes();
     other.press();
-    EXPECT_EQ(other.record.back().dump(), R"({"focus":"dspmnfrm.constn()" + std::to_string(bad) + ")\"}") << level;
+    EXPECT_EQ(other.record.lines().back(), "focus dspmnfrm.constn(" + std::to_string(bad) + ")") << level;
     EXPECT_EQ(other.takeBoxes().size(), 1U) << level;
     const LevelFields& fields = other.main().level;
     for (int i = 0; i < levelCount; ++i) {

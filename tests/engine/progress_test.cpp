@@ -8,7 +8,7 @@ namespace noldarz::test {
 namespace {
 
 struct Wait {
-  ScriptedDesktop desktop{[](const Json&) {}};
+  ScriptedDesktop desktop{[](const RecordEntry&) {}};
   Views views;
   MainView main{views};
   RunState state;

@@ -25,12 +25,7 @@ struct HeldStudy : TestStudy {
   }
   void letGo() { other.reset(); }
   bool tellsTheLock() { return status().find("is held by another program") != std::string::npos; }
-  Texts boxes() const {
-    Texts texts;
-    for (const Json& entry : record)
-      if (entry.contains("box")) texts.push_back(entry["box"]["text"]);
-    return texts;
-  }
+  Texts boxes() const { return record.boxes(); }
 
   std::unique_ptr<Database> other;
 };

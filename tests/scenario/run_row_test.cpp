@@ -152,9 +152,7 @@ TEST(RunRow, isThatOfTheUsersLastStepWhateverHeDoesNext) {
     TestStudy study;
     study.run("start\n" + std::string{acts});
     EXPECT_EQ(study.rows(all), rows) << acts;
-    EXPECT_EQ(std::count_if(study.record.begin(), study.record.end(), [](const Json& e) { return e.contains("box"); }),
-              boxes)
-        << acts;
+    EXPECT_EQ(study.record.boxes().size(), boxes) << acts;
   }
 }
 
@@ -170,7 +168,7 @@ TEST(RunRow, takesNamesThatLookLikePartsOfAQuery) {
   TestStudy study;
   for (const char* name : {"Pump group by pass", "a;b--c", "[x] \\\"y\\\" % _", "Größe"}) {
     study.run((study.record.empty() ? "start\n" : "") + ("enter scnrotxtlbl \"" + std::string{name}) + "\"\nwait");
-    study.record.push_back({});
+    study.record.push_back(Printed{});
     const std::string typed = study.text("scnrotxtlbl");
     EXPECT_EQ(study.runs(), Texts{"Torn transfer hoseHW-1D|" + typed + "|D"});
     EXPECT_EQ(study.status(), "Stored: run name \"" + typed + "\". Run \"" + typed + "\" found.");

@@ -13,6 +13,7 @@
 #include "cli/study.h"
 #include "platform/store/recordset.h"
 #include "study/layout.h"
+#include "support/record.h"
 #include "support/test_system.h"
 
 namespace noldarz::test {
@@ -96,7 +97,7 @@ class TestStudy {
   void open() {
     session.reset();
     fs::current_path(folder / "start");
-    session = std::make_unique<ScriptSession>([this](const Json& entry) { record.push_back(entry); }, folder.folders());
+    session = std::make_unique<ScriptSession>(record.taker(), folder.folders());
   }
   void run(const std::string& lines) {
     std::istringstream stream(lines);
@@ -131,7 +132,7 @@ class TestStudy {
   void execute(const std::string& statements) const { changeFromOutside(folder.study(), statements); }
 
   TestFolder folder;
-  std::vector<Json> record;
+  Record record;
   std::unique_ptr<ScriptSession> session;
 };
 
@@ -148,7 +149,5 @@ enter constn(5) 0.25
 click comput
 )");
 }
-
-using Texts = std::vector<std::string>;
 
 }  // namespace noldarz::test

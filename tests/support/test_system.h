@@ -6,13 +6,14 @@
 #include <vector>
 
 #include "cli/script.h"
+#include "support/record.h"
 
 namespace noldarz::test {
 
 class TestSystem {
  public:
   /// Without a study, and with nothing of the user who runs the tests.
-  TestSystem() : session([this](const Json& entry) { record.push_back(entry); }, Folders{"/", "/", "/"}) {}
+  TestSystem() : session(record.taker(), Folders{"/", "/", "/"}) {}
 
   Field& field(const std::string& name) {
     Field* found = session.system().mainView().view.find(name);
@@ -44,15 +45,13 @@ class TestSystem {
   const RunState& state() { return session.system().state(); }
 
   /// Texts of the boxes since the last call.
-  std::vector<std::string> takeBoxes() {
-    std::vector<std::string> texts;
-    for (const Json& entry : record)
-      if (entry.contains("box")) texts.push_back(entry["box"]["text"]);
+  Texts takeBoxes() {
+    Texts texts = record.boxes();
     record.clear();
     return texts;
   }
 
-  std::vector<Json> record;
+  Record record;
   ScriptSession session;
 };
 

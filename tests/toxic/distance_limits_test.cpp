@@ -78,10 +78,10 @@ TEST(DistanceLimits, areEndPointsByLethalConcentration) {
   EXPECT_EQ(study.stored(), study.row());
   EXPECT_GT(study.state().ftlLimit, 0);  // the search has run with the option on
   study.run("setting noldarz FatltyInjryDistOptnStr FatltyInjryDistOptnStr1");
-  EXPECT_EQ(study.record.back()["value"], "0");
+  EXPECT_TRUE(study.record.printed().ends_with(R"("value":"0"})"));
 
   study.run("check MaxFtlyDstOptn\nsetting noldarz FatltyInjryDistOptnStr FatltyInjryDistOptnStr1");
-  EXPECT_EQ(study.record.back()["value"], "1");
+  EXPECT_TRUE(study.record.printed().ends_with(R"("value":"1"})"));
   EXPECT_EQ(study.text("FatatyDistDsplyLbl"), "Fatality dist. limit: " + plainText(study.state().ftlLimit) + " m");
   EXPECT_EQ(study.row(), plainText(study.state().ftlLimit) + "|" + plainText(study.state().injLimit));
 }
@@ -119,7 +119,7 @@ TEST(DistanceLimits, goBackToTheChosenWayWhenTheSearchFails) {
   EXPECT_EQ(study.state().injLimit, 0);
   EXPECT_TRUE(study.field("prntprv").enabled());
   study.run("setting noldarz FatltyInjryDistOptnStr FatltyInjryDistOptnStr1");
-  EXPECT_EQ(study.record.back()["value"], "0");
+  EXPECT_TRUE(study.record.printed().ends_with(R"("value":"0"})"));
 }
 
 TEST(DistanceLimits, areSearchedForAtEveryPressBehindTheWaitView) {

@@ -48,12 +48,7 @@ struct Study : TestStudy {
   std::string stored() { return rows("SELECT prbtoptn, avalftl, nvalftl, avalinj, nvalinj FROM maimTbl4All").at(0); }
   /// Texts of the boxes, and the fields to which the program moved the focus, since the last call.
   Texts told() {
-    Texts lines;
-    for (const Json& entry : record) {
-      if (entry.contains("box"))
-        lines.push_back(entry["box"]["icon"].get<std::string>() + ": " + entry["box"]["text"].get<std::string>());
-      if (entry.contains("focus")) lines.push_back(entry["focus"]);
-    }
+    const Texts lines = record.lines();
     record.clear();
     return lines;
   }
@@ -139,7 +134,7 @@ TEST(ProbitConstants, refuseATextThatIsNoNumberAtTheFieldThatWasLeft) {
   study.told();
   study.run("enter nvalinj 1.5");
   const std::string box = "critical: Should be Numeric";
-  EXPECT_EQ(study.told(), (Texts{box, "dspmnfrm.nvalinj", box, "dspmnfrm.nvalinj"}));
+  EXPECT_EQ(study.told(), (Texts{box, "focus dspmnfrm.nvalinj", box, "focus dspmnfrm.nvalinj"}));
   for (const char* field : {"avalftl", "nvalftl"}) EXPECT_EQ(study.field(field).fault(), "Should be Numeric");
   EXPECT_EQ(study.field("nvalinj").fault(), "");
   EXPECT_EQ(study.base(), (Texts{"-15.85", "2", "-8.48", "1.5"}));
@@ -187,7 +182,7 @@ TEST(ProbitConstants, refuseAHumidityThatIsNone) {
   for (const auto& [entered, box, left] : cases) {
     study.told();
     study.run(std::string{"enter hudityTxt "} + entered);
-    EXPECT_EQ(study.told(), (Texts{box, "dspmnfrm.hudityTxt"})) << entered;
+    EXPECT_EQ(study.told(), (Texts{box, "focus dspmnfrm.hudityTxt"})) << entered;
     EXPECT_EQ(study.text("hudityTxt"), left);
     EXPECT_EQ(study.text("avalftl"), "-16.25");
     EXPECT_EQ(study.rows("SELECT Hmudy FROM maimTbl4All"), Texts{"45"});

@@ -1,5 +1,7 @@
 #include "platform/store/connection.h"
 
+#include <sqlite3.h>
+
 #include <algorithm>
 #include <array>
 #include <string_view>

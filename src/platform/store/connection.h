@@ -7,6 +7,8 @@
 
 #include "platform/store/study_vfs.h"
 
+struct sqlite3;
+
 namespace noldarz {
 
 class Connection {

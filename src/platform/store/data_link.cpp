@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/visible_text.h"
+
 namespace noldarz {
 
 void DataLink::bind(Field& field, std::string column, Accepts accepts, std::string words) {

@@ -1,5 +1,7 @@
 #include "platform/store/database.h"
 
+#include <sqlite3.h>
+
 #include <fmt/format.h>
 #include <sys/stat.h>
 
@@ -80,6 +82,12 @@ bool Statement::step() {
   if (result != SQLITE_ROW && result != SQLITE_DONE) database_.failWith(result);
   return result == SQLITE_ROW;
 }
+
+int Statement::columnCount() const { return sqlite3_column_count(handle_.get()); }
+
+bool Statement::isBlob(int column) const { return sqlite3_column_type(handle_.get(), column) == SQLITE_BLOB; }
+
+void Statement::reset() { sqlite3_reset(handle_.get()); }
 
 Cell Statement::cell(int column) const {
   switch (sqlite3_column_type(handle(), column)) {

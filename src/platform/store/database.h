@@ -14,6 +14,8 @@
 #include "platform/store/connection.h"
 #include "platform/store/layout.h"
 
+struct sqlite3_stmt;
+
 namespace noldarz {
 
 class Database;
@@ -28,12 +30,12 @@ class Statement {
   void bind(int parameter, const Cell& value);
   /// The next row; false behind the last.
   bool step();
-  int columnCount() const { return sqlite3_column_count(handle_.get()); }
+  int columnCount() const;
   /// A cell of the row; bytes that are no text as if they were one.
   Cell cell(int column) const;
-  bool isBlob(int column) const { return sqlite3_column_type(handle_.get(), column) == SQLITE_BLOB; }
+  bool isBlob(int column) const;
   /// Back in front of the first row, for other values.
-  void reset() { sqlite3_reset(handle_.get()); }
+  void reset();
   sqlite3_stmt* handle() const { return handle_.get(); }
 
  private:

@@ -1,5 +1,7 @@
 #include "platform/store/recordset.h"
 
+#include <sqlite3.h>
+
 #include <fmt/format.h>
 
 #include <algorithm>

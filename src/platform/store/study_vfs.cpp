@@ -1,5 +1,6 @@
 #include "platform/store/study_vfs.h"
 
+#include <sqlite3.h>
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -39,18 +40,18 @@ std::string faultOfSideFile(const std::string& file, std::string_view suffix) {
 
 }  // namespace
 
-StudyVfs::StudyVfs() : default_(*sqlite3_vfs_find(nullptr)), vfs_(default_) {
+StudyVfs::StudyVfs() : default_(*sqlite3_vfs_find(nullptr)), vfs_(std::make_unique<sqlite3_vfs>(default_)) {
   name_ = "study " + std::to_string(reinterpret_cast<std::uintptr_t>(this));
-  vfs_.zName = name_.c_str();
-  vfs_.pAppData = this;
-  vfs_.pNext = nullptr;
-  vfs_.xOpen = open;
-  vfs_.xDelete = remove;
-  vfs_.xAccess = access;
-  sqlite3_vfs_register(&vfs_, 0);
+  vfs_->zName = name_.c_str();
+  vfs_->pAppData = this;
+  vfs_->pNext = nullptr;
+  vfs_->xOpen = open;
+  vfs_->xDelete = remove;
+  vfs_->xAccess = access;
+  sqlite3_vfs_register(vfs_.get(), 0);
 }
 
-StudyVfs::~StudyVfs() { sqlite3_vfs_unregister(&vfs_); }
+StudyVfs::~StudyVfs() { sqlite3_vfs_unregister(vfs_.get()); }
 
 bool StudyVfs::permits(const char* name) {
   const std::string_view file{name};

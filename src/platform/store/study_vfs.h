@@ -4,10 +4,12 @@
 // is a link or no regular file, or that belongs to a change of several files.
 #pragma once
 
-#include <sqlite3.h>
-
+#include <memory>
 #include <string>
 #include <utility>
+
+struct sqlite3_file;
+struct sqlite3_vfs;
 
 namespace noldarz {
 
@@ -35,7 +37,7 @@ class StudyVfs {
   std::string name_;
   std::string study_;  ///< full path, once it is open
   std::string fault_;
-  sqlite3_vfs vfs_;
+  std::unique_ptr<sqlite3_vfs> vfs_;
 };
 
 }  // namespace noldarz

@@ -162,7 +162,7 @@ TEST(Stranger, getsNothingDoneByAQuery) {
     EXPECT_THROW(study.run("rows \"" + std::string{query} + "\""), std::logic_error) << query;
   EXPECT_EQ(readFile(study.folder.study()), before);
   study.run("rows \"SELECT upper(OrgName), count(*) FROM Orgtn\"");
-  EXPECT_EQ(study.record.back()["rows"][0][0], "HARBOUR WATER WORKS");
+  EXPECT_NE(study.record.printed().find(R"([["HARBOUR WATER WORKS",)"), std::string::npos);
 }
 
 TEST(Stranger, isGivenUpWhenItComputesForLong) {

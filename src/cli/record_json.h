@@ -1,0 +1,22 @@
+// The record of a script as JSON, one object a line. The script front and `run --json` print it.
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "cli/record.h"
+
+namespace noldarz {
+
+using Json = nlohmann::ordered_json;
+
+Json boxJson(const BoxShown& shown);
+
+/// The object as text; a byte that is no UTF-8 is replaced.
+std::string dumped(const Json& object);
+
+/// One line.
+std::string jsonLine(const Json& object);
+std::string jsonLine(const RecordEntry& entry);
+
+}  // namespace noldarz

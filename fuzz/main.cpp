@@ -57,7 +57,7 @@ int main(int argc, char** argv) try {
     record.seekp(0);
     record << seed << std::endl;
     alarm(longestCase);
-    Chance chance{seed++};
+    noldarz::Chance chance{seed++};
     target->run(chance);
   } while (Clock::now() < end);
   std::cout << name << ": " << seed - first << " cases\n";

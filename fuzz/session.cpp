@@ -6,6 +6,7 @@
 #include "cli/script_error.h"
 #include "cli/study.h"
 #include "platform/store/recordset.h"
+#include "support/figures.h"
 #include "targets.h"
 
 namespace noldarz::fuzz {
@@ -57,15 +58,6 @@ std::string anyAction(Chance& chance, View& view) {
   }
 }
 
-void expectNumbersAndMarks(View& view) {
-  for (const Field& field : view.fields()) {
-    const std::string& text = field.text();
-    const bool known = !field.locked() || field.isNumeric() || text == "N.A." || text == "Input Err." ||
-                       text == "Mass = 0" || text.starts_with('>');
-    demand(known, field.name() + " holds " + text);
-  }
-}
-
 bool sameFigure(const std::string& cell, const std::string& text) {
   return isNumeric(cell) && isNumeric(text) ? strictNumber(cell) == strictNumber(text) : cell == text;
 }
@@ -106,7 +98,8 @@ void useProgram(Chance& chance) {
       if (line == "click comput") expectStored(session.system());
     } catch (const ScriptError&) {  // the screen would not let him
     }
-    expectNumbersAndMarks(view);
+    const std::string fault = faultOfFigures(view);
+    demand(fault.empty(), fault);
   }
   if (view.loaded()) view.close();
   std::ostringstream out;

@@ -3,35 +3,21 @@
 #pragma once
 
 #include <filesystem>
-#include <random>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "support/chance.h"
+
 namespace noldarz::fuzz {
 
 namespace fs = std::filesystem;
 
-class Chance {
- public:
-  explicit Chance(unsigned seed) : random_(seed) {}
-  /// 0 to below - 1.
-  std::size_t below(std::size_t count) { return std::uniform_int_distribution<std::size_t>{0, count - 1}(random_); }
-  bool once(std::size_t in) { return below(in) == 0; }
-  template <class Range>
-  const auto& oneOf(const Range& range) {
-    return range[below(std::size(range))];
-  }
-
- private:
-  std::mt19937 random_;
-};
-
 /// A text as a careless or hostile hand enters it: numbers, near-numbers, marks, bytes.
 std::string anyText(Chance& chance);
 /// The text with pieces lost, doubled, exchanged or replaced.
-std::string damaged(std::string text, Chance& chance);
+std::string mangled(std::string text, Chance& chance);
 
 /// A folder for the life of the fuzzer.
 const std::filesystem::path& scratch();

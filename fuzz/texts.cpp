@@ -45,7 +45,7 @@ std::string anyText(Chance& chance) {
   return text;
 }
 
-std::string damaged(std::string text, Chance& chance) {
+std::string mangled(std::string text, Chance& chance) {
   for (std::size_t count = 1 + chance.below(4); count > 0 && !text.empty(); --count) {
     const std::size_t at = chance.below(text.size());
     const std::size_t length = chance.below(std::min<std::size_t>(text.size() - at, 30) + 1);
@@ -86,7 +86,7 @@ void readScript(Chance& chance) {
   }();
   ScriptSession session{[](const RecordEntry& entry) { jsonLine(entry); }, Folders{scratch(), scratch(), scratch()}};
   for (std::size_t count = 1 + chance.below(30); count > 0; --count) {
-    const std::string line = chance.once(3) ? damaged(chance.oneOf(lines), chance) : chance.oneOf(lines);
+    const std::string line = chance.once(3) ? mangled(chance.oneOf(lines), chance) : chance.oneOf(lines);
     try {
       session.runLine(line);
     } catch (const ScriptError&) {  // told to the user
@@ -99,7 +99,7 @@ void readStudyText(Chance& chance) {
                                               fileText(NOLDARZ_SOURCE_DIR "/examples/studies/chlorine.toml")};
   const fs::path source = scratch() / "study.toml";
   const fs::path study = scratch() / "made.mdb";
-  std::ofstream(source, std::ios::binary | std::ios::trunc) << damaged(chance.oneOf(texts), chance);
+  std::ofstream(source, std::ios::binary | std::ios::trunc) << mangled(chance.oneOf(texts), chance);
   std::ostringstream errors;
   const ExitStatus made = createStudy(study, source, true, errors);
   demand((made == ExitStatus::done) == errors.str().empty(), "made and reported: " + errors.str());
@@ -137,17 +137,17 @@ void openStranger(Chance& chance) {
   sqlite3* handle = nullptr;
   sqlite3_open(study.c_str(), &handle);
   for (std::size_t count = chance.below(4); count > 0; --count)
-    sqlite3_exec(handle, damaged(chance.oneOf(schema), chance).c_str(), nullptr, nullptr, nullptr);
+    sqlite3_exec(handle, mangled(chance.oneOf(schema), chance).c_str(), nullptr, nullptr, nullptr);
   sqlite3_exec(handle, chance.oneOf(schema).c_str(), nullptr, nullptr, nullptr);
   sqlite3_close(handle);
-  if (chance.once(2)) std::ofstream(study, std::ios::binary | std::ios::in) << damaged(fileText(study), chance);
+  if (chance.once(2)) std::ofstream(study, std::ios::binary | std::ios::in) << mangled(fileText(study), chance);
   if (chance.once(2)) {
     std::string journal = magic + std::string("\0\0\0\0\0\0\0\1\0\0\0\x9\0\0\2\0\0\0\x10\0", 20);
     journal.resize(512);
     journal += std::string(4, '\1') + name + std::string{0, 0, 0, static_cast<char>(name.size())} +
                std::string(4, '\0') + magic;
     std::ofstream(study.string() + (chance.once(4) ? "-wal" : "-journal"), std::ios::binary)
-        << (chance.once(2) ? damaged(journal, chance) : journal);
+        << (chance.once(2) ? mangled(journal, chance) : journal);
   }
   std::ofstream(canary) << "as it was";
   std::ostringstream out;
@@ -177,7 +177,7 @@ void runQuery(Chance& chance) {
     return std::make_shared<Database>(study, studyLayout());
   }();
   try {
-    Recordset found{database, damaged(chance.oneOf(queries), chance)};
+    Recordset found{database, mangled(chance.oneOf(queries), chance)};
     for (int rows = 0; !found.eof() && rows < 20; found.moveNext(), ++rows)
       for (int i = 0; i < static_cast<int>(found.columns().size()); ++i) textOf(found.value(i));
     if (!chance.once(3)) return;

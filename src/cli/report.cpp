@@ -238,12 +238,6 @@ void Messages::add(const BoxShown& box) {
 }
 
 ReportTable probitTable(const RunState& state, const std::vector<std::string>& densities) {
-  Views views;
-  View view{views, "table", ""};
-  const ReportCells cells{view};
-  const DensityFields density{view};
-  for (int i = 0; i < cells.Prbttxt1.size(); ++i)
-    cells.Prbttxt1[i].setCaption(cellText(state.prbtTable.at(static_cast<std::size_t>(i))));
   ReportTable table{"probitTable",
                     "Fatality and injury",
                     {{"distance", "Distance", "", "m"},
@@ -253,19 +247,21 @@ ReportTable probitTable(const RunState& state, const std::vector<std::string>& d
                      {"concRow", "Conc.", "", "ppm"},
                      {"doseRow", "Dose", "", "mg"}},
                     {}};
+  RingDensities density;
+  std::copy(densities.begin(), densities.end(), density.begin());
   if (!densities.empty()) {
     table.columns.push_back({"Absftltxt", "Fatality No.", "", ""});
     table.columns.push_back({"AbsInjtxt", "Injury No.", "", ""});
-    for (int i = 0; i < density.populatndnsty.size(); ++i)
-      density.populatndnsty[i].setText(densities.at(static_cast<std::size_t>(i)));
   }
-  for (int row = 0; row < tableRows; ++row) {
-    auto& texts = table.rows.emplace_back();
-    for (int i = 0; i < rowCells; ++i) texts.push_back(cells.Prbttxt1[row * rowCells + i].caption());
+  for (std::size_t row = 0; row < tableRows; ++row) {
+    RowTexts cells;
+    for (std::size_t i = 0; i < cells.size(); ++i) cells[i] = cellText(state.prbtTable.at(row * rowCells + i));
+    auto& texts = table.rows.emplace_back(cells.begin(), cells.end());
     if (densities.empty()) continue;
-    absRow(row, cells, density);
-    texts.push_back(cells.Absftltxt[row].caption());
-    texts.push_back(cells.AbsInjtxt[row].caption());
+    std::string dead;
+    std::string hurt;
+    absRow(cells, density, dead, hurt);
+    texts.insert(texts.end(), {dead, hurt});
   }
   return table;
 }

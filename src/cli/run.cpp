@@ -12,6 +12,7 @@
 #include <stdexcept>
 
 #include "platform/visible_text.h"
+#include "toxic/absolute_numbers.h"
 #include "toxic/distance_limits.h"
 
 namespace noldarz {

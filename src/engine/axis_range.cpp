@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "engine/constants.h"
 #include "platform/failure.h"
 
 namespace noldarz {
@@ -12,8 +13,6 @@ namespace {
 /// Concentration (ppm) down to which the exponentials keep their digits: below it one of them may underflow, and the
 /// concentration goes up and down by its last digit.
 constexpr double leastConc = 1e-280;
-
-double square(double value) { return value * value; }
 
 /// d ln(C) / d ln(x) from the exponents and the reflection at the ground.
 void boundExponent(const Source& source, AxisRange& range) {

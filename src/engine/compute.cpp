@@ -1,5 +1,6 @@
 #include "engine/compute.h"
 
+#include "engine/constants.h"
 #include "platform/failure.h"
 #include "platform/text.h"
 
@@ -7,8 +8,7 @@ namespace noldarz {
 
 namespace {
 
-constexpr double firstStep = 0.5;     // m
-constexpr double rootOfTwo = 1.4142;  // these digits
+constexpr double firstStep = 0.5;  // m
 constexpr Colour secondPressColour = Colour::fromScreen(0xFFFF80);
 
 }  // namespace

@@ -2,20 +2,14 @@
 
 #include <cmath>
 
+#include "engine/constants.h"
 #include "platform/failure.h"
 
 namespace noldarz {
 
 namespace {
 
-constexpr double twoPi = 6.28318;  // these digits, not a more exact value
 const double twoPiToThreeHalves = std::pow(twoPi, 1.5);
-constexpr double gasConstant = 0.08205;  // l atm / (mol K)
-constexpr double gramsPerKilogram = 1000;
-constexpr double ppmOfLitres = 1000;         // 1e6 ppm / 1000 l/m3: g/m3 to ppm, with gasConstant * T / M
-constexpr double groundFactor = 8.55118538;  // stands for pi * e = 8.53973
-
-double square(double value) { return value * value; }
 
 /// exp(-t) for t from 0 up; below 1e-8 the two terms of its series are exact in a double.
 double decay(double t) { return t < 1e-8 ? 1 - t : std::exp(-t); }

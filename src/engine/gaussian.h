@@ -4,17 +4,12 @@
 
 #include <cstdint>
 
+#include "engine/constants.h"
+
 namespace noldarz {
 
 /// "PLUME", "POOL" and "PUFF"; "POOL" differs from "PLUME" nowhere in the engine. `none`: any other text.
 enum class Release : std::int8_t { none = -1, plume, pool, puff };
-
-/// Absolute temperature of the isopleth tests and of all point evaluations (K); only the search for the peak and the
-/// maximum ground concentration take the temperature of the release.
-inline constexpr double isoplethTemperature = 300;
-
-/// Lateral distance of the point that is looked at on the axis (m).
-inline constexpr double offAxis = 0.00001;
 
 /// A release in the wind.
 struct Source {

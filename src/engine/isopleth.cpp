@@ -4,20 +4,14 @@
 #include <cmath>
 #include <optional>
 
+#include "engine/constants.h"
 #include "platform/text.h"
 
 namespace noldarz {
 
 namespace {
 
-constexpr double degreesPerRadian = 57.29;  // these digits, not 180 / pi
-constexpr double pi = 3.14159;              // these digits
-constexpr double hectaresPerSquareMetre = 0.0001;
 constexpr double smallestAreaInThreeDecimals = 0.001;  // Ha
-
-constexpr double ellipsoidFactor = 4.1877;  // 4/3 pi, with these digits
-constexpr double airDensity = 1.2928;       // kg/m3 at 0 deg C
-constexpr double poundsPerGram = 0.002204634;
 
 }  // namespace
 
@@ -94,7 +88,7 @@ double Isopleth::levelVolume(int level) const {
 double Isopleth::levelDensity(int level) const {
   const double c = sees_.level.constn[level].number();
   const double v = sees_.in.vapordnstytxt.number();
-  return (airDensity * v * c) / 1000000 + (1 - c / 1000000) * airDensity;
+  return (airDensity * v * c) / purePpm + (1 - c / purePpm) * airDensity;
 }
 
 bool Isopleth::captionIn(int level, std::initializer_list<std::string_view> texts) const {

@@ -70,7 +70,7 @@ class PlumeModel {
 
   Release release() { return inputs_().release; }
   /// Absolute temperature of the release (K): the number in `tempStore` + 273.
-  double releaseTemperature() { return inputs_().Tc.number() + 273; }
+  double releaseTemperature() { return inputs_().Tc.number() + zeroCelsius; }
 
  private:
   /// The release as the formulas take it, from the inputs and the state of the press.

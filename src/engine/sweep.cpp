@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "engine/constants.h"
 #include "platform/failure.h"
 #include "platform/text.h"
 
@@ -9,7 +10,6 @@ namespace noldarz {
 
 namespace {
 
-constexpr double purePpm = 1000000;         // a concentration can't be higher
 constexpr double shownBelowPeak = 0.05;     // share by which the shown maximum stands below the peak
 constexpr double reportedDistance = 10000;  // m, from which a sweep reports that it went so far
 

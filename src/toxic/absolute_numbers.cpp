@@ -1,7 +1,5 @@
 #include "toxic/absolute_numbers.h"
 
-#include <array>
-
 #include "platform/failure.h"
 #include "platform/text.h"
 
@@ -12,24 +10,25 @@ namespace {
 // Outer ends of the rings, closed (m); the last ring has none.
 constexpr std::array<double, ringCount - 1> ringEnds{2000, 4000, 6000, 8000};
 
+}  // namespace
+
 int ringOf(double distance) {
   int ring = 0;
   while (ring < static_cast<int>(ringEnds.size()) && distance > ringEnds.at(static_cast<std::size_t>(ring))) ++ring;
   return ring;
 }
 
-}  // namespace
+double peopleIn(double area, double percent, double density) { return checked(area * percent * density / 100); }
 
-void absRow(int row, const ReportCells& cells, const DensityFields& density) {
-  const int reportIdx = row * rowCells;
-  const auto cell = [&](int column) { return strictNumber(cells.Prbttxt1[reportIdx + column].caption()); };
+void absRow(const RowTexts& row, const RingDensities& densities, std::string& dead, std::string& hurt) {
   const auto people = [&](int percentColumn) {
-    const Field& persons = density.populatndnsty[ringOf(cell(0))];
-    return Format(checked(cell(3) * cell(percentColumn) * persons.number() / 100), "0.000");
+    const auto ring = static_cast<std::size_t>(ringOf(strictNumber(row[0])));
+    const double percent = strictNumber(row[static_cast<std::size_t>(percentColumn)]);
+    return Format(peopleIn(strictNumber(row[3]), percent, strictNumber(densities[ring])), "0.000");
   };
   silently([&] {
-    cells.Absftltxt[row].setCaption(people(1));
-    cells.AbsInjtxt[row].setCaption(people(2));
+    dead = people(1);
+    hurt = people(2);
   });
 }
 

@@ -35,12 +35,4 @@ ProfileProgress::ProfileProgress(Views& views)
   progPic2.setBackColour(barColour);
 }
 
-ReportCells::ReportCells(View& view)
-    : Prbttxt1(view.array<tableCells>(FieldKind::label, "Prbttxt1")),
-      Absftltxt(view.array<tableRows>(FieldKind::label, "Absftltxt")),
-      AbsInjtxt(view.array<tableRows>(FieldKind::label, "AbsInjtxt")) {}
-
-DensityFields::DensityFields(View& view)
-    : populatndnsty(view.array<ringCount>(FieldKind::text, "populatndnsty", "0")) {}
-
 }  // namespace noldarz

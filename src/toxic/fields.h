@@ -1,5 +1,4 @@
-// The fields that the toxic effects add to the main view, the progress view of their chart, and the cells and densities that
-// the absolute numbers work on.
+// The fields that the toxic effects add to the main view, and the progress view of their chart.
 #pragma once
 
 #include "engine/fields.h"
@@ -26,25 +25,6 @@ struct ProfileProgress {
   Field& progPic1;  // trough
   Field& progPic2;  // bar
   Field& probrLbl;  // text
-};
-
-/// The report table as the report shows it.
-struct ReportCells {
-  explicit ReportCells(View& view);
-
-  FieldArray<tableCells> Prbttxt1;
-  FieldArray<tableRows> Absftltxt;  // people who die in the band of the row
-  FieldArray<tableRows> AbsInjtxt;  // people who are hurt in it
-};
-
-/// Rings of 2 km around the source.
-inline constexpr int ringCount = 5;
-
-/// Population density of the sector shown, by ring of 2 km (persons/Ha).
-struct DensityFields {
-  explicit DensityFields(View& view);
-
-  FieldArray<ringCount> populatndnsty;
 };
 
 }  // namespace noldarz

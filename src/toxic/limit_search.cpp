@@ -1,5 +1,6 @@
 #include "toxic/limit_search.h"
 
+#include "engine/constants.h"
 #include "engine/gaussian.h"
 #include "platform/colour.h"
 #include "platform/failure.h"
@@ -15,8 +16,7 @@ constexpr int walkLevel = 4;  // people walk to the edge of this one
 constexpr double behindBegin = 0.1;     // m, from the begin of level 0 to the first distance
 constexpr double fineStepReach = 1000;  // m, walked by 1 m; beyond it the step grows
 constexpr double stripLength = 1;       // m
-constexpr double hectaresPerSquareMetre = 0.0001;
-constexpr double leastArea = 0.001;  // Ha
+constexpr double leastArea = 0.001;     // Ha
 constexpr std::string_view tinyArea{"<0.001"};
 constexpr int concDecimals = 4;           // of the concentration in a walk
 constexpr double mostConc = 1000000;      // ppm that a row shows; above it

@@ -9,10 +9,10 @@
 
 #include <algorithm>
 #include <csignal>
-#include <random>
 
 #include "platform/settings.h"
 #include "platform/store/store_failure.h"
+#include "support/chance.h"
 #include "support/process.h"
 #include "support/test_study.h"
 
@@ -190,8 +190,7 @@ TEST(Study, isNotExportedWhereATextCannotHoldIt) {
 }
 
 /// Puts an odd value into some cell, as another program may.
-std::string oddChange(std::mt19937& random) {
-  const auto below = [&](std::size_t end) { return std::uniform_int_distribution<std::size_t>{0, end - 1}(random); };
+std::string oddChange(Chance& chance) {
   constexpr const char* values[]{"9223372036854775807",
                                  "9223372036854775808.0",
                                  "-1e19",
@@ -211,11 +210,11 @@ std::string oddChange(std::mt19937& random) {
                                  "9e999",
                                  "'N.A.'",
                                  "'\"\\'"};
-  const Table& table = studyLayout().tables[below(studyLayout().tables.size())];
+  const Table& table = studyLayout().tables[chance.below(studyLayout().tables.size())];
   return fmt::format("UPDATE \"{}\" SET \"{}\" = {}",
                      table.name,
-                     table.columns[below(table.columns.size())].name,
-                     values[below(std::size(values))]);
+                     table.columns[chance.below(table.columns.size())].name,
+                     values[chance.below(std::size(values))]);
 }
 
 TEST(Study, comesBackFromItsExportWheneverItIsSound) {
@@ -223,12 +222,12 @@ TEST(Study, comesBackFromItsExportWheneverItIsSound) {
   const std::string rows =
       "\n[[maimTbl4All]]\nOrgName = \"A\"\nrefNo = \"1\"\nscenariotxt = \"a\"\nScenarioOptn = \"x\"\n"
       "[[poplatndnstytbl]]\nrefNo = \"1\"\n";
-  std::mt19937 random{5};
+  Chance chance{5};
   int sound = 0;
   for (int i = 0; i < 1000; ++i) {
     ASSERT_EQ(test::makeStudy(folder.study(), exampleStudy("ammonia") + rows), "");
     std::string changes;
-    for (int change = 0; change <= i % 4; ++change) changes += oddChange(random) + ";";
+    for (int change = 0; change <= i % 4; ++change) changes += oddChange(chance) + ";";
     test::changeFromOutside(folder.study(), changes);
     std::ostringstream out;
     std::ostringstream errors;
@@ -353,26 +352,14 @@ TEST(Study, isToldWhatARunStillNeeds) {
   }
 }
 
-/// A copy with some of its bytes changed, or cut off.
-std::string damaged(std::string bytes, std::mt19937& random) {
-  const auto below = [&](std::size_t end) { return std::uniform_int_distribution<std::size_t>{0, end - 1}(random); };
-  const std::size_t kind = below(5);
-  if (kind == 0) bytes.resize(below(bytes.size()));
-  if (kind == 1)
-    std::fill_n(bytes.begin() + static_cast<std::ptrdiff_t>(below(bytes.size() - 600)), 1 + below(600), '\0');
-  for (std::size_t i = below(12); kind > 1 && i < 12; ++i)
-    bytes[kind == 2 ? below(200) % bytes.size() : below(bytes.size())] = static_cast<char>(below(256));
-  return bytes;
-}
-
 TEST(Study, damagedFilesAreRefusedInOneLineAndLeftAlone) {
   const TestFolder folder;
   test::makeStudy(folder.study(), exampleStudy("chlorine"));
   const std::string sound = readFile(folder.study());
-  std::mt19937 random{7};
+  Chance chance{7};
   int refused = 0;
   for (int i = 0; i < 400; ++i) {
-    const std::string bytes = damaged(sound, random);
+    const std::string bytes = damaged(sound, chance);
     writeFile(folder.study(), bytes);
     std::ostringstream out;
     std::ostringstream errors;
@@ -390,9 +377,9 @@ TEST(Study, theProgramLivesThroughDamagedFiles) {
   test::TestStudy study;
   study.run("start\nclose");
   const std::string sound = readFile(study.folder.study());
-  std::mt19937 random{11};
+  Chance chance{11};
   for (int i = 0; i < 200; ++i) {
-    const std::string bytes = damaged(sound, random);
+    const std::string bytes = damaged(sound, chance);
     writeFile(study.folder.study(), bytes);
     study.open();
     study.run("start");
@@ -405,9 +392,9 @@ TEST(Study, theProgramLivesThroughDamagedFiles) {
 TEST(Study, damagedTextsAreRefusedInOneLine) {
   const TestFolder folder;
   const std::string sound = exampleStudy("ammonia");
-  std::mt19937 random{3};
+  Chance chance{3};
   for (int i = 0; i < 400; ++i) {
-    std::string text = damaged(sound, random);
+    std::string text = damaged(sound, chance);
     const std::string reported = test::makeStudy(folder.study(), text);
     EXPECT_LE(std::count(reported.begin(), reported.end(), '\n'), 1) << reported;
     EXPECT_EQ(std::filesystem::exists(folder.study()), reported.empty()) << reported;

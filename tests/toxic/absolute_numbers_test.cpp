@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 namespace noldarz {
 namespace {
@@ -24,29 +23,19 @@ TEST(AbsoluteNumbers, areAreaTimesPercentTimesTheDensityOfTheRing) {
       {"100", "1", "2", "<0.001", "before", "before"},       // no number: both stay
       {"N.A.", "1", "2", "5", "before", "before"},
   };
-  Views views;
-  View report{views, "chldfrm", ""};
-  View population{views, "absltftlyfrm", ""};
-  const ReportCells cells{report};
-  const DensityFields density{population};
-  const char* persons[] = {"1", "2", "3", "0", "4.5"};
-  for (int i = 0; i < density.populatndnsty.size(); ++i) density.populatndnsty[i].setText(persons[i]);
-  int row = 0;
+  const RingDensities densities{"1", "2", "3", "0", "4.5"};
   for (const auto& [distance, fatality, injury, area, dead, hurt] : cases) {
-    const std::vector<const char*> texts{distance, fatality, injury, area};
-    for (int i = 0; i < 4; ++i) cells.Prbttxt1[6 * row + i].setCaption(texts[static_cast<std::size_t>(i)]);
-    cells.Absftltxt[row].setCaption("before");
-    cells.AbsInjtxt[row].setCaption("before");
-    absRow(row, cells, density);
-    EXPECT_EQ(cells.Absftltxt[row].caption(), dead) << distance;
-    EXPECT_EQ(cells.AbsInjtxt[row].caption(), hurt) << distance;
-    ++row;
+    std::string shownDead = "before";
+    std::string shownHurt = "before";
+    absRow({distance, fatality, injury, area}, densities, shownDead, shownHurt);
+    EXPECT_EQ(shownDead, dead) << distance;
+    EXPECT_EQ(shownHurt, hurt) << distance;
   }
-  cells.Prbttxt1[2].setCaption("many");  // fatality is written first, and stays
-  density.populatndnsty[0].setText("2");
-  absRow(0, cells, density);
-  EXPECT_EQ(cells.Absftltxt[0].caption(), "8.125");
-  EXPECT_EQ(cells.AbsInjtxt[0].caption(), "1.016");
+  std::string dead = "before";  // fatality is written first, and stays
+  std::string hurt = "before";
+  absRow({"2000", "50", "many", "8.125"}, {"2", "2", "3", "0", "4.5"}, dead, hurt);
+  EXPECT_EQ(dead, "8.125");
+  EXPECT_EQ(hurt, "before");
 }
 
 }  // namespace

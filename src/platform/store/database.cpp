@@ -1,8 +1,7 @@
 #include "platform/store/database.h"
 
-#include <sqlite3.h>
-
 #include <fmt/format.h>
+#include <sqlite3.h>
 #include <sys/stat.h>
 
 #include <algorithm>

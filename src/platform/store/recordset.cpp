@@ -1,8 +1,7 @@
 #include "platform/store/recordset.h"
 
-#include <sqlite3.h>
-
 #include <fmt/format.h>
+#include <sqlite3.h>
 
 #include <algorithm>
 #include <cctype>

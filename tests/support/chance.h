@@ -1,0 +1,42 @@
+// Chance that can be repeated by its seed, and what it does to bytes. Tests and fuzzers share it.
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <random>
+#include <string>
+
+namespace noldarz {
+
+class Chance {
+ public:
+  explicit Chance(unsigned seed) : random_(seed) {}
+  /// 0 to count - 1.
+  std::size_t below(std::size_t count) { return std::uniform_int_distribution<std::size_t>{0, count - 1}(random_); }
+  bool once(std::size_t in) { return below(in) == 0; }
+  double between(double low, double high) { return std::uniform_real_distribution<double>{low, high}(random_); }
+  double betweenByOrders(double low, double high) { return std::exp(between(std::log(low), std::log(high))); }
+  template <class Range>
+  const auto& oneOf(const Range& range) {
+    return range[below(std::size(range))];
+  }
+
+ private:
+  std::mt19937 random_;
+};
+
+/// The bytes cut off, with a stretch of zeros, with others among the first 200, which hold the head of a file, or anywhere.
+inline std::string damaged(std::string bytes, Chance& chance) {
+  const std::size_t kind = chance.below(5);
+  if (kind == 0) bytes.resize(chance.below(bytes.size()));
+  if (kind == 1)
+    std::fill_n(
+        bytes.begin() + static_cast<std::ptrdiff_t>(chance.below(bytes.size() - 600)), 1 + chance.below(600), '\0');
+  for (std::size_t i = chance.below(12); kind > 1 && i < 12; ++i)
+    bytes[kind == 2 ? chance.below(200) % bytes.size() : chance.below(bytes.size())] =
+        static_cast<char>(chance.below(256));
+  return bytes;
+}
+
+}  // namespace noldarz

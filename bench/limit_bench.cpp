@@ -1,9 +1,10 @@
-// The limit search behind a cloud whose level 4 is 4 km wide, against the plain loop in the same run: every step of every
-// walk, one after the other, on plain numbers. `ratio` is search over plain loop, which raises the concentration to its power
-// once a distance; `unhoisted` is the same against a loop that does so at every step, as the formula is written.
+// The limit search behind a cloud whose level 4 is 4 km wide, against the plain loop in the same run: every step of
+// every walk, one after the other, on plain numbers. `ratio` is search over plain loop, which raises the concentration
+// to its power once a distance; `unhoisted` is the same against a loop that does so at every step, as the formula is
+// written.
 //
-// The search keeps the sums over the times from the presses before; `cold_us` is what working them out costs the first one.
-// No press runs, so the progress goes to the view of the chart, whose text costs more than that of the wait view.
+// The search keeps the sums over the times from the presses before; `cold_us` is what working them out costs the first
+// one. No press runs, so the progress goes to the view of the chart, whose text costs more than that of the wait view.
 
 #include <benchmark/benchmark.h>
 

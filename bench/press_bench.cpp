@@ -1,5 +1,6 @@
-// The two presses of Compute on four reference releases, each and both, against a bare loop in the same run: the printed
-// formulas, evaluated on plain numbers as many times as the press is told to step. `ratio` is press over bare loop.
+// The two presses of Compute on four reference releases, each and both, against a bare loop in the same run: the
+// printed formulas, evaluated on plain numbers as many times as the press is told to step. `ratio` is press over bare
+// loop.
 //
 // A step of the bare loop is the coefficients and the concentration; in the first press the candidate of the maximum
 // ground concentration comes to it, in the width pass of the second one the half width, as in the steps of the press.

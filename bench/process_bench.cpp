@@ -1,6 +1,6 @@
-// `noldarz-cli run` on the fresh example study as a whole process, from its start to the written row and the printed page.
-// `ratio` is its median over 15 ms; repeated_ms is a second run, which finds nothing to write, start_ms the same program
-// telling its version.
+// `noldarz-cli run` on the fresh example study as a whole process, from its start to the written row and the printed
+// page. `ratio` is its median over 15 ms; repeated_ms is a second run, which finds nothing to write, start_ms the same
+// program telling its version.
 
 #include <benchmark/benchmark.h>
 #include <fcntl.h>

@@ -1,5 +1,6 @@
-// noldarz-fuzz TARGET SECONDS [SEED]: runs random cases, one a seed, until the time is over. The seed of the case that runs stands
-// in the file noldarz-fuzz.seed of the current folder, so that a crash can be repeated: SECONDS 0 runs one case.
+// noldarz-fuzz TARGET SECONDS [SEED]: runs random cases, one a seed, until the time is over. The seed of the case that
+// runs stands in the file noldarz-fuzz.seed of the current folder, so that a crash can be repeated: SECONDS 0 runs one
+// case.
 
 #include <unistd.h>
 

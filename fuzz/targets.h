@@ -1,5 +1,5 @@
-// What the fuzzer does to the program: one function a target, one random case a call. A case that fails throws a std::logic_error
-// or crashes; failures that the program tells by its own means are no faults.
+// What the fuzzer does to the program: one function a target, one random case a call. A case that fails throws a
+// std::logic_error or crashes; failures that the program tells by its own means are no faults.
 #pragma once
 
 #include <filesystem>

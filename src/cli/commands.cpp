@@ -304,7 +304,7 @@ void unavailable(ScriptSession&, const Words& words) {
 
 struct Command {
   std::string_view name;
-  std::size_t leastWords;  // behind the name
+  std::size_t leastWords;  // after the name
   std::size_t mostWords;
   void (*run)(ScriptSession&, const Words&);
 };

@@ -1,5 +1,5 @@
-// What happened while a script ran, in its order: boxes, dialogs, where the program moved the focus, what a command printed.
-// The script front prints it (cli/record_json.h), `run` counts the boxes, tests read it.
+// What happened while a script ran, in its order: boxes, dialogs, where the program moved the focus, what a command
+// printed. The script front prints it (cli/record_json.h), `run` counts the boxes, tests read it.
 #pragma once
 
 #include <functional>

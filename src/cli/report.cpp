@@ -195,7 +195,8 @@ Json json(const Report& report) {
   return object;
 }
 
-/// A cell of a table of comma-separated values; one that a spreadsheet would take for a formula begins with an apostrophe.
+/// A cell of a table of comma-separated values; one that a spreadsheet would take for a formula begins with an
+/// apostrophe.
 std::string quoted(const std::string& raw) {
   const bool formula = !raw.empty() && std::string_view{"=+-@\t\r"}.find(raw.front()) != std::string_view::npos;
   std::string cell = (formula && !isNumeric(raw) ? "'" : "") + visibleText(raw);

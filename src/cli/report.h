@@ -1,5 +1,5 @@
-// What `noldarz-cli run` prints of a run: a page for people, one JSON object, or a line of a table. Every number is the text
-// of its field, so the same run gives the same bytes.
+// What `noldarz-cli run` prints of a run: a page for people, one JSON object, or a line of a table. Every number is the
+// text of its field, so the same run gives the same bytes.
 #pragma once
 
 #include <cstdint>
@@ -63,7 +63,8 @@ struct Report {
 Report reportOf(System& system, std::string version, std::string source, Messages messages,
                 const std::string& limitsFrom);
 
-/// The report table as it stands, with the numbers of people for the densities of the five rings (persons/Ha) if there are.
+/// The report table as it stands, with the numbers of people for the densities of the five rings (persons/Ha) if there
+/// are.
 ReportTable probitTable(const RunState& state, const std::vector<std::string>& densities);
 
 std::string printed(const Report& report, ReportFormat format);

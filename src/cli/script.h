@@ -15,8 +15,8 @@
 
 namespace noldarz {
 
-/// A record in which boxes that are all the same are told one by one up to the 99th in a row, and from the hundredth on as one
-/// entry that counts them: "times".
+/// A record in which boxes that are all the same are told one by one up to the 99th in a row, and from the hundredth on
+/// as one entry that counts them: "times".
 class FoldedBoxes {
  public:
   explicit FoldedBoxes(TakeEntry record) : run_(std::make_shared<Run>(std::move(record))) {}

@@ -45,8 +45,9 @@ class ScriptedDesktop : public Desktop {
 
   Pointer pointer() const { return pointer_; }
 
-  /// Moves the focus as a user does; null: to nowhere. What he has asked for before is done first (settle()), then the field
-  /// that had it runs its lostFocus rule, which may keep the focus: then it does not move. Tells whether it arrived.
+  /// Moves the focus as a user does; null: to nowhere. What he has asked for before is done first (settle()), then the
+  /// field that had it runs its lostFocus rule, which may keep the focus: then it does not move. Tells whether it
+  /// arrived.
   bool moveFocus(Field* field);
   /// Before each act of the user: what his last one has asked for by a timer is done.
   void settle() { timers_.settle(); }

@@ -49,8 +49,8 @@ void removeIfThere(const fs::path& file) {
   fs::remove(file, error);
 }
 
-/// The study that stands in the file, whole again after a change that was cut off and held against other processes; null
-/// when there is none. Fails with storeLocked when another process holds it.
+/// The study that stands in the file, whole again after a change that was cut off and held against other processes;
+/// null when there is none. Fails with storeLocked when another process holds it.
 std::unique_ptr<Database> heldStudy(const fs::path& file) {
   for (;;) {
     std::unique_ptr<Database> study;

@@ -8,8 +8,8 @@
 
 namespace noldarz {
 
-/// Makes the study `file` from the text in `source`. Nothing is left behind when it fails; an existing file is kept unless
-/// `force`.
+/// Makes the study `file` from the text in `source`. Nothing is left behind when it fails; an existing file is kept
+/// unless `force`.
 ExitStatus createStudy(const std::filesystem::path& file, const std::filesystem::path& source, bool force,
                        std::ostream& errors);
 

@@ -17,8 +17,8 @@ class StudyRules {
  public:
   explicit StudyRules(const Layout& layout) : layout_(layout) {}
 
-  /// Takes the next row of a table, with a cell for each of its columns. Why it can't be in a study, to follow a name of
-  /// the row; empty when it can.
+  /// Takes the next row of a table, with a cell for each of its columns. Why it can't be in a study, to follow a name
+  /// of the row; empty when it can.
   std::string faultOfRow(const Table& table, const std::vector<Cell>& cells);
   /// Why the rows taken are no study the program could start on; empty when they are.
   std::string faultOfStudy() const;

@@ -37,7 +37,7 @@ class Blocks {
  public:
   Blocks(std::istream& text, const std::string& name) : text_(*text.rdbuf()), name_(name) {}
 
-  /// The next block; nothing behind the last.
+  /// The next block; nothing after the last.
   std::optional<Block> next() {
     if (text_.sgetc() == end) return {};
     Block block{"", line_};
@@ -174,8 +174,8 @@ std::string quotedText(std::string_view text) {
   return escapedText(quoted + '"', Escapes::toml);
 }
 
-/// The shortest text that reads back as the number. A whole number has a point where without it the text would be another
-/// kind of number, or none.
+/// The shortest text that reads back as the number. A whole number has a point where without it the text would be
+/// another kind of number, or none.
 std::string numberText(double value, ColumnType type) {
   constexpr double endOfWholeNumbers = 9.2e18;
   std::array<char, 32> buffer{};
@@ -202,7 +202,7 @@ class TableRows {
       : statement_(study, fmt::format("SELECT {} FROM {} ORDER BY rowid", columnList(table), quotedName(table.name))),
         cells_(table.columns.size()) {}
 
-  /// Goes to the next row, from 1; 0 behind the last.
+  /// Goes to the next row, from 1; 0 after the last.
   int next() {
     if (!statement_.step()) return 0;
     for (std::size_t i = 0; i < cells_.size(); ++i) cells_[i] = statement_.cell(static_cast<int>(i));

@@ -1,5 +1,5 @@
-// A study as a text: TOML whose tables and columns are named as the database names them, `[[scenr1]]`, `[["dsptbl-1"]]`.
-// Written in the order of the layout, so that the same study is the same text.
+// A study as a text: TOML whose tables and columns are named as the database names them, `[[scenr1]]`,
+// `[["dsptbl-1"]]`. Written in the order of the layout, so that the same study is the same text.
 #pragma once
 
 #include <iosfwd>
@@ -16,8 +16,8 @@ class StudyTextError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// Fills an empty study from the text, row by row. Throws StudyTextError for a text that is no TOML, an unknown table or
-/// column, a value of the wrong type, and what StudyRules finds. `name`: of the file, for errors.
+/// Fills an empty study from the text, row by row. Throws StudyTextError for a text that is no TOML, an unknown table
+/// or column, a value of the wrong type, and what StudyRules finds. `name`: of the file, for errors.
 void fillStudy(const Database& study, std::istream& text, const std::string& name);
 
 /// Why the study can't come back from its text: row, table and what StudyRules finds; empty when it can.

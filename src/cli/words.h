@@ -9,7 +9,7 @@
 namespace noldarz {
 
 /// The words of a line. In quotes stand \" \\ \n \t for a quote, a backslash, a line break, a tab. Throws ScriptError
-/// for a quote that isn't closed, an unknown escape, or a word that goes on behind its closing quote.
+/// for a quote that isn't closed, an unknown escape, or a word that goes on after its closing quote.
 std::vector<std::string> splitWords(std::string_view line);
 
 }  // namespace noldarz

@@ -25,8 +25,8 @@ namespace noldarz {
 
 namespace {
 
-/// Whether the event tells that the user has come to the widget. A window that becomes active tells nothing: it gives the
-/// focus to the widget that had it, behind a box too; a press of a key or button there does.
+/// Whether the event tells that the user has come to the widget. A window that becomes active tells nothing: it gives
+/// the focus to the widget that had it, after a box too; a press of a key or button there does.
 bool tellsFocus(const QWidget& widget, const QEvent& event) {
   switch (event.type()) {
     case QEvent::FocusIn: {

@@ -1,5 +1,5 @@
-// Connects the fields of a view with the widgets of its form, both ways, by name: `constn(0)` is the widget `constn_0`. It
-// holds no rule: what a user does becomes the event of the field, what the logic sets becomes what the widget shows.
+// Connects the fields of a view with the widgets of its form, both ways, by name: `constn(0)` is the widget `constn_0`.
+// It holds no rule: what a user does becomes the event of the field, what the logic sets becomes what the widget shows.
 #pragma once
 
 #include <QObject>
@@ -23,8 +23,8 @@ class Binder : public QObject {
  public:
   /// What the binder asks of the desktop.
   struct Front {
-    /// The user has come to a widget. False when the rule of the field that he left keeps the focus: what he did there is
-    /// void.
+    /// The user has come to a widget. False when the rule of the field that he left keeps the focus: what he did there
+    /// is void.
     std::function<bool(Field&)> focusArrived;
     /// Runs an event of the user; the screen then follows what it has changed.
     std::function<void(const std::function<void()>&)> deliver;
@@ -51,7 +51,8 @@ class Binder : public QObject {
   /// A click on a button or check field by mouse, key or shortcut.
   void press(Field& field);
   bool isHere(Field& field, const QEvent& event) const;
-  /// What the user's last step has asked for is done; false when the entry of a list that he presses is another one behind it.
+  /// What the user's last step has asked for is done; false when the entry of a list that he presses is another one
+  /// behind it.
   bool isAimStill(const Field& field, const QEvent& event) const;
   /// True when the key has done what it is for.
   bool takeKey(Field& field, QWidget& widget, const QKeyEvent& key) const;

@@ -1,5 +1,5 @@
-// The mark of a field that holds a refused text: a red frame around its widget with a corner, which takes no room from the
-// neighbours and lets the mouse through.
+// The mark of a field that holds a refused text: a red frame around its widget with a corner, which takes no room from
+// the neighbours and lets the mouse through.
 #pragma once
 
 #include <QWidget>

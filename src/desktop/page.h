@@ -1,5 +1,5 @@
-// The part of a window that scrolls when the window is too small for it. What lies at its side goes below the rest before the
-// user has to scroll sideways.
+// The part of a window that scrolls when the window is too small for it. What lies at its side goes below the rest
+// before the user has to scroll sideways.
 #pragma once
 
 #include <QScrollArea>

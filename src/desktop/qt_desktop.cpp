@@ -193,7 +193,7 @@ bool QtDesktop::focusArrived(Field& field) {
   deliver([&] { focus_.commit(); });
   settle();  // the row of a class picked or typed just now
   if (field.usable()) deliver([&] { focus_.moveTo(&field); });
-  // The screen still moves the focus now; a rule that kept it gets it back behind that.
+  // The screen still moves the focus now; a rule that kept it gets it back after that.
   refused_ = focus_.holder() != &field;
   later_.start();
   return !refused_;
@@ -255,7 +255,8 @@ void QtDesktop::openDropDown(Field& field) {
 }
 
 void QtDesktop::refresh(Field& field) {
-  // Most presses end within a few milliseconds. The screen follows one that takes longer, and no oftener than an eye can.
+  // Most presses end within a few milliseconds. The screen follows one that takes longer, and no oftener than an eye
+  // can.
   constexpr qint64 interval = 80;  // ms
   if (sincePaint_.elapsed() < interval) return;
   sincePaint_.start();

@@ -1,5 +1,5 @@
-// The desktop port on Qt: a window a view, real boxes and dialogs, the focus of the screen kept in step with the focus of the
-// logic.
+// The desktop port on Qt: a window a view, real boxes and dialogs, the focus of the screen kept in step with the focus
+// of the logic.
 #pragma once
 
 #include <QElapsedTimer>

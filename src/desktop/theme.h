@@ -1,5 +1,5 @@
-// What the program adds to the theme of the desktop: texts that can't be edited, placeholders and the outlines of boxes and
-// fields stay legible, in dark themes too; fields are as wide as their form says.
+// What the program adds to the theme of the desktop: texts that can't be edited, placeholders and the outlines of boxes
+// and fields stay legible, in dark themes too; fields are as wide as their form says.
 #pragma once
 
 #include <QColor>

@@ -6,8 +6,8 @@
 
 namespace noldarz {
 
-/// Asks the window manager to activate the top-level window with exactly this title. Its handle; 0 when there is none, or on a
-/// screen that is no X11 one.
+/// Asks the window manager to activate the top-level window with exactly this title. Its handle; 0 when there is none,
+/// or on a screen that is no X11 one.
 std::uint64_t activateTopLevel(const std::string& title);
 
 }  // namespace noldarz

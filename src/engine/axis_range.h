@@ -1,8 +1,8 @@
-// What the cloud does over a whole stretch of its axis, bounded from the curves at its two ends. By it the searches pass over
-// steps at which nothing can happen, and find to the last digit what they would find step by step. Pure functions of numbers.
+// What the cloud does over a whole stretch of its axis, bounded from the curves at its two ends. By it the searches
+// pass over steps at which nothing can happen, and find to the last digit what they would find step by step. Pure
+// functions of numbers.
 #pragma once
 
-#include <algorithm>
 #include <optional>
 
 #include "engine/coefficients.h"
@@ -19,7 +19,8 @@ struct AxisRange {
   double leastExponent = 0;  ///< d ln(C) / d ln(x)
   double mostExponent = 0;   ///< the same
 
-  /// Share by which a bound must clear what it is compared with. It is far above the rounding of the formulas, some 1e-13.
+  /// Share by which a bound must clear what it is compared with. It is far above the rounding of the formulas, some
+  /// 1e-13.
   static constexpr double margin = 1e-9;
   bool liesBelow(double conc) const { return high * (1 + margin) < conc; }
   bool liesAbove(double conc) const { return low * (1 - margin) > conc; }
@@ -43,47 +44,5 @@ struct AxisRange {
 /// None for a stretch on which a coefficient changes its form or does not grow, and for a release without mass or wind.
 std::optional<AxisRange> axisRange(const Source& source, int stabilityClass, double density, double T, double from,
                                    double to);
-
-/// Steps that a search may pass over at once: from where it stands to `next`, by way of `before`.
-struct Stretch {
-  double before;  // m, one step before next
-  double next;    // m
-  int steps;
-};
-
-/// At most so many steps of `step` from `from` on, none past `limit`. The running sum is that of the plain loop, step by step.
-inline Stretch stretchAhead(double from, double step, double limit, int most) {
-  Stretch stretch{from, from, 0};
-  for (; stretch.steps < most && stretch.next + step <= limit; ++stretch.steps) {
-    stretch.before = stretch.next;
-    stretch.next += step;
-  }
-  return stretch;
-}
-
-/// How many steps a search tries to pass over at once: more after each success, fewer after each failure.
-class Stride {
- public:
-  /// 0: none, take the next step plainly.
-  int steps() {
-    if (rest_ == 0) return steps_;
-    --rest_;
-    return 0;
-  }
-  void succeeded() { steps_ = std::min(2 * steps_, most); }
-  void failed() {
-    steps_ /= 4;
-    if (steps_ >= least) return;
-    steps_ = least;
-    rest_ = plainSteps;
-  }
-
- private:
-  static constexpr int least = 4;
-  static constexpr int most = 8192;
-  static constexpr int plainSteps = 8;
-  int steps_ = 64;
-  int rest_ = 0;
-};
 
 }  // namespace noldarz

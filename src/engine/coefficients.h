@@ -34,7 +34,8 @@ struct CoefficientRange {
 /// The lateral coefficient from `from` to `to` (m); none where it does not grow, or for no class.
 std::optional<CoefficientRange> sigmaYRange(int stabilityClass, double from, double to);
 
-/// The vertical coefficient of a vapour density. None, too, for a stretch over a breakpoint or the reach of a density band.
+/// The vertical coefficient of a vapour density. None, too, for a stretch over a breakpoint or the reach of a density
+/// band.
 std::optional<CoefficientRange> sigmaZRange(int stabilityClass, double vapourDensity, double from, double to);
 
 }  // namespace noldarz

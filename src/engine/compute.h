@@ -35,7 +35,7 @@ class Compute {
   explicit Compute(const Sees& sees) : sees_(sees) {}
 
   /// A press. Its trap takes every run-time failure: the pointer goes to default, the main view is made visible, the
-  /// wait view closes, and the press goes on behind the failing statement.
+  /// wait view closes, and the press goes on after the failing statement.
   void comput_Click();
 
  private:

@@ -1,5 +1,5 @@
-// The constants of the physics, with their units. Digits are those of the model, not more exact values: results hang on them.
-// docs/model.md tells where each comes from.
+// The constants of the physics, with their units. Digits are those of the model, not more exact values: results hang on
+// them. docs/model.md tells where each comes from.
 #pragma once
 
 namespace noldarz {

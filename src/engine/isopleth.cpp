@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "engine/constants.h"
+#include "engine/stretch.h"
 #include "platform/text.h"
 
 namespace noldarz {
@@ -38,7 +39,12 @@ void Isopleth::findMaxWidth(const Trap& regime) {
       break;
     }
     sees_.passes.halfWidthPrev = sees_.passes.halfWidthCur;
-    skipWideningSteps(stride);
+    sees_.progress.skip(stride.passOver(
+        sees_.model.distAt,
+        sees_.sweep.sweepStep,
+        farthestDistance,
+        [this](double next) { return isWideningTo(next); },
+        sees_.progress.stepsToTurn()));
     sees_.model.distAt += sees_.sweep.sweepStep;
     if (regime.holds(atMaximumDistance)) break;
     if (sees_.model.distAt >= farthestDistance)
@@ -49,20 +55,14 @@ void Isopleth::findMaxWidth(const Trap& regime) {
       Format(sees_.model.halfWidthMax + sees_.model.halfWidthMax, "0.00"));
 }
 
-void Isopleth::skipWideningSteps(Stride& stride) {
-  const int most = std::min(stride.steps(), sees_.progress.stepsToTurn());
-  const auto [before, next, steps] = stretchAhead(sees_.model.distAt, sees_.sweep.sweepStep, farthestDistance, most);
-  if (steps < 2) return;
+bool Isopleth::isWideningTo(double next) {
   const ParsedNumber& end = sees_.in.enddisttxt.parsed();
   // The last step of a march that comes to its end knows the half width one step before.
-  const double behind = next + sees_.sweep.sweepStep;
-  const bool meetsEnd =
-      !end.isNumber() || (sees_.model.distAt < end.value && end.value <= behind) || behind >= farthestDistance;
-  const auto range = meetsEnd ? std::nullopt : sees_.plume.axisRange(sees_.model.distAt, next);
-  if (!range || !range->widens(sees_.model.levelConcAt)) return stride.failed();
-  sees_.model.distAt = before;
-  sees_.progress.skip(steps - 1);
-  stride.succeeded();
+  const double beyond = next + sees_.sweep.sweepStep;
+  if (!end.isNumber() || (sees_.model.distAt < end.value && end.value <= beyond) || beyond >= farthestDistance)
+    return false;
+  const auto range = sees_.plume.axisRange(sees_.model.distAt, next);
+  return range && range->widens(sees_.model.levelConcAt);
 }
 
 void Isopleth::calcLevelShape(int level, const Trap& regime) {

@@ -33,8 +33,8 @@ class Isopleth {
   ///
   /// and writes `isopwdth` and `distmaxisop` of that level. distAt and halfWidthPrev run on to the next, lower level.
   /// At the maximum distance the march ends with the greatest width found before. A cloud that still widens at
-  /// farthestDistance has no greatest width: the mark ">" with that distance takes its place. Does nothing when widthIdx is
-  /// above 5.
+  /// farthestDistance has no greatest width: the mark ">" with that distance takes its place. Does nothing when
+  /// widthIdx is above 5.
   ///
   /// Statements fail under the regime of the caller, but for the concentration and the half width: their failure
   /// would repeat at every distance, so it ends the march with the fields as they were.
@@ -51,8 +51,8 @@ class Isopleth {
   void calcFlammableMass();
 
  private:
-  /// Passes over distances behind distAt between which the half width grows, to the one before the next that is looked at.
-  void skipWideningSteps(Stride& stride);
+  /// Whether the half width grows at every step from distAt to `next`, and the march meets no end on the way.
+  bool isWideningTo(double next);
   /// Half width at distAt into halfWidthCur, kept where the concentration is not above the level.
   void calcHalfWidth();
   double levelVolume(int level) const;

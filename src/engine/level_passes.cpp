@@ -13,7 +13,7 @@ constexpr double beginStep = 0.5;    // m
 constexpr double fineStep = 0.01;    // m
 constexpr double coarseEndStep = 5;  // m
 constexpr double widthStep = 1;      // m
-constexpr double refinedSpan = 10;   // m before and behind a coarse end point
+constexpr double refinedSpan = 10;   // m before and after a coarse end point
 constexpr double extension = 10000;  // m that a Yes adds to the maximum distance
 
 }  // namespace

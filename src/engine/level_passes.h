@@ -42,7 +42,7 @@ class LevelPasses {
   void disableInputs() const;
   /// First i whose levels i and i + 1 are refused; -1 when all pass.
   int firstBadLevel(const Trap& press) const;
-  /// The mark and the focus go to the level behind the bad one; what is at fault is told at its own field.
+  /// The mark and the focus go to the level after the bad one; what is at fault is told at its own field.
   void refuse(int bad, const Trap& press) const;
   void findBeginPoints(const Trap& press);
   void findEndPoints(const Trap& press);

@@ -53,8 +53,8 @@ class PlumeModel {
   /// The concentration at distX with sigmaY and sigmaZ and the temperature of the isopleth tests (ppm).
   void isoplethConc(double& conc);
 
-  /// The concentration over a stretch of the axis, at the temperature of the isopleth tests, with the inputs and the wind of
-  /// the press. None where it can't be bounded, or after stepPlainly().
+  /// The concentration over a stretch of the axis, at the temperature of the isopleth tests, with the inputs and the
+  /// wind of the press. None where it can't be bounded, or after stepPlainly().
   std::optional<AxisRange> axisRange(double from, double to);
 
   /// Searches take every step from now on: for tests and benchmarks that compare with it.

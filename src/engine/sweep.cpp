@@ -1,8 +1,7 @@
 #include "engine/sweep.h"
 
-#include <algorithm>
-
 #include "engine/constants.h"
+#include "engine/stretch.h"
 #include "platform/failure.h"
 #include "platform/text.h"
 
@@ -37,7 +36,13 @@ void Sweep::runSweep() {
   Stride stride;
   for (sees_.sweep.distSweep = sees_.sweep.sweepFrom; sees_.sweep.distSweep <= limit; sees_.sweep.distSweep += step) {
     takeStep();
-    if (!failed_) skipQuietSteps(limit, step, stride);
+    if (failed_) continue;
+    sees_.progress.skip(stride.passOver(
+        sees_.sweep.distSweep,
+        step,
+        limit,
+        [this](double next) { return isQuiet(sees_.model.distX, rounded(next, 2)); },
+        sees_.progress.stepsToTurn()));
   }
   reportFarSweep();
 }
@@ -60,29 +65,30 @@ void Sweep::takeStep() {
     });
 }
 
-void Sweep::skipQuietSteps(double limit, double step, Stride& stride) {
-  const int most = std::min(stride.steps(), sees_.progress.stepsToTurn());
-  const auto [before, next, steps] = stretchAhead(sees_.sweep.distSweep, step, limit, most);
-  if (steps < 2) return;
-  if (!isQuiet(sees_.model.distX, rounded(next, 2))) return stride.failed();
-  sees_.sweep.distSweep = before;
-  sees_.progress.skip(steps - 1);
-  stride.succeeded();
-}
-
 bool Sweep::isQuiet(double from, double to) {
   const auto range = sees_.plume.axisRange(from, to);
-  if (!range) return false;
-  if (sees_.sweep.maxConcDone == 0) {
-    const double warmth = sees_.plume.releaseTemperature() / isoplethTemperature;
-    if (!range->rises() || !(warmth > 0) || range->high * warmth * 2 > purePpm) return false;
-  }
-  if (sees_.sweep.mgcDone == 0 && range->sigmaZ.high * (1 + AxisRange::margin) >= sees_.model.sigmaZAtMax) return false;
-  if (sees_.sweep.bgnIdx < levelCount &&
-      (sees_.sweep.bgnLevel != sees_.sweep.bgnIdx || !range->liesBelow(sees_.sweep.levelConcBgn)))
-    return false;
+  return range && holdsNoPeak(*range) && holdsNoGroundMaximum(*range) && holdsNoBeginPoint(*range) &&
+         holdsNoEndPoint(*range);
+}
+
+bool Sweep::holdsNoPeak(const AxisRange& range) {
+  if (sees_.sweep.maxConcDone != 0) return true;
+  const double warmth = sees_.plume.releaseTemperature() / isoplethTemperature;
+  return range.rises() && warmth > 0 && range.high * warmth * 2 <= purePpm;
+}
+
+bool Sweep::holdsNoGroundMaximum(const AxisRange& range) const {
+  return sees_.sweep.mgcDone != 0 || range.sigmaZ.high * (1 + AxisRange::margin) < sees_.model.sigmaZAtMax;
+}
+
+bool Sweep::holdsNoBeginPoint(const AxisRange& range) const {
+  return sees_.sweep.bgnIdx >= levelCount ||
+         (sees_.sweep.bgnLevel == sees_.sweep.bgnIdx && range.liesBelow(sees_.sweep.levelConcBgn));
+}
+
+bool Sweep::holdsNoEndPoint(const AxisRange& range) const {
   return sees_.sweep.endIdx >= levelCount ||
-         (sees_.sweep.endLevel == sees_.sweep.endIdx && range->liesAbove(sees_.sweep.levelConcEnd));
+         (sees_.sweep.endLevel == sees_.sweep.endIdx && range.liesAbove(sees_.sweep.levelConcEnd));
 }
 
 void Sweep::findPeak() {

@@ -1,6 +1,19 @@
 // The distance search: steps along the plume axis, evaluates the model at each step and looks for the peak of the
 // centre-line concentration, the begin and end points of levels and the maximum ground concentration. Compute and
 // the level passes set its bounds and switches.
+//
+// Where a step goes on after a statement that fails:
+//
+//   statement                                   box                                  goes on with
+//   coefficients, wind, progress                "... as an administrator."           the next routine of the step
+//   peak (findPeak)                             the same                             the begin-point test
+//   level or concentration of a begin point     "2. ... Anti-virus trust. Msg. No."  the comparison, with old values
+//   the rest of a begin point                   "... as an administrator."           the end-point test
+//   end point (testEndPoint)                    the same                             the ground maximum
+//   its length, its end of the sweep            none                                 the next of these three
+//   ground maximum, with its candidate          "... as an administrator."           the next step
+//
+// A step with a failure is followed by a plain one: nothing is passed over after it.
 #pragma once
 
 #include "engine/fields.h"
@@ -26,7 +39,7 @@ class Sweep {
   explicit Sweep(const Sees& sees);
 
   /// Steps from sweepFrom to sweepTo by sweepStep; distSweep is a running sum. A search ends the sweep by setting
-  /// distSweep to sweepTo. A failing routine of a step shows a box, and the sweep goes on behind it.
+  /// distSweep to sweepTo. A failing routine of a step shows a box, and the sweep goes on after it.
   ///
   /// A begin point that is found runs the sweep again from inside the step, for the next level, up to six deep; what
   /// the inner sweep leaves in distSweep ends the outer ones, and each of them makes its closing test.
@@ -37,10 +50,12 @@ class Sweep {
 
  private:
   void takeStep();
-  /// Passes over steps behind this one at which nothing can happen, to the one before the next that is taken.
-  void skipQuietSteps(double limit, double step, Stride& stride);
   /// Whether no search finds its target from the step at `from`, where it was not found, to the one at `to`.
   bool isQuiet(double from, double to);
+  bool holdsNoPeak(const AxisRange& range);
+  bool holdsNoGroundMaximum(const AxisRange& range) const;
+  bool holdsNoBeginPoint(const AxisRange& range) const;
+  bool holdsNoEndPoint(const AxisRange& range) const;
   void findPeak();
   void testBeginPoint();
   void testEndPoint();

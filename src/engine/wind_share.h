@@ -1,5 +1,5 @@
-// How the wind is shared out over the eight orientations, and what is left for calm. Called when a share is left, by the
-// close-out, and before a wind rose.
+// How the wind is shared out over the eight orientations, and what is left for calm. Called when a share is left, by
+// the close-out, and before a wind rose.
 #pragma once
 
 #include "engine/fields.h"
@@ -22,8 +22,8 @@ class WindShare {
   };
   explicit WindShare(const Sees& sees) : sees_(sees) {}
 
-  /// Sums the shares into windTotal and shows what is left for calm. A sum above 100 % shows a box, and false comes back; one
-  /// of 0 shows a box and counts as 0.001. A share that is no number leaves the sum as it was.
+  /// Sums the shares into windTotal and shows what is left for calm. A sum above 100 % shows a box, and false comes
+  /// back; one of 0 shows a box and counts as 0.001. A share that is no number leaves the sum as it was.
   bool shareOut();
 
  private:

@@ -18,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view mark{".new-"};  // behind the name of the target, in front of random letters
+constexpr std::string_view mark{".new-"};  // after the name of the target, in front of random letters
 constexpr std::size_t randomLetters = 6;
 
 [[noreturn]] void failed(const char* action, const fs::path& path) {

@@ -1,5 +1,5 @@
-// Files that are wholly old or wholly new, whatever happens while they are written: a new file is filled beside its place,
-// brought to the disk, and put there in one step.
+// Files that are wholly old or wholly new, whatever happens while they are written: a new file is filled beside its
+// place, brought to the disk, and put there in one step.
 #pragma once
 
 #include <filesystem>
@@ -7,8 +7,8 @@
 
 namespace noldarz {
 
-/// A file beside `target` that is being filled. It is removed at the end of its life unless it was put in place; one that a
-/// killed process has left is removed by the next.
+/// A file beside `target` that is being filled. It is removed at the end of its life unless it was put in place; one
+/// that a killed process has left is removed by the next.
 class NewFile {
  public:
   /// Makes the file, empty. Throws std::filesystem::filesystem_error when the folder doesn't take it.

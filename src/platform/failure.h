@@ -1,5 +1,5 @@
 // The run-time failure of a statement and the two regimes that take it: a trap that does something and goes on
-// behind the failing statement, and a mode that ignores failures. Every room expresses its regime through this
+// after the failing statement, and a mode that ignores failures. Every room expresses its regime through this
 // header; where a room catches a failure itself, it is to do the statement over or to tell it in other words.
 #pragma once
 

@@ -118,7 +118,8 @@ class Field {
 
   const std::string& toolTip() const { return toolTip_; }
   void setToolTip(std::string_view toolTip);
-  /// What is wrong with the text, for the user; empty: nothing is known to be. Goes with the text, and when the field is left.
+  /// What is wrong with the text, for the user; empty: nothing is known to be. Goes with the text, and when the field
+  /// is left.
   const std::string& fault() const { return fault_; }
   void setFault(std::string_view fault);
   const std::string& tag() const { return tag_; }

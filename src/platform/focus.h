@@ -1,5 +1,5 @@
-// Where the focus of the user is, and the one rule by which it moves: the field that has it is left first, and its rule may
-// keep it. Every front moves its focus here.
+// Where the focus of the user is, and the one rule by which it moves: the field that has it is left first, and its rule
+// may keep it. Every front moves its focus here.
 #pragma once
 
 #include <utility>
@@ -12,8 +12,8 @@ class Focus {
  public:
   Field* holder() const { return holder_; }
 
-  /// Moves it; null: to nowhere. The field that had it runs its lostFocus rule first, which may keep the focus or bring it
-  /// elsewhere: then it does not move. Tells whether it arrived.
+  /// Moves it; null: to nowhere. The field that had it runs its lostFocus rule first, which may keep the focus or bring
+  /// it elsewhere: then it does not move. Tells whether it arrived.
   bool moveTo(Field* field) {
     if (field == holder_) return true;
     if (Field* left = std::exchange(holder_, nullptr)) {

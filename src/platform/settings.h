@@ -23,8 +23,8 @@ class Settings {
   void preset(const std::string& application, const std::string& section, const std::string& key, std::string value) {
     presets_[{application, section, key}] = std::move(value);
   }
-  /// Stores the setting. Throws std::runtime_error, with the file as it was, when the file can't be read as settings or not
-  /// be written.
+  /// Stores the setting. Throws std::runtime_error, with the file as it was, when the file can't be read as settings or
+  /// not be written.
   void set(const std::string& application, const std::string& section, const std::string& key,
            const std::string& value) const;
 

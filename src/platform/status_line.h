@@ -17,13 +17,13 @@ class StatusLine {
  public:
   explicit StatusLine(Field& field) : field_(field) {}
 
-  /// Tells what has happened, in place of what was told before; within one act, behind it.
+  /// Tells what has happened, in place of what was told before; within one act, after it.
   void say(const std::string& text) {
     said_ = acts_ > 0 ? joined(said_, text) : text;
     if (acts_ == 0) advice_.clear();
     show();
   }
-  /// What the user may do next, behind what has happened.
+  /// What the user may do next, after what has happened.
   void advise(const std::string& text) {
     advice_ = text;
     show();

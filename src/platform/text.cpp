@@ -55,7 +55,7 @@ struct Decimal {
     negative = std::signbit(value);
     digits[0] = buffer[0];
     std::copy_n(buffer.data() + 2, significantDigits - 1, digits.begin() + 1);
-    const char* exponent = buffer.data() + significantDigits + 2;  // behind "d.dd...de"
+    const char* exponent = buffer.data() + significantDigits + 2;  // after "d.dd...de"
     if (*exponent == '+') ++exponent;
     std::from_chars(exponent, end, point);
     ++point;

@@ -1,6 +1,6 @@
-// The timers of the views on the clock of a front, and the one rule by which a user who is faster than they are finds done what
-// his last step has asked for. A timer is a field: enabled, it fires Event::timer after each of its intervals. Every front
-// keeps one Timers, tells it when the user acts, and calls it when the next timer falls due.
+// The timers of the views on the clock of a front, and the one rule by which a user who is faster than they are finds
+// done what his last step has asked for. A timer is a field: enabled, it fires Event::timer after each of its
+// intervals. Every front keeps one Timers, tells it when the user acts, and calls it when the next timer falls due.
 #pragma once
 
 #include <cstdint>
@@ -17,11 +17,13 @@ namespace noldarz {
 
 class Timers {
  public:
-  /// `now`: the clock of the front (ms). `fire`: brings Event::timer to the timer. `changed`: a timer has begun or stopped.
+  /// `now`: the clock of the front (ms). `fire`: brings Event::timer to the timer. `changed`: a timer has begun or
+  /// stopped.
   Timers(std::function<double()> now, std::function<void(Field&)> fire, std::function<void()> changed = {})
       : now_(std::move(now)), fire_(std::move(fire)), changed_(std::move(changed)) {}
 
-  /// Follows the timers that the views have now. The interval of one begins when its view loads and whenever it is enabled.
+  /// Follows the timers that the views have now. The interval of one begins when its view loads and whenever it is
+  /// enabled.
   void watch(Views& views);
   /// Before the fields go: no timer runs.
   void forget() { dues_.clear(); }

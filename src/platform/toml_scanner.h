@@ -1,5 +1,5 @@
-// Follows a TOML text character by character, as far as it takes to know where its tables begin and how deep it nests. The
-// reader of the texts goes down one call a level, so a text from a stranger is looked at before it is read.
+// Follows a TOML text character by character, as far as it takes to know where its tables begin and how deep it nests.
+// The reader of the texts goes down one call a level, so a text from a stranger is looked at before it is read.
 #pragma once
 
 #include <cstdint>

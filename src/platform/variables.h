@@ -20,7 +20,8 @@ struct Variable {
 template <class Slice>
 inline constexpr std::nullptr_t variablesOf = nullptr;
 
-// NOLDARZ_VARIABLES(Slice, a, b, ...) writes the table of a slice, by a macro that calls itself for the names that are left.
+// NOLDARZ_VARIABLES(Slice, a, b, ...) writes the table of a slice, by a macro that calls itself for the names that are
+// left.
 #define NOLDARZ_VARIABLES(SLICE, ...)                     \
   template <>                                             \
   inline constexpr auto variablesOf<SLICE> = std::tuple { \

@@ -1,5 +1,5 @@
-// The rules of the input fields when they are left: heights, distance, terrain, stability class, wind, levels, shares of the
-// wind, name of the run. What passes is stored; what does not gives a box and, in most cases, the focus back.
+// The rules of the input fields when they are left: heights, distance, terrain, stability class, wind, levels, shares
+// of the wind, name of the run. What passes is stored; what does not gives a box and, in most cases, the focus back.
 #pragma once
 
 #include <string>
@@ -58,8 +58,8 @@ class InputRules {
   /// The entry checks itself and unchecks the other.
   void chooseLineWidth(bool thin);
 
-  /// A box with the text, and the focus goes back to the field: with the replacement in it if there is one, else with what
-  /// the box says as its fault.
+  /// A box with the text, and the focus goes back to the field: with the replacement in it if there is one, else with
+  /// what the box says as its fault.
   void refuse(Field& field, const std::string& text, std::string_view replacement = {});
   void refuse(Field& field, const MessageBox& box, std::string_view replacement = {});
   void refuseEntry(Field& field);

@@ -1,5 +1,5 @@
-// Inputs as they stood at one moment, and what the user has made of them since: a step that is repeated later must not undo
-// what was typed between. The run row step uses it.
+// Inputs as they stood at one moment, and what the user has made of them since: a step that is repeated later must not
+// undo what was typed between. The run row step uses it.
 #pragma once
 
 #include <string>

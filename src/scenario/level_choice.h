@@ -26,9 +26,9 @@ class LevelChoice {
   };
   explicit LevelChoice(const Sees& sees) : sees_(sees) {}
 
-  /// UEL, LEL, TEEL3, TEEL2, TEEL1 and TEEL0 of the chemical (ppm) become the levels; one without a number becomes 0. Pairs
-  /// of a flammable chemical that are out of order are exchanged, if the user wishes so. A TEEL3 of 0 gives way to the IDLH,
-  /// a TEEL0 of 0 to the TWA, as the study has them, number or not. A failed step is skipped.
+  /// UEL, LEL, TEEL3, TEEL2, TEEL1 and TEEL0 of the chemical (ppm) become the levels; one without a number becomes 0.
+  /// Pairs of a flammable chemical that are out of order are exchanged, if the user wishes so. A TEEL3 of 0 gives way
+  /// to the IDLH, a TEEL0 of 0 to the TWA, as the study has them, number or not. A failed step is skipped.
   void getconclvl_Click();
 
  private:
@@ -44,7 +44,8 @@ class LevelChoice {
 
 bool isFlammable(const ProjectFields& project);
 
-/// Names the two upper levels of a chemical that is not flammable: they are the user's own, and there is no flammable mass.
+/// Names the two upper levels of a chemical that is not flammable: they are the user's own, and there is no flammable
+/// mass.
 void nameUpperLevels(const LevelFields& level, const ResultFields& result);
 
 }  // namespace noldarz

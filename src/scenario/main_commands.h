@@ -1,5 +1,5 @@
-// The commands of the main view: Compute, Redo, a click in the list of runs, the levels of the chemical. What each asks of the
-// rooms stands here in its order.
+// The commands of the main view: Compute, Redo, a click in the list of runs, the levels of the chemical. What each asks
+// of the rooms stands here in its order.
 #pragma once
 
 #include <string>

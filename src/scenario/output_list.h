@@ -1,4 +1,5 @@
-// The list of outputs `prntprv`, which the close-out of a press opens: one of its entries brings the view of that output.
+// The list of outputs `prntprv`, which the close-out of a press opens: one of its entries brings the view of that
+// output.
 #pragma once
 
 #include "engine/fields.h"

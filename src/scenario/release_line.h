@@ -1,5 +1,5 @@
-// The release of the working scenario in one line of the main view, "PLUME, 0.3 kg/s, 70.9 g/mol, -34 °C": its fields carry
-// values for the code and are not shown.
+// The release of the working scenario in one line of the main view, "PLUME, 0.3 kg/s, 70.9 g/mol, -34 °C": its fields
+// carry values for the code and are not shown.
 #pragma once
 
 #include "engine/fields.h"

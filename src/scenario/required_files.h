@@ -1,5 +1,5 @@
-// The view `reqfrm`: what the user gets in place of a program that can't open its study, a way to run the setup that lays
-// the missing parts down.
+// The view `reqfrm`: what the user gets in place of a program that can't open its study, a way to run the setup that
+// lays the missing parts down.
 #pragma once
 
 #include <string>

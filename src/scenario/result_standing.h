@@ -1,6 +1,6 @@
-// What the figures of the main view stand for: which are results of the inputs as they are, which are none yet, and which an
-// input has left behind. It greys those that are no results, says so in a line below the limits, and names the next step in
-// the status line. It reads the view and the state of the searches; nothing reads it but the user.
+// What the figures of the main view stand for: which are results of the inputs as they are, which are none yet, and
+// which an input has left behind. It greys those that are no results, says so in a line below the limits, and names the
+// next step in the status line. It reads the view and the state of the searches; nothing reads it but the user.
 #pragma once
 
 #include <cstdint>
@@ -34,7 +34,8 @@ class ResultStanding {
   /// Subscribes to changes of the inputs.
   explicit ResultStanding(const Sees& sees);
 
-  /// While a press runs its own changes of inputs count for nothing; behind it the figures stand for the inputs as they are.
+  /// While a press runs its own changes of inputs count for nothing; after it the figures stand for the inputs as they
+  /// are.
   void pressBegins() { pressing_ = true; }
   void pressEnds();
   /// The results were cleared: none stands.

@@ -1,5 +1,5 @@
-// The rooms of the scenario handling, built and wired: the run rows and their list, the rules of the fields, the start and the
-// end of the main view, and its commands.
+// The rooms of the scenario handling, built and wired: the run rows and their list, the rules of the fields, the start
+// and the end of the main view, and its commands.
 #pragma once
 
 #include "engine/rooms.h"

@@ -1,5 +1,5 @@
-// What a run row holds of the inputs of the view, brought from the row into the fields. The run row step and the list of runs
-// use it. A cell without a value leaves its field as it is.
+// What a run row holds of the inputs of the view, brought from the row into the fields. The run row step and the list
+// of runs use it. A cell without a value leaves its field as it is.
 #pragma once
 
 #include <string>

@@ -38,8 +38,8 @@ class RunList {
     sees_.view.on(sees_.scenario.dspScnorlst_1, Event::dblClick, [this] { dspScnorlst_1_DblClick(); });
   }
 
-  /// Fills the list from the run rows of the reference number, the last row on top. The link dt2a then stands on the first
-  /// of them. A failed step is skipped.
+  /// Fills the list from the run rows of the reference number, the last row on top. The link dt2a then stands on the
+  /// first of them. A failed step is skipped.
   void fill(const Trap& skipping);
 
   /// Shows class and wind of each run, and where its levels end, as they are stored now.
@@ -47,8 +47,8 @@ class RunList {
   /// Shows which entry is the run that the link dt2a stands on.
   void showCurrent();
 
-  /// A double click in the list: brings the inputs of the selected run into the view, with the link dt2a on its row. Without
-  /// a selected entry, and for a row that is out of reach, nothing is loaded.
+  /// A double click in the list: brings the inputs of the selected run into the view, with the link dt2a on its row.
+  /// Without a selected entry, and for a row that is out of reach, nothing is loaded.
   void dspScnorlst_1_DblClick();
 
  private:

@@ -1,5 +1,5 @@
-// Clears the results of the view for a new Compute. Levels, heights, terrain, class, wind, humidity and probit constants
-// survive, and so does the row in the study.
+// Clears the results of the view for a new Compute. Levels, heights, terrain, class, wind, humidity and probit
+// constants survive, and so does the row in the study.
 #pragma once
 
 #include "engine/fields.h"

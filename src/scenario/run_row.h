@@ -1,5 +1,5 @@
-// The row of the run in force: found or created for the inputs, kept up to date, filled with the results of a press. The
-// step runs from the timer tmr_1, so that the event that asked for it has ended.
+// The row of the run in force: found or created for the inputs, kept up to date, filled with the results of a press.
+// The step runs from the timer tmr_1, so that the event that asked for it has ended.
 #pragma once
 
 #include <optional>
@@ -47,10 +47,10 @@ class RunRow : public RunStore {
     sees_.links.dt2a.beforeEdit([this] { provide(); });
   }
 
-  /// The run row step: finds the row by the name of the run (`scnrKeyByText` 1) or by scenario and class (0), creates it
-  /// when there is none, brings it up to date when there is one, fills the list of stored runs, and brings the levels of a
-  /// finished run back. A failed step is skipped. When another program holds the file, nothing in the view changes: the row
-  /// is owed, and the cause stays in the status line.
+  /// The run row step: finds the row by the name of the run (`scnrKeyByText` 1) or by scenario and class (0), creates
+  /// it when there is none, brings it up to date when there is one, fills the list of stored runs, and brings the
+  /// levels of a finished run back. A failed step is skipped. When another program holds the file, nothing in the view
+  /// changes: the row is owed, and the cause stays in the status line.
   void saveRunRow();
 
   /// Before a press: a step that is still asked for or owed runs now, so that the results go into the row of their run.
@@ -58,8 +58,8 @@ class RunRow : public RunStore {
   /// Before the row is written to: a step that is owed runs now. Fails with storeLocked while it can't.
   void provide();
 
-  /// The levels that the row holds, with their captions, come into the view. False, with nothing changed, for a row without
-  /// levels.
+  /// The levels that the row holds, with their captions, come into the view. False, with nothing changed, for a row
+  /// without levels.
   bool takeStoredLevels();
 
   /// Stores the flammable mass (lbm) in the working scenario.

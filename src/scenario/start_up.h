@@ -41,8 +41,8 @@ class StartUp {
   /// Subscribes the rules of the view's life.
   explicit StartUp(const Sees& sees);
 
-  /// Opens the study `data/orgtn.mdb` beside the current folder. A failure up to the record source of the heights ends in
-  /// the view of the missing files; from there on a failing step is skipped.
+  /// Opens the study `data/orgtn.mdb` beside the current folder. A failure up to the record source of the heights ends
+  /// in the view of the missing files; from there on a failing step is skipped.
   void start();
 
  private:

@@ -1,4 +1,5 @@
-// The variables that the scenario handling owns: what the working scenario asks for, the list of runs, the lines of the plots.
+// The variables that the scenario handling owns: what the working scenario asks for, the list of runs, the lines of the
+// plots.
 #pragma once
 
 #include <cstdint>

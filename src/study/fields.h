@@ -1,5 +1,5 @@
-// The fields of the project that is at work: organisation, reference number, chemical, scenario, and the name of the run. The
-// queries read them; the links of the study fill them.
+// The fields of the project that is at work: organisation, reference number, chemical, scenario, and the name of the
+// run. The queries read them; the links of the study fill them.
 #pragma once
 
 #include "platform/field.h"

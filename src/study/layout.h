@@ -1,5 +1,5 @@
-// The tables of a study, with the columns that the program reads or writes. A column's place is its position in the query
-// of its table (study/queries.h), from 0.
+// The tables of a study, with the columns that the program reads or writes. A column's place is its position in the
+// query of its table (study/queries.h), from 0.
 #pragma once
 
 #include "platform/store/layout.h"

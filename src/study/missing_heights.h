@@ -1,4 +1,5 @@
-// What a project must have of heights and terrain before a press, and lacks. The start-up and the rules of the fields tell it.
+// What a project must have of heights and terrain before a press, and lacks. The start-up and the rules of the fields
+// tell it.
 #pragma once
 
 #include <string>

@@ -1,5 +1,6 @@
-// The outputs of a run and the views that they bring, as rooms see them that know none of these views: the list of outputs
-// opens them, the main view takes them with it when it closes. The room of an output offers it and attaches its view.
+// The outputs of a run and the views that they bring, as rooms see them that know none of these views: the list of
+// outputs opens them, the main view takes them with it when it closes. The room of an output offers it and attaches its
+// view.
 #pragma once
 
 #include <array>

@@ -1,5 +1,5 @@
-// The query texts of the study, to the letter. A builder joins its text from the names on the main view and opens nothing.
-// No character of a name is escaped: a name with a single quote can't be looked up.
+// The query texts of the study, to the letter. A builder joins its text from the names on the main view and opens
+// nothing. No character of a name is escaped: a name with a single quote can't be looked up.
 #pragma once
 
 #include <string>
@@ -28,8 +28,8 @@ class Queries {
   void buildQryScenario();
   void buildQryDisp();
   void buildQryOrg();
-  /// Also keeps the name of the chemical in `chemName`, puts ": " in front of its caption, and copies the reference number
-  /// to `reftmptxt`.
+  /// Also keeps the name of the chemical in `chemName`, puts ": " in front of its caption, and copies the reference
+  /// number to `reftmptxt`.
   void buildQryChem();
   /// By `scnrUserText`, which is the user's name of the run or, for `selectByUserText` 0, its key text.
   void buildQryRunByText();

@@ -1,5 +1,5 @@
-// A change of the row of a link, statement by statement: it is opened, its cells are set, it is stored, each under the trap
-// of the caller. Every room that writes to the study does it through here.
+// A change of the row of a link, statement by statement: it is opened, its cells are set, it is stored, each under the
+// trap of the caller. Every room that writes to the study does it through here.
 #pragma once
 
 #include <concepts>
@@ -36,7 +36,8 @@ class RowEdit {
     return *this;
   }
 
-  /// Stores the row. False when it failed: what is open for writing stays so, and the next refresh of the link tries again.
+  /// Stores the row. False when it failed: what is open for writing stays so, and the next refresh of the link tries
+  /// again.
   bool store() {
     return trap_.holds([this] {
       row_.update();

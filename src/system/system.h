@@ -1,5 +1,5 @@
-// The program without a front: the state, the ports and the rooms of all floors, joined, and nothing else. A front makes one
-// System on its Desktop, starts it, and fires events.
+// The program without a front: the state, the ports and the rooms of all floors, joined, and nothing else. A front
+// makes one System on its Desktop, starts it, and fires events.
 #pragma once
 
 #include "engine/rooms.h"
@@ -21,7 +21,8 @@ class System {
   System(const System&) = delete;
   System& operator=(const System&) = delete;
 
-  /// Starts on the study beside the current folder. Before it the fields hold their initial values and no study is open.
+  /// Starts on the study beside the current folder. Before it the fields hold their initial values and no study is
+  /// open.
   void start() { scenario_.startUp.start(); }
 
   Views& views() { return views_; }

@@ -1,5 +1,5 @@
-// The walk of a person out of the cloud, crosswind from the axis to the edge of level 4: dose, fatality and injury that the
-// walk sums up. Functions of numbers; docs/model.md tells where they come from. Called by the limit search.
+// The walk of a person out of the cloud, crosswind from the axis to the edge of level 4: dose, fatality and injury that
+// the walk sums up. Functions of numbers; docs/model.md tells where they come from. Called by the limit search.
 #pragma once
 
 #include <vector>
@@ -37,20 +37,20 @@ void clearWalk(LimitSearchState& state);
 ///   dose   = (M * C / 24.75) * (t * 0.001) / 60                  (mg)
 ///   probit = A + 0.43429 * ln(C^B * t), 0 where it is negative   for fatality and for injury; 0 while C or t is 0
 ///
-/// (0.43429 is 1 / ln 10, which makes the logarithm a decimal one), and sums all steps but the last into doseSum, pctFtl and pctInj. A sum above 100 becomes 100, one below 0.9 becomes 0:
-/// these clamped sums are the percent figures. Leaves the path behind the last step in crossPath, and its values in
-/// exposureMin, doseStep, probitFtl and probitInj.
+/// (0.43429 is 1 / ln 10, which makes the logarithm a decimal one), and sums all steps but the last into doseSum,
+/// pctFtl and pctInj. A sum above 100 becomes 100, one below 0.9 becomes 0: these clamped sums are the percent figures.
+/// Leaves the path after the last step in crossPath, and its values in exposureMin, doseStep, probitFtl and probitInj.
 ///
 /// Fails with overflow for a C^B * t or a dose beyond the range of a double, with invalidArgument for a C^B * t of 0.
 void walkStepByStep(const Walk& walk, LimitSearchState& state);
 
 /// The same walk for many concentrations: the times of the steps don't depend on it, so that their sums are worked out
-/// once. doseSum and the percent figures differ from those of the steps in their last bits only; where that could turn a
-/// figure into 0 or back, the walk goes step by step.
+/// once. doseSum and the percent figures differ from those of the steps in their last bits only; where that could turn
+/// a figure into 0 or back, the walk goes step by step.
 class CrosswindWalk {
  public:
-  /// What walkStepByStep does. The first walk of a length takes a time that grows with it, and its tables are kept; then it
-  /// is the logarithm of the length.
+  /// What walkStepByStep does. The first walk of a length takes a time that grows with it, and its tables are kept;
+  /// then it is the logarithm of the length.
   void walk(const Walk& walk, LimitSearchState& state);
 
  private:

@@ -1,5 +1,6 @@
-// The distances past which nobody dies or is hurt, as the view shows and the run row holds them: by the probit equation, or
-// by lethal concentration. The close-out asks for them, and a click of `MaxFtlyDstOptn` goes from one way to the other.
+// The distances past which nobody dies or is hurt, as the view shows and the run row holds them: by the probit
+// equation, or by lethal concentration. The close-out asks for them, and a click of `MaxFtlyDstOptn` goes from one way
+// to the other.
 #pragma once
 
 #include <string_view>
@@ -42,13 +43,13 @@ class DistanceLimits {
   /// Clears the 20 rows of the report table, and takes the end of the outermost level as the end of the search.
   void prepareSearch(const Trap& regime);
 
-  /// Runs the search with `MaxFtlyDstOptn` on and shows both limits; one that was off goes off again behind it. Each turn
-  /// runs the click.
+  /// Runs the search with `MaxFtlyDstOptn` on and shows both limits; an option that was off is turned off again
+  /// afterwards. Each turn runs the click.
   void searchLimits(const Trap& regime);
 
   /// The limits are shown by the way now chosen, stored in the run row if there are any, and the choice is kept as a
-  /// setting. By the probit equation they are those that the search has found; by lethal concentration the end point of level
-  /// 2 for fatality, of level 4 for injury. A probit limit of nobody goes into the row as 0 here.
+  /// setting. By the probit equation they are those that the search has found; by lethal concentration the end point of
+  /// level 2 for fatality, of level 4 for injury. A probit limit of nobody goes into the row as 0 here.
   void MaxFtlyDstOptn_Click();
 
   /// What the row of a finished run holds as limits (m): a probit limit of nobody is 0.05.

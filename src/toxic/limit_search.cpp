@@ -2,6 +2,7 @@
 
 #include "engine/constants.h"
 #include "engine/gaussian.h"
+#include "engine/stretch.h"
 #include "platform/colour.h"
 #include "platform/failure.h"
 #include "platform/text.h"
@@ -13,7 +14,7 @@ namespace {
 constexpr int outermost = levelCount - 1;
 constexpr int walkLevel = 4;  // people walk to the edge of this one
 
-constexpr double behindBegin = 0.1;     // m, from the begin of level 0 to the first distance
+constexpr double beyondBegin = 0.1;     // m, from the begin of level 0 to the first distance
 constexpr double fineStepReach = 1000;  // m, walked by 1 m; beyond it the step grows
 constexpr double stripLength = 1;       // m
 constexpr double leastArea = 0.001;     // Ha
@@ -64,7 +65,9 @@ bool LimitSearch::goDownwind(ProfileSink* chart) {
   while (sees_.model.distAt <= sees_.search.maxDistPrbt && row_ < tableRows) {
     evaluate();
     if (product_ == Product::limits)
-      skipAlikeDistances(stride);
+      stride.passOver(sees_.model.distAt, sees_.search.prbtStep, sees_.search.maxDistPrbt, [this](double next) {
+        return Trap::ignoring().holds([&] { return isAlike(sees_.model.distAt, next); });
+      });
     else
       finishRow(chart);
     advance();
@@ -81,7 +84,7 @@ void LimitSearch::begin() {
   sees_.search.maxDistPrbt = reachOf(sees_.toxic.maxdstprtxt);
   sees_.model.levelConcAt = rounded(sees_.level.constn[outermost].number(), 2);
   sees_.search.prbtStep = rounded(sees_.search.maxDistPrbt / tableRows, 2);
-  sees_.model.distAt = rounded(axisDistance(sees_.level.bgnpt[0]) + behindBegin, 2);
+  sees_.model.distAt = rounded(axisDistance(sees_.level.bgnpt[0]) + beyondBegin, 2);
   strip_ = sees_.model.distAt;
   sees_.search.rowFrom = 0;
   halfWidthBefore_ = 0;
@@ -150,15 +153,6 @@ void LimitSearch::prbtExposure() {
     walk_.walk(walk, sees_.search);
 }
 
-void LimitSearch::skipAlikeDistances(Stride& stride) {
-  const auto [before, next, steps] =
-      stretchAhead(sees_.model.distAt, sees_.search.prbtStep, sees_.search.maxDistPrbt, stride.steps());
-  if (steps < 2) return;
-  if (!Trap::ignoring().holds([&, to = next] { return isAlike(sees_.model.distAt, to); })) return stride.failed();
-  sees_.model.distAt = before;
-  stride.succeeded();
-}
-
 bool LimitSearch::isAlike(double from, double to) {
   const auto range = sees_.plume.axisRange(from, to);
   if (!range) return false;
@@ -208,7 +202,7 @@ void LimitSearch::addBand() {
 
 void LimitSearch::finishRow(ProfileSink* chart) {
   addBand();
-  // Each is 0 to 100 behind the walk.
+  // Each is 0 to 100 after the walk.
   if (sees_.search.pctFtl + sees_.search.pctInj > 100) sees_.search.pctInj = 100 - sees_.search.pctFtl;
   if (chart)
     drawCurves(*chart);

@@ -195,7 +195,8 @@ void ProbitConstants::takeChoiceFromRow(const Trap& regime) {
   sees_.in.prbtoptn.setValue(software ? 1 : 0);
   takeFromRow(regime);
   showChoice();
-  // The base is that of this run, or leaving the humidity would put those of the chemical, or of another run, in its row.
+  // The base is that of this run, or leaving the humidity would put those of the chemical, or of another run, in its
+  // row.
   if (!software) takeBase(Trap::ignoring());
 }
 

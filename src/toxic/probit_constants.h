@@ -1,6 +1,6 @@
-// The constants of the two probit expressions: a constant A and an exponent B for fatality and for injury. They come from a
-// table of chemicals or from the user, shift with humidity, and are kept in the run row. The limit search reads the four
-// fields; the run state keeps the values before a correction for humidity.
+// The constants of the two probit expressions: a constant A and an exponent B for fatality and for injury. They come
+// from a table of chemicals or from the user, shift with humidity, and are kept in the run row. The limit search reads
+// the four fields; the run state keeps the values before a correction for humidity.
 #pragma once
 
 #include <array>
@@ -36,25 +36,25 @@ class ProbitConstants {
 
   /// Sets the constants of the run state from the chemical; -10, 2, -5, 2 for one that is not in the table.
   void prbtLoadConstants();
-  /// Opens or closes the four fields by `prbtoptn`, and when it is 1 fills them from the chemical; -10, 2, -6, 2 for one
-  /// that is not in the table. Touches neither the run state nor the study, but for a failing step, which shows a box with
-  /// its number and turns `prbtoptn` off and on again, each with its click.
+  /// Opens or closes the four fields by `prbtoptn`, and when it is 1 fills them from the chemical; -10, 2, -6, 2 for
+  /// one that is not in the table. Touches neither the run state nor the study, but for a failing step, which shows a
+  /// box with its number and turns `prbtoptn` off and on again, each with its click.
   void prbtFillDefaults();
-  /// Writes the four fields into the run row and opens `comput` and `redosimul`. A failing step shows a box and closes both
-  /// commands before the next one runs, so that a failure of the row ends with both open.
+  /// Writes the four fields into the run row and opens `comput` and `redosimul`. A failing step shows a box and closes
+  /// both commands before the next one runs, so that a failure of the row ends with both open.
   void prbtStoreConstants();
   using Cells = std::array<std::pair<std::string_view, Cell>, 4>;
   /// The constants of the chemical, each with its column of the run row.
   Cells softwareCells() const;
 
-  /// Value 1: the constants of the chemical come into the fields and the run row. Else the fields keep what they show, and
-  /// the row the choice. The run state takes the numbers in the fields.
+  /// Value 1: the constants of the chemical come into the fields and the run row. Else the fields keep what they show,
+  /// and the row the choice. The run state takes the numbers in the fields.
   void prbtoptn_Click();
-  /// `prbtoptn` becomes 1, with the constants of the chemical in the fields. The run state takes them in place of the user's,
-  /// as a click does; constants that were the chemical's already stay there.
+  /// `prbtoptn` becomes 1, with the constants of the chemical in the fields. The run state takes them in place of the
+  /// user's, as a click does; constants that were the chemical's already stay there.
   void chooseDefaults();
-  /// The four constants of the run row come into the fields, each as a statement of its own. A cell without a value leaves
-  /// its field as it is.
+  /// The four constants of the run row come into the fields, each as a statement of its own. A cell without a value
+  /// leaves its field as it is.
   void takeFromRow(const Trap& regime);
   /// The same, with the choice of `prbtoptn` before them, and constants of the user's own into the run state.
   void takeChoiceFromRow(const Trap& regime);

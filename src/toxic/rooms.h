@@ -1,5 +1,5 @@
-// The rooms of the toxic effects, built and wired: probit constants, limit search, distance limits, and what a press asks of
-// them.
+// The rooms of the toxic effects, built and wired: probit constants, limit search, distance limits, and what a press
+// asks of them.
 #pragma once
 
 #include "toxic/distance_limits.h"

@@ -61,7 +61,7 @@ inline constexpr int tableRows = 20;
 /// Cells of a row: distance (m), fatality (%), injury (%), area (Ha), concentration (ppm), dose (mg).
 inline constexpr int rowCells = 6;
 inline constexpr std::size_t tableCells = std::size_t{tableRows} * rowCells;
-/// Cells behind the rows, which are never filled.
+/// Cells after the rows, which are never filled.
 inline constexpr std::size_t spareCells = 7;
 
 struct ReportTableState {

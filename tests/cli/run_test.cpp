@@ -228,8 +228,8 @@ TEST(Run, refusesWhatItCanNotTakeAndPrintsNothing) {
   const Printed damaged = study.compute();
   EXPECT_EQ(damaged.status, ExitStatus::failed);
   EXPECT_EQ(test::readFile(study.folder.study()), "no study");
-  const RunRequest bad = scriptOf("show nothing");
-  refused(bad, bad.target + ":1: no field \"nothing\" in view dspmnfrm", ExitStatus::refused);
+  const RunRequest bad = scriptOf("set scnrotypetxt PUFF\nclick comput\nshow nothing\nclick comput");  // midway
+  refused(bad, bad.target + ":3: no field \"nothing\" in view dspmnfrm", ExitStatus::refused);
 }
 
 TEST(Run, takesTheLimitsAsAskedOrByTheUsersSetting) {

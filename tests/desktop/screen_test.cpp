@@ -1,5 +1,5 @@
-// The window on a real X11 screen under a window manager, worked with real keys and mouse clicks. tests/desktop/on_screen
-// makes the screen.
+// The window on a real X11 screen under a window manager, worked with real keys and mouse clicks.
+// tests/desktop/on_screen makes the screen.
 
 #include <gtest/gtest.h>
 

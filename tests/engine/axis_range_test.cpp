@@ -33,6 +33,7 @@ TEST(AxisRange, boundsWhatTheCloudDoesBetweenItsEnds) {
     return std::uniform_real_distribution<double>{low, high}(random);
   };
   int bounded = 0;
+  int widening = 0;
   for (int i = 0; i < 4000; ++i) {
     const Cloud cloud{{static_cast<Release>(i % 3), 5, 50, std::exp(between(-2, 5)), between(0, 20), 4},
                       i % static_cast<int>(stabilityClasses.size()),
@@ -42,6 +43,11 @@ TEST(AxisRange, boundsWhatTheCloudDoesBetweenItsEnds) {
     const auto range = cloud.over(from, to);
     if (!range) continue;
     ++bounded;
+    // Levels down from a ten-thousandth below what the axis holds at least.
+    const double level = range->low * (1 - std::exp(between(-9.2, -0.1)));
+    const bool widens = level > 0 && range->widens(level);
+    widening += widens ? 1 : 0;
+    double widthBefore = 0;
     double before = 0;
     for (int k = 0; k <= 20; ++k) {
       const double x = from + (to - from) * k / 20;
@@ -52,16 +58,25 @@ TEST(AxisRange, boundsWhatTheCloudDoesBetweenItsEnds) {
       EXPECT_GE(cloud.sigmaY(x), range->sigmaY.low * (1 - AxisRange::margin));
       EXPECT_TRUE(!range->rises() || conc > before) << conc;
       before = conc;
+      if (!widens) continue;
+      const double width = halfWidth(conc, level, cloud.sigmaY(x));
+      EXPECT_GT(width, widthBefore) << x;
+      widthBefore = width;
     }
   }
   EXPECT_GT(bounded, 2000);
+  EXPECT_GT(widening, 200);
 }
 
 TEST(AxisRange, isNoneOverABreakpointAndWithoutMassOrWind) {
   const Cloud cloud{{Release::plume, 5, 50, 1, 1.5, 4}, 6, 2};
   EXPECT_TRUE(cloud.over(100, 300));
-  EXPECT_FALSE(cloud.over(300, 400));  // class D changes its form at 368.653 m
-  EXPECT_FALSE(cloud.over(70, 90));    // the density band ends at 80 m
+  // Class D changes its form at 368.653 m, which belongs to the second one; the density band ends at 80 m.
+  EXPECT_FALSE(cloud.over(300, 400));
+  EXPECT_FALSE(cloud.over(300, 368.653));
+  EXPECT_TRUE(cloud.over(300, 368.652));
+  EXPECT_TRUE(cloud.over(368.653, 400));
+  EXPECT_FALSE(cloud.over(70, 90));
   for (double Source::*missing : {&Source::Q, &Source::M, &Source::u}) {
     Cloud without = cloud;
     without.source.*missing = 0;

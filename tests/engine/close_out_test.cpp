@@ -41,6 +41,28 @@ TEST(CloseOut, showsTheTimeInTheUnitOfItsScale) {
   }
 }
 
+TEST(CloseOut, dividesTheEndOfTheOutermostLevelByAWindBelowOneMetreASecondToo) {
+  for (const char* wind : {"0.5", "4"}) {
+    TestSystem system;
+    system.setRelease();
+    system.set({{"wndveltxt", wind}, {"htreltxt", "10"}});
+    system.press();
+    const double top = system.field("constn1").number();
+    system.setLevels({plainText(top * 0.9),
+                      plainText(top * 0.7),
+                      plainText(top * 0.5),
+                      plainText(top * 0.3),
+                      plainText(top * 0.2),
+                      plainText(top * 0.1)});
+    system.press();
+    const double seconds =
+        system.field("endpt(5)").number() / strictNumber(wind);  // at 10 m the wind is the one entered
+    const double unit = seconds > 3600 ? 3600 : seconds > 60 ? 60 : 1;
+    EXPECT_EQ(system.text("tmestbltxt"), Format(seconds / unit, "0.00")) << wind;
+    EXPECT_EQ(system.text("tmeunitlbl"), unit == 3600 ? "h" : unit == 60 ? "min" : "s") << wind;
+  }
+}
+
 TEST(CloseOut, asksForALevelWithANegativeLengthAndStillWritesTheRow) {
   TestStudy study;
   study.run("start\nenter enddisttxt 3000");

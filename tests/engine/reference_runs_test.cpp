@@ -1,5 +1,5 @@
-// Whole runs of two and three presses against figures worked out outside the program: every result field, every box, and
-// what is enabled.
+// Whole runs of two and three presses against figures worked out outside the program: every result field, every box,
+// and what is enabled.
 
 #include <gtest/gtest.h>
 

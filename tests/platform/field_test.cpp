@@ -63,6 +63,20 @@ TEST(Field, tellsObserversOfChangesOnly) {
   EXPECT_EQ(told, (std::vector<Property>{Property::text, Property::enabled, Property::width}));
 }
 
+TEST(Field, aListThatIsFilledAnewOrEmptiedHasNoEntryInForce) {
+  Views views;
+  View view{views, "v", ""};
+  Field& list = view.add(FieldKind::list, "list");
+  for (const std::vector<std::string>& entries : {std::vector<std::string>{"c"}, {}}) {
+    list.setEntries({"a", "b"});
+    list.select(1);
+    EXPECT_EQ(list.text(), "b");
+    list.setEntries(entries);
+    EXPECT_EQ(list.listIndex(), -1);
+    EXPECT_EQ(list.text(), "");
+  }
+}
+
 TEST(FieldArray, namesItsElementsAndRefusesAnIndexOutside) {
   Views views;
   View view{views, "v", ""};

@@ -101,7 +101,8 @@ TEST(Format, roundsHalfAwayFromZero) {
   EXPECT_THROW(Format(std::numeric_limits<double>::infinity(), "0.00"), RuntimeFailure);
 }
 
-/// |value| with so many decimals in units of the last one: 15 significant digits by printf, rounded half up as integers.
+/// |value| with so many decimals in units of the last one: 15 significant digits by printf, rounded half up as
+/// integers.
 std::int64_t unitsOf(double value, int decimals) {
   char text[40];
   std::snprintf(text, sizeof text, "%.14e", std::fabs(value));

@@ -1,5 +1,5 @@
-// The row of a run while another program holds the file, or bears its key: what the user has chosen and typed is neither lost
-// nor written into another run.
+// The row of a run while another program holds the file, or bears its key: what the user has chosen and typed is
+// neither lost nor written into another run.
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>

@@ -197,6 +197,20 @@ TEST(StartUp, namesTheUpperLevelsOfANonFlammableChemical) {
   EXPECT_FALSE(study.field("conctxt1").visible());
 }
 
+TEST(StartUp, needsTheFolderThatItBeganIn) {
+  TestStudy study;
+  study.run("start\nclose");
+  std::filesystem::rename(study.folder / "start", study.folder / "moved");
+  try {
+    study.run("start");
+    ADD_FAILURE();
+  } catch (const std::logic_error& error) {
+    EXPECT_NE(std::string{error.what()}.find("test:1: " + (study.folder / "start").string() + " is no folder"),
+              std::string::npos)
+        << error.what();
+  }
+}
+
 TEST(StartUp, takesTheChoiceOfLimitsFromTheSettings) {
   TestStudy study;
   study.run("start\nsetting noldarz FatltyInjryDistOptnStr FatltyInjryDistOptnStr1");

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/store/any_case.h"
 #include "platform/store/store_failure.h"
 #include "support/reference.h"
 #include "support/test_study.h"
@@ -64,6 +65,26 @@ TEST_F(QueriesTest, areJoinedToTheLetter) {
   EXPECT_EQ(state.chemName, "Chlorine");
   EXPECT_EQ(fields.reftmptxt.text(), "R1");
   EXPECT_EQ(state.moduleTag, "Dispersion");
+}
+
+TEST(AnyCase, comparesLettersOfAnyScriptAndNothingElse) {
+  const struct {
+    const char *a, *b;
+    int order;
+  } cases[] = {{"Zone", "zone", 0},
+               {"A", "a", 0},
+               {"Größe", "GRÖSSE", 0},
+               {"Ж", "ж", 0},
+               {"[", "{", -1},
+               {"@", "`", -1},
+               {"a", "B", -1},
+               {"z", "A", 1},
+               {"", "a", -1}};
+  for (const auto& [a, b, order] : cases) {
+    const int found = compareWithoutCase(a, b);
+    EXPECT_EQ(found < 0 ? -1 : found > 0 ? 1 : 0, order) << a << b;
+    EXPECT_EQ(folded(a) == folded(b), order == 0) << a << b;
+  }
 }
 
 TEST_F(QueriesTest, takeNoNameWithASingleQuote) {

@@ -26,7 +26,8 @@ class Chance {
   std::mt19937 random_;
 };
 
-/// The bytes cut off, with a stretch of zeros, with others among the first 200, which hold the head of a file, or anywhere.
+/// The bytes cut off, with a stretch of zeros, with others among the first 200, which hold the head of a file, or
+/// anywhere.
 inline std::string damaged(std::string bytes, Chance& chance) {
   const std::size_t kind = chance.below(5);
   if (kind == 0) bytes.resize(chance.below(bytes.size()));

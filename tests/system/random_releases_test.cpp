@@ -1,5 +1,6 @@
-// Properties that hold for any release, on thousands of random ones: what the searches find is what plain stepping finds, every
-// result is a number or a mark, and lower levels go farther. NOLDARZ_RELEASES sets how many, NOLDARZ_SEED with which begin.
+// Properties that hold for any release, on thousands of random ones: what the searches find is what plain stepping
+// finds, every result is a number or a mark, and lower levels go farther. NOLDARZ_RELEASES sets how many, NOLDARZ_SEED
+// with which begin.
 
 #include <gtest/gtest.h>
 

@@ -25,6 +25,15 @@ TEST(ProbitConstants, areThoseOfTheLastRowWhoseWordsStandInTheName) {
       {"Nitrogen dioxide", {"-18.6", "3.7", "-4.96", "3.7"}},
       {"Nitrogen Dioxide", fallback},
       {"Methyl isocyanate", {"-1.23", "0.7", "1.35", "0.7"}},
+      {"Acrolein", {"-4.12", "1.0", "-0.43", "1.0"}},
+      {"Acrylonitirile", {"-8.59", "1.3", "-3.79", "1.3"}},
+      {"Bromine", {"-12.36", "2.0", "-4.98", "2.0"}},
+      {"Hydrochloric acid", {"-9.77", "1.0", "-2.99", "1.0"}},
+      {"Hydrogen cyanide", {"-9.77", "2.4", "-0.91", "2.4"}},
+      {"Hydrogen fluoride", {"-8.43", "1.5", "-2.9", "1.5"}},
+      {"Methyl bromide", {"-7.26", "1.1", "-3.2", "1.1"}},
+      {"Parathion", {"-2.48", "1.0", "1.21", "1.0"}},
+      {"Phosphene", {"-2.61", "1.0", "1.08", "1.0"}},
       {"Carbon Dioxide", fallback},
       {"Phosgene and Ammonia", {"-0.78", "0.9", "2.54", "0.9"}},
       {"Chlorine, Sulphur Dioxide", {"-19.19", "2.4", "-10.34", "2.4"}},
@@ -60,6 +69,19 @@ TEST(ProbitConstants, ofAChemicalThatIsNotInTheTableDifferInTheStateAndTheFields
   EXPECT_EQ(study.shown(), (Texts{"-10.0", "2.0", "-6.0", "2.0"}));
   study.run("click comput");  // the click of the choice takes the fields
   EXPECT_EQ(study.base(), (Texts{"-10", "2", "-6", "2"}));
+}
+
+TEST(ProbitConstants, standInTheEquationsThatTheViewShows) {
+  Study study{"Ammonia"};
+  Texts captions;
+  for (int i = 0; i < 6; ++i) captions.push_back(study.text("prbteqnlbl(" + std::to_string(i) + ")"));
+  EXPECT_EQ(captions,
+            (Texts{"Probit Equations :",
+                   "Fatality Probit (y)",
+                   "Injury Probit (y)",
+                   "+1(Ln(Conc",
+                   " x T)",
+                   " T= time 30 min of exposure"}));
 }
 
 TEST(ProbitConstants, areClosedOrOpenToTheUserByHisChoice) {

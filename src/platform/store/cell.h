@@ -19,7 +19,8 @@ inline std::string textOf(const Cell& cell) {
   return {};
 }
 
-/// The number in the cell, from a text by strict conversion. Fails with typeMismatch for a text or nothing that is none.
+/// The number in the cell, from a text by strict conversion. Fails with typeMismatch for a text or nothing that is
+/// none.
 inline double numberOf(const Cell& cell) {
   if (const auto* whole = std::get_if<std::int64_t>(&cell)) return static_cast<double>(*whole);
   if (const auto* number = std::get_if<double>(&cell)) return *number;

@@ -34,8 +34,8 @@ class Connection {
   /// A step begins.
   void startClock() const { deadline_ = Clock::now() + limit_; }
 
-  /// The user acts anew. Within an act one step waits for another program that writes, and once it has waited in vain the
-  /// next ones don't wait.
+  /// The user acts anew. Within an act one step waits for another program that writes, and once it has waited in vain
+  /// the next ones don't wait.
   void beginAct() { waitedInVain_ = false; }
 
  private:

@@ -1,6 +1,6 @@
-// A link between fields of a view and one row of the study: it runs its record source, shows the current row in the fields
-// bound to it, and stores an edit of a bound field with the next Refresh or Update. The logic reaches the study through
-// links only.
+// A link between fields of a view and one row of the study: it runs its record source, shows the current row in the
+// fields bound to it, and stores an edit of a bound field with the next Refresh or Update. The logic reaches the study
+// through links only.
 #pragma once
 
 #include <filesystem>
@@ -29,11 +29,11 @@ class DataLink {
   DataLink(const DataLink&) = delete;
   DataLink& operator=(const DataLink&) = delete;
 
-  /// Binds a field to a column, in place of the column it had. A label shows its column and never writes it. `words` tells
-  /// the user what was stored, with "{}" for the text: "height of release {} m".
+  /// Binds a field to a column, in place of the column it had. A label shows its column and never writes it. `words`
+  /// tells the user what was stored, with "{}" for the text: "height of release {} m".
   void bind(Field& field, std::string column, Accepts accepts = {}, std::string words = {});
-  /// What is done before the row is opened for writing: the link may stand on another row behind it. It fails when there is
-  /// none to write to.
+  /// What is done before the row is opened for writing: the link may stand on another row afterwards. It fails when
+  /// there is none to write to.
   void beforeEdit(std::function<void()> prepare) { prepare_ = std::move(prepare); }
   void prepare() {
     if (prepare_) prepare_();
@@ -44,10 +44,10 @@ class DataLink {
   void setRecordSource(const std::string& query) { recordSource_ = query; }
   const std::string& recordSource() const { return recordSource_; }
 
-  /// Stores pending edits to the row that the link stands on, runs the query again, and shows its first row. Edits that wait
-  /// for another program (storeLocked) stay pending, and the link on its row: the refresh fails there. Any other edit that
-  /// can't be stored is dropped, so that the fields show what the study holds; the refresh then fails behind its last step.
-  /// Another query that fails leaves the link without rows.
+  /// Stores pending edits to the row that the link stands on, runs the query again, and shows its first row. Edits that
+  /// wait for another program (storeLocked) stay pending, and the link on its row: the refresh fails there. Any other
+  /// edit that can't be stored is dropped, so that the fields show what the study holds; the refresh then fails after
+  /// its last step. Another query that fails leaves the link without rows.
   void refresh();
   /// Stores pending edits and lets go of the study. Fails, with everything as it was, when they can't be stored.
   void close();
@@ -72,12 +72,13 @@ class DataLink {
   void moveNext();
   /// Starts a new row and empties the bound fields.
   void addNew();
-  /// Stores a new row of these cells, makes it the current one and shows it. Fails with duplicateKey for a row that is there
-  /// already; when it fails, fields and row stay as they were.
+  /// Stores a new row of these cells, makes it the current one and shows it. Fails with duplicateKey for a row that is
+  /// there already; when it fails, fields and row stay as they were.
   void insert(const std::vector<std::pair<std::string_view, Cell>>& cells);
   void edit();
   void set(std::string_view column, Cell value) { rows().set(column, std::move(value)); }
-  /// Stores what is open for writing, with pending edits of bound fields. Fails with updateUnopened when nothing is open.
+  /// Stores what is open for writing, with pending edits of bound fields. Fails with updateUnopened when nothing is
+  /// open.
   void update();
 
   /// Drops what is open for writing, and shows the current row again.

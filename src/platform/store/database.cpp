@@ -21,7 +21,7 @@ constexpr std::string_view integrity{"ok"};       // what the engine answers for
 struct Mapping {
   int result;
   FailureNumber reason;
-  std::string_view text;  // behind the file's name; with a colon at its end: what the engine says follows
+  std::string_view text;  // after the file's name; with a colon at its end: what the engine says follows
 };
 
 constexpr std::array mappings{
@@ -57,8 +57,8 @@ Statement::Statement(const Database& database, std::string_view text)
   const int result = sqlite3_prepare_v2(database.handle(), text.data(), static_cast<int>(text.size()), &handle, &rest);
   handle_.reset(handle);
   if (result != SQLITE_OK) database.failWith(result);
-  const std::string_view behind = text.substr(static_cast<std::size_t>(rest - text.data()));
-  if (!handle || behind.find_first_not_of(" \t\r\n;") != std::string_view::npos)
+  const std::string_view rests = text.substr(static_cast<std::size_t>(rest - text.data()));
+  if (!handle || rests.find_first_not_of(" \t\r\n;") != std::string_view::npos)
     throw StoreFailure(FailureNumber::querySyntax, "the query is no single statement");
 }
 

@@ -23,12 +23,12 @@ class Database;
 /// One prepared statement.
 class Statement {
  public:
-  /// Fails with querySyntax for a text that the engine refuses, and for anything behind the first statement.
+  /// Fails with querySyntax for a text that the engine refuses, and for anything after the first statement.
   Statement(const Database& database, std::string_view text);
 
   /// Binds a value to a parameter, from 1.
   void bind(int parameter, const Cell& value);
-  /// The next row; false behind the last.
+  /// The next row; false after the last.
   bool step();
   int columnCount() const;
   /// A cell of the row; bytes that are no text as if they were one.
@@ -63,7 +63,8 @@ class Database {
   sqlite3* handle() const { return connection_->handle(); }
   Connection& connection() const { return *connection_; }
 
-  /// What another program has put into the file that would act on our rows; such a file is not written to. Empty: nothing.
+  /// What another program has put into the file that would act on our rows; such a file is not written to. Empty:
+  /// nothing.
   const std::string& foreign() const { return foreign_; }
   /// Whether the path still leads to the file that was opened.
   bool isCurrent() const;
@@ -92,8 +93,8 @@ class Database {
   mutable std::int64_t schemaRead_ = 0;
 };
 
-/// The database that is open: links on one path share a connection, which closes with the last of them. A process must not
-/// open a study twice while it holds a lock on it, since closing the one lets go of the locks of the other.
+/// The database that is open: links on one path share a connection, which closes with the last of them. A process must
+/// not open a study twice while it holds a lock on it, since closing the one lets go of the locks of the other.
 class Databases {
  public:
   explicit Databases(const Layout& layout) : layout_(layout) {}

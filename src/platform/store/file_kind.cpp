@@ -12,12 +12,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Head of a file of the database engine: magic text, page size at 16, change counter at 24, page count at 28, the change
-/// counter for which the page count holds at 92; numbers are big-endian.
+/// Head of a file of the database engine: magic text, page size at 16, change counter at 24, page count at 28, the
+/// change counter for which the page count holds at 92; numbers are big-endian.
 constexpr std::size_t headSize = 100;
 constexpr std::string_view magic{"SQLite format 3\0", 16};
 
-/// An original Jet database says so behind four bytes.
+/// An original Jet database says so after four bytes.
 constexpr std::size_t jetMagicAt = 4;
 constexpr std::array<std::string_view, 2> jetMagics{"Standard Jet DB", "Standard ACE DB"};
 

@@ -15,7 +15,7 @@ namespace {
 
 using Words = std::vector<SqlWord>;
 
-/// Keywords in the definition of a table behind which something is computed or decided, and what they stand for.
+/// Keywords in the definition of a table after which something is computed or decided, and what they stand for.
 constexpr std::array<std::pair<std::string_view, std::string_view>, 4> actingWords{{{"CHECK", "a check"},
                                                                                     {"GENERATED", "a generated column"},
                                                                                     {"AS", "a generated column"},

@@ -10,8 +10,8 @@
 namespace noldarz {
 
 /// Kind and name of what the statement of the schema makes, when it acts on a table of the layout: a trigger, a view, a
-/// virtual table, an index by an expression or on a part of the rows, a check, a generated column, a computed default, a
-/// conflict clause. Empty for all else: plain tables and indexes, and the program's own triggers.
+/// virtual table, an index by an expression or on a part of the rows, a check, a generated column, a computed default,
+/// a conflict clause. Empty for all else: plain tables and indexes, and the program's own triggers.
 std::string foreignActor(std::string_view statement, const Layout& layout);
 
 /// Why the program can't work on the table that the statement makes, to follow its name; empty when it can.

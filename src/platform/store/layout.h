@@ -43,8 +43,8 @@ struct Layout {
 /// The statements that make the tables of the layout in an empty database.
 std::string creationScript(const Layout& layout);
 
-/// The statements of the triggers that keep the keys. Triggers and not indexes: a study that another program has made may
-/// hold a key twice.
+/// The statements of the triggers that keep the keys. Triggers and not indexes: a study that another program has made
+/// may hold a key twice.
 std::vector<std::string> keyTriggers(const Layout& layout);
 
 /// Those that an earlier version of the program made.

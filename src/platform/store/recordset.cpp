@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::string_view reading{"SELECT"};
 
-/// The text behind its first word, which must be SELECT: nothing else reads only.
-std::string_view behindSelect(std::string_view query) {
+/// The text after its first word, which must be SELECT: nothing else reads only.
+std::string_view afterSelect(std::string_view query) {
   query.remove_prefix(std::min(query.find_first_not_of(" \t\r\n"), query.size()));
   const bool reads =
       query.size() > reading.size() && std::equal(reading.begin(), reading.end(), query.begin(), [](char a, char b) {
@@ -60,7 +60,7 @@ ColumnType typeOf(const Layout& layout, std::string_view table, std::string_view
 Recordset::Recordset(std::shared_ptr<Database> database, const std::string& text, Access access)
     : database_(std::move(database)) {
   const std::string query = access == Access::read ? text : comparingAnyCase(text);
-  const std::string_view rest = behindSelect(query);
+  const std::string_view rest = afterSelect(query);
   Statement statement{*database_, query};
   if (sqlite3_stmt_readonly(statement.handle()) == 0)
     throw StoreFailure(FailureNumber::querySyntax, "the query is no reading statement");

@@ -1,6 +1,6 @@
-// The rows that one query text found, and the way to write them. The text runs as it stands; the engine's metadata tells
-// which table and column a cell comes from, so that a row can be edited and one be added. Used by DataLink and by fronts
-// that read the study.
+// The rows that one query text found, and the way to write them. The text runs as it stands; the engine's metadata
+// tells which table and column a cell comes from, so that a row can be edited and one be added. Used by DataLink and by
+// fronts that read the study.
 #pragma once
 
 #include <cstdint>
@@ -20,16 +20,16 @@ class Recordset {
   /// To write a row, the engine is asked for its number in the table beside the columns of the query.
   enum class Access : std::uint8_t { read, write };
 
-  /// Runs the query, which must be a single reading statement, and stands on its first row. All rows are read at once, so
-  /// RecordCount is their true number. Fails with a StoreFailure.
+  /// Runs the query, which must be a single reading statement, and stands on its first row. All rows are read at once,
+  /// so RecordCount is their true number. Fails with a StoreFailure.
   Recordset(std::shared_ptr<Database> database, const std::string& query, Access access = Access::write);
 
   int recordCount() const { return static_cast<int>(rows_.size()); }
   bool eof() const { return at_ >= rows_.size(); }
   /// Position of the current row, from 0; -1 when there is none.
   int absolutePosition() const { return eof() ? -1 : static_cast<int>(at_); }
-  /// Moving drops what is open for writing. moveFirst fails with noCurrentRow when there are no rows, moveNext behind the
-  /// last.
+  /// Moving drops what is open for writing. moveFirst fails with noCurrentRow when there are no rows, moveNext after
+  /// the last.
   void moveFirst();
   void moveNext();
 
@@ -43,8 +43,8 @@ class Recordset {
   const Cell& value(int column) const;
   const Cell& value(std::string_view column) const { return value(position(column)); }
 
-  /// Opens the current row for writing; goes on with what is open already. Fails with noCurrentRow, and with readOnly for
-  /// a query whose rows can't be told apart in one table.
+  /// Opens the current row for writing; goes on with what is open already. Fails with noCurrentRow, and with readOnly
+  /// for a query whose rows can't be told apart in one table.
   void edit();
   /// Opens a new row for writing, with nothing in its cells.
   void addNew();
@@ -56,7 +56,8 @@ class Recordset {
   void set(std::string_view column, Cell value) { set(position(column), std::move(value)); }
   /// Stores the cells that were set, in one durable transaction; a new row becomes the current one. Fails with
   /// updateUnopened when nothing is open, with duplicateKey for a new row that is there already, with storeFailed when
-  /// what is read back is not what was written, and as Database::transact does: the row is then as before, and stays open.
+  /// what is read back is not what was written, and as Database::transact does: the row is then as before, and stays
+  /// open.
   void update();
   /// Drops what is open for writing.
   void cancelUpdate();

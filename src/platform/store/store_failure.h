@@ -1,5 +1,5 @@
-// A failure of the store: a run-time failure that also tells in words what went wrong and with which file, for the status
-// line and the command line.
+// A failure of the store: a run-time failure that also tells in words what went wrong and with which file, for the
+// status line and the command line.
 #pragma once
 
 #include <string>

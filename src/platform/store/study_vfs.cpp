@@ -16,8 +16,8 @@ namespace {
 constexpr std::string_view journal{"-journal"};
 constexpr std::array<std::string_view, 3> sideSuffixes{journal, "-wal", "-shm"};
 
-/// The end of a journal that is part of a change to several files: length of the name of the file that joins them, a check
-/// sum, and these bytes. Numbers are big-endian.
+/// The end of a journal that is part of a change to several files: length of the name of the file that joins them, a
+/// check sum, and these bytes. Numbers are big-endian.
 constexpr std::string_view joinedMagic{"\xd9\xd5\x05\xf9\x20\xa1\x63\xd7", 8};
 constexpr std::streamoff joinedEnd = 16;
 

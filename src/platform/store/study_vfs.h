@@ -1,7 +1,7 @@
 // What of the file system the database engine gets to see of one study: the file itself, its own side files (journal,
-// write-ahead log and the index of that), and unnamed temporary files. A study may come from a stranger; a journal beside it
-// may name other files, which the engine would open and delete. Every other name is refused here, and so is a side file that
-// is a link or no regular file, or that belongs to a change of several files.
+// write-ahead log and the index of that), and unnamed temporary files. A study may come from a stranger; a journal
+// beside it may name other files, which the engine would open and delete. Every other name is refused here, and so is a
+// side file that is a link or no regular file, or that belongs to a change of several files.
 #pragma once
 
 #include <memory>
@@ -22,7 +22,8 @@ class StudyVfs {
   StudyVfs& operator=(const StudyVfs&) = delete;
 
   const char* name() const { return name_.c_str(); }
-  /// Why it refused something to the engine since this was asked last, to follow the study's name; empty when it did not.
+  /// Why it refused something to the engine since this was asked last, to follow the study's name; empty when it did
+  /// not.
   std::string takeFault() { return std::exchange(fault_, {}); }
 
  private:

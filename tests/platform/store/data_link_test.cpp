@@ -48,6 +48,14 @@ TEST_F(DataLinkTest, showsTheRowAndStoresAnEditWithTheNextRefresh) {
   EXPECT_EQ(height.text(), "2.5");
 }
 
+TEST_F(DataLinkTest, storesAnEditBeforeItMoves) {
+  link.refresh();
+  height.setText("2.5");
+  link.moveFirst();
+  EXPECT_EQ(stored("htrel"), "2.5");
+  EXPECT_EQ(height.text(), "2.5");
+}
+
 TEST_F(DataLinkTest, storesAnEditBeforeItRunsAnotherQuery) {
   link.refresh();
   terrain.setText("Urban");

@@ -70,6 +70,20 @@ TEST(Database, tellsByContentWhatIsNoStudy) {
   EXPECT_EQ(faultOf(folder / "data"), "3343: is no file");
 }
 
+TEST(Database, looksIntoEveryPageBeforeAnythingIsRead) {
+  const test::TestFolder folder;
+  test::makeStudy(folder.study(), test::exampleStudy("chlorine"));
+  const std::string sound = test::readFile(folder.study());
+  constexpr std::size_t page = 4096;
+  for (std::size_t begin = page; begin < sound.size(); begin += page) {
+    std::string bytes = sound;
+    bytes.replace(begin, 8, 8, '\xAA');
+    test::writeFile(folder.study(), bytes);
+    EXPECT_TRUE(faultOf(folder.study()).starts_with("3049: ")) << begin / page << ": " << faultOf(folder.study());
+    EXPECT_EQ(test::readFile(folder.study()), bytes);
+  }
+}
+
 TEST(Database, takesTablesAndColumnsOfOtherModules) {
   const test::TestFolder folder;
   test::makeStudy(folder.study(), test::exampleStudy("chlorine"));

@@ -1,5 +1,5 @@
-// Studies that come from a stranger: opening one touches no other file, runs nothing of theirs, does not hang, and tells what
-// it refuses.
+// Studies that come from a stranger: opening one touches no other file, runs nothing of theirs, does not hang, and
+// tells what it refuses.
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -17,24 +17,16 @@
 #include <utility>
 
 #include "desktop/form_sizes.h"
+#include "desktop/forms.h"
 #include "desktop/help.h"
 #include "desktop/theme.h"
 #include "desktop/x11_window.h"
 #include "platform/failure.h"
 #include "platform/process.h"
-#include "ui_aniwait1.h"
-#include "ui_dspmnfrm.h"
-#include "ui_progrsBar.h"
-#include "ui_reqfrm.h"
 
 namespace noldarz {
 
 namespace {
-
-template <class Ui>
-void setUp(QMainWindow& window) {
-  Ui{}.setupUi(&window);
-}
 
 void fill(QMessageBox& message, const MessageBox& box) {
   message.setWindowTitle(shown(box.title));
@@ -49,12 +41,6 @@ void fill(QMessageBox& message, const MessageBox& box) {
 }
 
 }  // namespace
-
-struct QtDesktop::Form {
-  std::string_view view;
-  void (*setUp)(QMainWindow&);
-  bool tellsProgress = false;  // it lies over the window in front and takes no focus
-};
 
 QtDesktop::QtDesktop()
     : timers_([this] { return static_cast<double>(clock_.elapsed()); },
@@ -76,18 +62,14 @@ QtDesktop::QtDesktop()
 }
 
 void QtDesktop::attach(Views& views, const Settings& settings) {
-  constexpr std::array forms{Form{"dspmnfrm", setUp<Ui::dspmnfrm>},
-                             Form{"aniwait1", setUp<Ui::aniwait1>, true},
-                             Form{"reqfrm", setUp<Ui::reqfrm>},
-                             Form{"progrsBar", setUp<Ui::progrsBar>, true}};
   views_ = &views;
-  for (View* view : views.all())
-    for (const Form& form : forms)
-      if (view->name() == form.view) makeWindow(*view, form, settings);
+  settings_ = &settings;
   timers_.watch(views);
 }
 
-void QtDesktop::makeWindow(View& view, const Form& form, const Settings& settings) {
+void QtDesktop::makeWindow(View& view) {
+  const Form* form = formOf(view.name());
+  if (!form || bound_.contains(&view)) return;
   const auto close = [this, &view] {
     if (busy()) return;  // a window is not closed under a piece of the logic
     settle();
@@ -98,12 +80,12 @@ void QtDesktop::makeWindow(View& view, const Form& form, const Settings& setting
     if (const auto& binder = bound_[&view].binder) binder->followTheme();
   };
   Bound& bound = bound_[&view];
-  bound.window = std::make_unique<ViewWindow>(view, settings, ViewWindow::Front{close, themeChanged});
+  bound.window = std::make_unique<ViewWindow>(view, *settings_, ViewWindow::Front{close, themeChanged});
   ViewWindow& window = *bound.window;
-  form.setUp(window);
+  form->setUp(window);
   scaleFonts(window);
   setWidths(window);
-  if (form.tellsProgress) {
+  if (form->tellsProgress) {
     window.setWindowFlag(Qt::Dialog);
     window.setAttribute(Qt::WA_ShowWithoutActivating);
   }
@@ -150,6 +132,8 @@ void QtDesktop::followViews() {
   const auto open = views_->open();  // a copy: painting may open or close a view
   for (View* view : open)
     if (depth_ == 0 && view->visible() && view->isPaintDue()) view->paint();
+  for (View* view : views_->all())
+    if (view->visible()) makeWindow(*view);
   for (const auto& [view, bound] : bound_) {
     bound.window->setWindowTitle(view->title().empty() ? "NOLDA-RZ" : shown(view->title()));
     if (bound.window->isVisible() != view->visible()) showWindow(*bound.window, view->visible());
@@ -249,7 +233,7 @@ void QtDesktop::setFocus(Field& field) {
 }
 
 void QtDesktop::openDropDown(Field& field) {
-  // Behind the event: a list that opened inside it would lose the focus to what the event still does.
+  // After the event: a list that opened inside it would lose the focus to what the event still does.
   dropDown_ = qobject_cast<QComboBox*>(widgetOf(field));
   later_.start();
 }
@@ -290,7 +274,8 @@ QWidget* QtDesktop::widgetOf(const Field& field) const {
   return found == bound_.end() ? nullptr : found->second.binder->widgetOf(field);
 }
 
-QStringList QtDesktop::faults() const {
+QStringList QtDesktop::faults() {
+  for (View* view : views_->all()) makeWindow(*view);
   QStringList faults;
   for (const auto& [view, bound] : bound_)
     for (const QString& fault : bound.binder->faults()) faults << qt(view->name()) + ": " + fault;

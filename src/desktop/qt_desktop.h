@@ -8,7 +8,7 @@
 #include <map>
 #include <memory>
 
-#include "desktop/binder.h"
+#include "desktop/binder/binder.h"
 #include "desktop/view_window.h"
 #include "platform/desktop.h"
 #include "platform/focus.h"
@@ -23,7 +23,7 @@ class QtDesktop : public Desktop {
  public:
   QtDesktop();
 
-  /// Makes the windows of the views that have a form; each lies where `settings` say that it was last.
+  /// A view that has a form gets its window when it first shows, where `settings` say that it was last.
   void attach(Views& views, const Settings& settings);
 
   Reply messageBox(const MessageBox& box) override;
@@ -42,10 +42,9 @@ class QtDesktop : public Desktop {
   ViewWindow* windowOf(const View& view) const;
   QWidget* widgetOf(const Field& field) const;
   /// What the forms and the views do not have in common.
-  QStringList faults() const;
+  QStringList faults();
 
  private:
-  struct Form;
   struct Bound {
     std::unique_ptr<ViewWindow> window;
     std::unique_ptr<Binder> binder;
@@ -64,13 +63,15 @@ class QtDesktop : public Desktop {
   void followFocus() const;
   /// The text of the field that has the focus.
   void selectText() const;
-  void makeWindow(View& view, const Form& form, const Settings& settings);
+  /// The window of a view that has a form and none yet.
+  void makeWindow(View& view);
   void followViews();
   void showWindow(ViewWindow& window, bool visible) const;
   /// The window in front that the user works in; null when there is none.
   ViewWindow* frontWindow() const;
 
   Views* views_ = nullptr;
+  const Settings* settings_ = nullptr;
   std::map<const View*, Bound> bound_;
   Focus focus_;
   QElapsedTimer clock_;

@@ -8,11 +8,6 @@ namespace noldarz {
 
 namespace {
 
-// In the order of Property.
-constexpr std::array<std::string_view, 20> names{
-    "text",       "caption",    "value",      "enabled", "locked",  "visible", "checked", "toolTip", "fault", "tag",
-    "backColour", "foreColour", "fillColour", "entries", "details", "current", "left",    "top",     "width", "height"};
-
 std::optional<bool> parseTruth(std::string_view text) {
   if (text == "true" || text == "1") return true;
   if (text == "false" || text == "0") return false;
@@ -29,39 +24,40 @@ std::vector<std::string> lines(std::string_view text) {
   return result;
 }
 
-bool setNumber(Field& field, Property property, std::string_view text) {
-  const ParsedNumber parsed = parseNumber(text);
-  if (parsed.outcome != ParsedNumber::Outcome::number) return false;
-  switch (property) {
-    case Property::left: field.setLeft(parsed.value); return true;
-    case Property::top: field.setTop(parsed.value); return true;
-    case Property::width: field.setWidth(parsed.value); return true;
-    case Property::height: field.setHeight(parsed.value); return true;
-    default: break;
-  }
-  if (std::trunc(parsed.value) != parsed.value || std::fabs(parsed.value) > 1e9) return false;
-  const int whole = static_cast<int>(parsed.value);
-  property == Property::current ? field.setCurrent(whole) : field.setValue(whole);
+template <auto Set>
+bool setText(Field& field, std::string_view text) {
+  (field.*Set)(text);
   return true;
 }
 
-bool setTruth(Field& field, Property property, std::string_view text) {
+template <auto Set>
+bool setTruth(Field& field, std::string_view text) {
   const auto truth = parseTruth(text);
-  if (!truth) return false;
-  if (property == Property::enabled) field.setEnabled(*truth);
-  if (property == Property::locked) field.setLocked(*truth);
-  if (property == Property::visible) field.setVisible(*truth);
-  if (property == Property::checked) field.setValue(*truth ? 1 : 0);
-  return true;
+  if (truth) (field.*Set)(*truth);
+  return truth.has_value();
 }
 
-bool setColour(Field& field, Property property, std::string_view text) {
+template <auto Set>
+bool setColour(Field& field, std::string_view text) {
   const auto colour = parseColour(text);
-  if (!colour) return false;
-  if (property == Property::backColour) field.setBackColour(*colour);
-  if (property == Property::foreColour) field.setForeColour(*colour);
-  if (property == Property::fillColour) field.setFillColour(*colour);
-  return true;
+  if (colour) (field.*Set)(*colour);
+  return colour.has_value();
+}
+
+template <auto Set>
+bool setNumber(Field& field, std::string_view text) {
+  const ParsedNumber parsed = parseNumber(text);
+  if (parsed.outcome == ParsedNumber::Outcome::number) (field.*Set)(parsed.value);
+  return parsed.outcome == ParsedNumber::Outcome::number;
+}
+
+template <auto Set>
+bool setWhole(Field& field, std::string_view text) {
+  const ParsedNumber parsed = parseNumber(text);
+  const bool whole = parsed.outcome == ParsedNumber::Outcome::number && std::trunc(parsed.value) == parsed.value &&
+                     std::fabs(parsed.value) <= 1e9;
+  if (whole) (field.*Set)(static_cast<int>(parsed.value));
+  return whole;
 }
 
 bool showsCaption(FieldKind kind) {
@@ -81,46 +77,99 @@ std::vector<std::string> detailTexts(const Field& field) {
   return texts;
 }
 
-void setDetails(Field& field, const std::vector<std::string>& texts) {
-  std::vector<EntryDetail> details;
-  details.reserve(texts.size());
-  for (const auto& text : texts) details.push_back({text, ""});
-  field.setDetails(details);
+bool setEntries(Field& field, std::string_view text) {
+  field.setEntries(lines(text));
+  return true;
 }
 
-bool isAtDefault(const Field& field, Property property) {
-  switch (property) {
-    case Property::text: return showsCaption(field.kind()) || field.text().empty();
-    case Property::caption: return !showsCaption(field.kind()) || field.text().empty();
-    case Property::value: return field.kind() == FieldKind::menu || field.value() == 0;
-    case Property::checked: return field.kind() != FieldKind::menu || field.value() == 0;
-    case Property::enabled: return field.enabled();
-    case Property::locked: return !field.locked();
-    case Property::visible: return field.visible();
-    case Property::toolTip: return field.toolTip().empty();
-    case Property::fault: return field.fault().empty();
-    case Property::tag: return field.tag().empty();
-    case Property::backColour: return field.backColour() == defaultBackColour(field.kind());
-    case Property::foreColour: return field.foreColour() == defaultForeColour(field.kind());
-    case Property::fillColour: return field.fillColour() == Colour{};
-    case Property::entries: return field.entries().empty();
-    case Property::details: return field.details().empty();
-    case Property::current: return field.current() < 0;
-    default: return std::get<double>(getProperty(field, property)) == 0;
-  }
+bool setDetails(Field& field, std::string_view text) {
+  std::vector<EntryDetail> details;
+  for (auto& line : lines(text)) details.push_back({std::move(line), ""});
+  field.setDetails(details);
+  return true;
 }
+
+bool setChecked(Field& field, std::string_view text) {
+  const auto truth = parseTruth(text);
+  if (truth) field.setValue(*truth ? 1 : 0);
+  return truth.has_value();
+}
+
+bool isMenu(const Field& field) { return field.kind() == FieldKind::menu; }
+
+using Texts = std::vector<std::string>;
+
+/// A property: how it is read and set, and the value that a field of its kind has at first. A text that counts as another
+/// property of the kind is at its default always.
+struct Row {
+  std::string_view name;
+  PropertyValue (*get)(const Field&);
+  bool (*set)(Field&, std::string_view);
+  PropertyValue (*initial)(const Field&);
+};
+
+using F = const Field&;
+using V = PropertyValue;
+
+// In the order of Property.
+constexpr std::array<Row, 20> table{{
+    {"text",
+     [](F f) -> V { return f.text(); },
+     setText<&Field::setText>,
+     [](F f) -> V { return showsCaption(f.kind()) ? f.text() : ""; }},
+    {"caption",
+     [](F f) -> V { return f.text(); },
+     setText<&Field::setText>,
+     [](F f) -> V { return showsCaption(f.kind()) ? "" : f.text(); }},
+    {"value",
+     [](F f) -> V { return double(f.value()); },
+     setWhole<&Field::setValue>,
+     [](F f) -> V { return isMenu(f) ? double(f.value()) : 0.0; }},
+    {"enabled", [](F f) -> V { return f.enabled(); }, setTruth<&Field::setEnabled>, [](F) -> V { return true; }},
+    {"locked", [](F f) -> V { return f.locked(); }, setTruth<&Field::setLocked>, [](F) -> V { return false; }},
+    {"visible", [](F f) -> V { return f.visible(); }, setTruth<&Field::setVisible>, [](F) -> V { return true; }},
+    {"checked",
+     [](F f) -> V { return f.value() != 0; },
+     setChecked,
+     [](F f) -> V { return !isMenu(f) && f.value() != 0; }},
+    {"toolTip", [](F f) -> V { return f.toolTip(); }, setText<&Field::setToolTip>, [](F) -> V { return ""; }},
+    {"fault", [](F f) -> V { return f.fault(); }, setText<&Field::setFault>, [](F) -> V { return ""; }},
+    {"tag", [](F f) -> V { return f.tag(); }, setText<&Field::setTag>, [](F) -> V { return ""; }},
+    {"backColour",
+     [](F f) -> V { return colourText(f.backColour()); },
+     setColour<&Field::setBackColour>,
+     [](F f) -> V { return colourText(defaultBackColour(f.kind())); }},
+    {"foreColour",
+     [](F f) -> V { return colourText(f.foreColour()); },
+     setColour<&Field::setForeColour>,
+     [](F f) -> V { return colourText(defaultForeColour(f.kind())); }},
+    {"fillColour",
+     [](F f) -> V { return colourText(f.fillColour()); },
+     setColour<&Field::setFillColour>,
+     [](F) -> V { return colourText(Colour{}); }},
+    {"entries", [](F f) -> V { return f.entries(); }, setEntries, [](F) -> V { return Texts{}; }},
+    {"details", [](F f) -> V { return detailTexts(f); }, setDetails, [](F) -> V { return Texts{}; }},
+    {"current",
+     [](F f) -> V { return double(f.current()); },
+     setWhole<&Field::setCurrent>,
+     [](F) -> V { return -1.0; }},
+    {"left", [](F f) -> V { return f.left(); }, setNumber<&Field::setLeft>, [](F) -> V { return 0.0; }},
+    {"top", [](F f) -> V { return f.top(); }, setNumber<&Field::setTop>, [](F) -> V { return 0.0; }},
+    {"width", [](F f) -> V { return f.width(); }, setNumber<&Field::setWidth>, [](F) -> V { return 0.0; }},
+    {"height", [](F f) -> V { return f.height(); }, setNumber<&Field::setHeight>, [](F) -> V { return 0.0; }},
+}};
+
+const Row& rowOf(Property property) { return table.at(static_cast<std::size_t>(property)); }
 
 }  // namespace
 
-std::span<const std::string_view> propertyNames() { return names; }
-
 std::optional<Property> findProperty(std::string_view name) {
-  const auto found = std::find(names.begin(), names.end(), name);
-  if (found == names.end()) return {};
-  return static_cast<Property>(found - names.begin());
+  const auto found = std::find_if(table.begin(), table.end(), [&](const Row& row) { return row.name == name; });
+  if (found == table.end()) return {};
+  return static_cast<Property>(found - table.begin());
 }
 
-std::string_view propertyName(Property property) { return names.at(static_cast<size_t>(property)); }
+std::string_view propertyName(Property property) { return rowOf(property).name; }
 
 Property mainProperty(const Field& field) {
   switch (field.kind()) {
@@ -131,56 +180,14 @@ Property mainProperty(const Field& field) {
   }
 }
 
-PropertyValue getProperty(const Field& field, Property property) {
-  switch (property) {
-    case Property::text:
-    case Property::caption: return field.text();
-    case Property::value: return static_cast<double>(field.value());
-    case Property::enabled: return field.enabled();
-    case Property::locked: return field.locked();
-    case Property::visible: return field.visible();
-    case Property::checked: return field.value() != 0;
-    case Property::toolTip: return field.toolTip();
-    case Property::fault: return field.fault();
-    case Property::tag: return field.tag();
-    case Property::backColour: return colourText(field.backColour());
-    case Property::foreColour: return colourText(field.foreColour());
-    case Property::fillColour: return colourText(field.fillColour());
-    case Property::entries: return field.entries();
-    case Property::details: return detailTexts(field);
-    case Property::current: return static_cast<double>(field.current());
-    case Property::left: return field.left();
-    case Property::top: return field.top();
-    case Property::width: return field.width();
-    case Property::height: return field.height();
-  }
-  return std::string{};
-}
+PropertyValue getProperty(const Field& field, Property property) { return rowOf(property).get(field); }
 
-bool setProperty(Field& field, Property property, std::string_view text) {
-  switch (property) {
-    case Property::text:
-    case Property::caption: field.setText(text); return true;
-    case Property::toolTip: field.setToolTip(text); return true;
-    case Property::fault: field.setFault(text); return true;
-    case Property::tag: field.setTag(text); return true;
-    case Property::entries: field.setEntries(lines(text)); return true;
-    case Property::details: setDetails(field, lines(text)); return true;
-    case Property::enabled:
-    case Property::locked:
-    case Property::visible:
-    case Property::checked: return setTruth(field, property, text);
-    case Property::backColour:
-    case Property::foreColour:
-    case Property::fillColour: return setColour(field, property, text);
-    default: return setNumber(field, property, text);
-  }
-}
+bool setProperty(Field& field, Property property, std::string_view text) { return rowOf(property).set(field, text); }
 
 std::vector<Property> changedProperties(const Field& field) {
   std::vector<Property> changed;
-  for (size_t i = 0; i < names.size(); ++i)
-    if (const auto property = static_cast<Property>(i); !isAtDefault(field, property)) changed.push_back(property);
+  for (std::size_t i = 0; i < table.size(); ++i)
+    if (table[i].get(field) != table[i].initial(field)) changed.push_back(static_cast<Property>(i));
   return changed;
 }
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -13,9 +12,6 @@
 namespace noldarz {
 
 using PropertyValue = std::variant<std::string, double, bool, std::vector<std::string>>;
-
-/// All property names, in the order in which a field is shown.
-std::span<const std::string_view> propertyNames();
 
 std::optional<Property> findProperty(std::string_view name);
 std::string_view propertyName(Property property);
@@ -30,7 +26,7 @@ PropertyValue getProperty(const Field& field, Property property);
 /// text that the property can't take: a number or truth value ("true", "false", "1", "0") or colour that is none.
 bool setProperty(Field& field, Property property, std::string_view text);
 
-/// The properties of the field that aren't at the default of its kind, in the order of propertyNames().
+/// The properties of the field that aren't at the default of its kind, in the order of Property.
 std::vector<Property> changedProperties(const Field& field);
 
 }  // namespace noldarz

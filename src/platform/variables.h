@@ -15,6 +15,8 @@ struct Variable {
   std::string_view name;
   Value Slice::*member;
 };
+template <class Slice, class Value>
+Variable(const char*, Value Slice::*) -> Variable<Slice, Value>;
 
 /// The table of a slice: a tuple with a Variable for each member.
 template <class Slice>
@@ -44,7 +46,7 @@ namespace internal {
 
 struct Anything {
   template <class T>
-  operator T() const;
+  operator T() const;  // NOLINT(google-explicit-constructor): it stands for a member of any type
 };
 
 template <class Aggregate, class... Members>

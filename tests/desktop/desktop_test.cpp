@@ -22,7 +22,7 @@ namespace {
 using User = MouseUser;
 
 TEST(DesktopForms, haveAWidgetForEveryFieldAndAFieldForEveryWidget) {
-  const User user;
+  User user;
   EXPECT_EQ(user.desktop.faults().join("\n").toStdString(), "");
   for (View* view : user.system->views().all())
     EXPECT_TRUE(view->fields().empty() || user.desktop.windowOf(*view)) << view->name();

@@ -7,15 +7,13 @@
 #include <QStringList>
 #include <functional>
 #include <map>
+#include <memory>
 
-#include "desktop/field_widget.h"
+#include "desktop/binder/adapter.h"
 #include "platform/view.h"
 
 class QAction;
-class QComboBox;
 class QEvent;
-class QKeyEvent;
-class QListWidget;
 
 namespace noldarz {
 
@@ -45,29 +43,18 @@ class Binder : public QObject {
  private:
   void bind(Field& field);
   void bindAction(Field& field, QAction& action);
-  void connectEvents(Field& field, QWidget& widget);
-  void connectCombo(Field& field, QComboBox& combo);
-  void connectList(Field& field, QListWidget& list);
-  /// A click on a button or check field by mouse, key or shortcut.
-  void press(Field& field);
   bool isHere(Field& field, const QEvent& event) const;
-  /// What the user's last step has asked for is done; false when the entry of a list that he presses is another one
-  /// behind it.
-  bool isAimStill(const Field& field, const QEvent& event) const;
-  /// True when the key has done what it is for.
-  bool takeKey(Field& field, QWidget& widget, const QKeyEvent& key) const;
-  void takeListKey(Field& field, const QListWidget& list, int key) const;
   void followFieldsOver(const Field& field) const;
   void show(const Field& field, Property property);
   void showAction(const Field& field, QAction& action, Property property) const;
   void showPlace(const Field& field, QWidget& widget) const;
   void reportSpareWidgets();
   void send(Field& field, Event event) const;
-  bool pick(Field& field, const QListWidget& list) const;
 
   QWidget& form_;
   Front front_;
-  std::map<const Field*, FieldWidget> widgets_;
+  UserActs acts_;
+  std::map<const Field*, std::unique_ptr<Adapter>> adapters_;
   std::map<const Field*, QAction*> actions_;
   std::map<const QObject*, Field*> fields_;
   QStringList faults_;

@@ -34,16 +34,4 @@ void openStranger(Chance& chance);
 void runQuery(Chance& chance);
 void useProgram(Chance& chance);
 
-struct Target {
-  std::string_view name;
-  void (*run)(Chance&);
-};
-
-inline constexpr Target targets[]{{"number", readNumber},
-                                  {"script", readScript},
-                                  {"study-text", readStudyText},
-                                  {"stranger", openStranger},
-                                  {"query", runQuery},
-                                  {"session", useProgram}};
-
 }  // namespace noldarz::fuzz

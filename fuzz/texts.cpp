@@ -85,7 +85,7 @@ void readScript(Chance& chance) {
     return all;
   }();
   ScriptSession session{[](const RecordEntry& entry) { jsonLine(entry); }, Folders{scratch(), scratch(), scratch()}};
-  for (std::size_t count = 1 + chance.below(30); count > 0; --count) {
+  for (std::size_t count = 1 + chance.below(10); count > 0; --count) {
     const std::string line = chance.once(3) ? mangled(chance.oneOf(lines), chance) : chance.oneOf(lines);
     try {
       session.runLine(line);

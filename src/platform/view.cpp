@@ -38,6 +38,17 @@ void View::fire(Field& field, Event event) {
     if (subscriptions_[i].field == &field && subscriptions_[i].event == event) subscriptions_[i].rule();
 }
 
+template <class RuleOfData, class Data>
+void View::tell(const RulesOfData<RuleOfData>& rules, const Field& field, const Data& data) const {
+  const Views::Act act{views_};
+  for (std::size_t i = 0; i < rules.size(); ++i)
+    if (rules[i].first == &field) rules[i].second(data);
+}
+
+void View::pointer(Field& field, const PointerEvent& pointer) { tell(pointerRules_, field, pointer); }
+
+void View::key(Field& field, const KeyEvent& key) { tell(keyRules_, field, key); }
+
 void View::run(const std::vector<Rule>& rules) const {
   const Views::Act act{views_};
   for (const auto& rule : rules) rule();

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "platform/field.h"
+#include "platform/pointer_event.h"
 
 namespace noldarz {
 
@@ -20,6 +21,8 @@ class Views;
 class View {
  public:
   using Rule = std::function<void()>;
+  using PointerRule = std::function<void(const PointerEvent&)>;
+  using KeyRule = std::function<void(const KeyEvent&)>;
   using Observer = std::function<void(Field&, Property)>;
 
   View(Views& views, std::string name, std::string title);
@@ -57,6 +60,12 @@ class View {
   void on(Field& field, Event event, Rule rule);
   /// Runs the rules of the event. Desktop widgets, scripts and tests all come in here.
   void fire(Field& field, Event event);
+  /// The pointer and the keys on a canvas, a dial or the ground of the view (the field of that name). The rules of a field run
+  /// in the order of subscription.
+  void onPointer(Field& field, PointerRule rule) { pointerRules_.push_back({&field, std::move(rule)}); }
+  void onKey(Field& field, KeyRule rule) { keyRules_.push_back({&field, std::move(rule)}); }
+  void pointer(Field& field, const PointerEvent& pointer);
+  void key(Field& field, const KeyEvent& key);
   /// Each change of a property is told to the observers, for a front that shows the view: text and caption are one and
   /// told as Property::text, value and checked as Property::value.
   void observe(Observer observer) { observers_.push_back(std::move(observer)); }
@@ -103,12 +112,18 @@ class View {
     Event event;
     Rule rule;
   };
+  template <class RuleOfData>
+  using RulesOfData = std::deque<std::pair<Field*, RuleOfData>>;  // a deque: a rule may subscribe another
+  template <class RuleOfData, class Data>
+  void tell(const RulesOfData<RuleOfData>& rules, const Field& field, const Data& data) const;
 
   Views& views_;
   std::string name_;
   std::string title_;
   std::deque<Field> fields_;  // a deque: references to fields stay valid
   std::deque<Subscription> subscriptions_;
+  RulesOfData<PointerRule> pointerRules_;
+  RulesOfData<KeyRule> keyRules_;
   std::vector<Observer> observers_;
   std::vector<Rule> loadRules_;
   std::vector<Rule> frontRules_;

@@ -6,7 +6,7 @@
 
 #include <cstdlib>
 
-#include "support/test_study.h"
+#include "support/test_folder.h"
 
 namespace noldarz {
 namespace {

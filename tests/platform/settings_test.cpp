@@ -5,7 +5,7 @@
 #include <sys/file.h>
 
 #include "support/process.h"
-#include "support/test_study.h"
+#include "support/test_folder.h"
 
 namespace noldarz {
 namespace {

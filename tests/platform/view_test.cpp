@@ -23,6 +23,29 @@ TEST(View, runsTheRulesOfAnEventInOrder) {
   EXPECT_EQ(ran, "12new");
 }
 
+TEST(View, tellsThePointerAndTheKeysToTheRulesOfTheField) {
+  Views views;
+  View view{views, "v", ""};
+  Field& canvas = view.add(FieldKind::picture, "canvas");
+  Field& dial = view.add(FieldKind::picture, "dial");
+  int acts = 0;
+  views.onAct([&] { ++acts; });
+  std::string told;
+  view.onPointer(canvas, [&](const PointerEvent& p) {
+    told += Format(p.x, "0.0") + (p.button == PointerEvent::Button::left ? "L" : "-");
+  });
+  view.onPointer(dial, [&](const PointerEvent&) { told += "dial"; });
+  view.onKey(canvas, [&](const KeyEvent& key) {
+    told += key.name;
+    canvas.fire(Event::click);  // the same act
+  });
+  view.pointer(canvas, {PointerEvent::Act::down, PointerEvent::Button::left, 1.5, 2});
+  view.pointer(canvas, {.x = 3});
+  view.key(canvas, {"Escape"});
+  EXPECT_EQ(told, "1.5L3.0-Escape");
+  EXPECT_EQ(acts, 3);
+}
+
 TEST(View, livesFromShowToClose) {
   Views views;
   View main{views, "main", ""};

@@ -1,10 +1,12 @@
-// Chance that can be repeated by its seed, and what it does to bytes. Tests and fuzzers share it.
+// Chance that can be repeated by its seed or by given bytes, and what it does to other bytes. Tests and fuzzers share it.
 #pragma once
 
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <random>
+#include <span>
 #include <string>
 
 namespace noldarz {
@@ -12,8 +14,16 @@ namespace noldarz {
 class Chance {
  public:
   explicit Chance(unsigned seed) : random_(seed) {}
+  /// The bytes decide, as far as they go: one a choice, two among more than 256.
+  explicit Chance(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
   /// 0 to count - 1.
-  std::size_t below(std::size_t count) { return std::uniform_int_distribution<std::size_t>{0, count - 1}(random_); }
+  std::size_t below(std::size_t count) {
+    const std::size_t width = count > 256 ? 2 : 1;
+    if (bytes_.size() < width) return std::uniform_int_distribution<std::size_t>{0, count - 1}(random_);
+    const std::size_t chosen = bytes_[0] + (width == 2 ? 256U * bytes_[1] : 0U);
+    bytes_ = bytes_.subspan(width);
+    return chosen % count;
+  }
   bool once(std::size_t in) { return below(in) == 0; }
   double between(double low, double high) { return std::uniform_real_distribution<double>{low, high}(random_); }
   double betweenByOrders(double low, double high) { return std::exp(between(std::log(low), std::log(high))); }
@@ -23,6 +33,7 @@ class Chance {
   }
 
  private:
+  std::span<const std::uint8_t> bytes_;
   std::mt19937 random_;
 };
 

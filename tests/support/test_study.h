@@ -1,12 +1,6 @@
-// A folder of its own with a study, a start folder and the folders of a user; and a program started on it.
+// A study in a folder of its own, and a program started on it.
 #pragma once
 
-#include <sqlite3.h>
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 
@@ -14,45 +8,10 @@
 #include "platform/store/recordset.h"
 #include "study/layout.h"
 #include "support/record.h"
+#include "support/test_folder.h"
 #include "support/test_system.h"
 
 namespace noldarz::test {
-
-namespace fs = std::filesystem;
-
-inline std::string readFile(const fs::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-inline void writeFile(const fs::path& file, std::string_view bytes) {
-  std::ofstream stream(file, std::ios::binary | std::ios::trunc);
-  stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-}
-
-class TestFolder {
- public:
-  TestFolder() {
-    std::string name = (fs::temp_directory_path() / "noldarz-XXXXXX").string();
-    path_ = mkdtemp(name.data());
-    for (const char* folder : {"start", "data", "programs/bin", "documents", "config"})
-      fs::create_directories(path_ / folder);
-  }
-  TestFolder(const TestFolder&) = delete;
-  TestFolder& operator=(const TestFolder&) = delete;
-  ~TestFolder() {
-    std::error_code error;
-    fs::current_path("/", error);
-    fs::remove_all(path_, error);
-  }
-
-  fs::path operator/(const char* name) const { return path_ / name; }
-  fs::path study() const { return path_ / "data" / "orgtn.mdb"; }
-  Folders folders() const { return {path_ / "programs/bin", path_ / "documents", path_ / "config"}; }
-
- private:
-  fs::path path_;
-};
 
 /// The text of an example study ("chlorine"), with texts in it replaced.
 inline std::string exampleStudy(const std::string& name,
@@ -74,15 +33,6 @@ inline std::string makeStudy(const fs::path& file, const std::string& text) {
   createStudy(file, source, true, errors);
   fs::remove(source);
   return errors.str();
-}
-
-/// What another program does to a study: by the stock engine, without the program's own rules.
-inline void changeFromOutside(const fs::path& file, const std::string& statements) {
-  sqlite3* handle = nullptr;
-  sqlite3_open(file.c_str(), &handle);
-  const std::unique_ptr<sqlite3, int (*)(sqlite3*)> owner{handle, sqlite3_close};
-  if (sqlite3_exec(handle, statements.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
-    throw std::logic_error(sqlite3_errmsg(handle));
 }
 
 /// The program on a study of its own, not started yet.

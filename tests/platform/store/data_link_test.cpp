@@ -4,7 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "support/test_study.h"
+#include "platform/view.h"
+#include "support/small_store.h"
 
 namespace noldarz {
 namespace {
@@ -12,7 +13,7 @@ namespace {
 class DataLinkTest : public testing::Test {
  protected:
   DataLinkTest() : view(views, "v", ""), link(databases, [this](const std::string& text) { refused.push_back(text); }) {
-    test::makeStudy(folder.study(), test::exampleStudy("chlorine"));
+    test::makeStore(folder.study());
     link.bind(height, "htrel");
     link.bind(terrain, "terrain", [](const std::string& t) { return t == "Moon" ? "is no terrain" : ""; });
     link.bind(label, "refNo");
@@ -20,13 +21,13 @@ class DataLinkTest : public testing::Test {
     link.setRecordSource(all);
   }
   std::string stored(const std::string& column, const std::string& refNo = "HW-1") const {
-    const auto database = std::make_shared<Database>(folder.study(), studyLayout());
+    const auto database = test::openStore(folder.study());
     return textOf(Recordset{database, "SELECT " + column + " FROM Disptbl WHERE refNo = '" + refNo + "'"}.value(0));
   }
 
   const std::string all = "SELECT Disptbl.refNo, Disptbl.htrel, Disptbl.htsmul, Disptbl.terrain From Disptbl";
   test::TestFolder folder;
-  Databases databases{studyLayout()};
+  Databases databases{test::smallLayout()};
   Views views;
   View view;
   std::vector<std::string> refused;
@@ -138,7 +139,7 @@ TEST_F(DataLinkTest, showsTheStudyAgainWhenAnEditCannotBeStored) {
 TEST_F(DataLinkTest, staysOnItsRowWhileTheFileIsHeld) {
   link.refresh();
   {
-    const Database other{folder.study(), studyLayout()};
+    const Database other{folder.study(), test::smallLayout()};
     other.run("BEGIN EXCLUSIVE");
     const auto wait = [&] {
       const auto before = std::chrono::steady_clock::now();

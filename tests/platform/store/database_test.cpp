@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/store/store_failure.h"
-#include "support/test_study.h"
+#include "support/small_store.h"
 
 namespace noldarz {
 namespace {
@@ -13,7 +13,7 @@ namespace {
 /// "NUMBER: what is said", the path left out; empty when the file opens.
 std::string faultOf(const std::filesystem::path& file) {
   try {
-    Database{file, studyLayout()};
+    Database{file, test::smallLayout()};
     return {};
   } catch (const StoreFailure& failure) {
     std::string text = failure.what();
@@ -24,12 +24,12 @@ std::string faultOf(const std::filesystem::path& file) {
 
 TEST(Database, tellsByContentWhatIsNoStudy) {
   const test::TestFolder folder;
-  test::makeStudy(folder.study(), test::exampleStudy("chlorine"));
+  test::makeStore(folder.study());
   const std::string study = test::readFile(folder.study());
   std::string newer = study;
   newer[63] = 2;  // user version
   const auto changed = [&](const std::string& statements) {
-    test::makeStudy(folder.study(), test::exampleStudy("chlorine"));
+    test::makeStore(folder.study());
     test::changeFromOutside(folder.study(), statements);
     return test::readFile(folder.study());
   };
@@ -72,7 +72,7 @@ TEST(Database, tellsByContentWhatIsNoStudy) {
 
 TEST(Database, looksIntoEveryPageBeforeAnythingIsRead) {
   const test::TestFolder folder;
-  test::makeStudy(folder.study(), test::exampleStudy("chlorine"));
+  test::makeStore(folder.study());
   const std::string sound = test::readFile(folder.study());
   constexpr std::size_t page = 4096;
   for (std::size_t begin = page; begin < sound.size(); begin += page) {
@@ -86,7 +86,7 @@ TEST(Database, looksIntoEveryPageBeforeAnythingIsRead) {
 
 TEST(Database, takesTablesAndColumnsOfOtherModules) {
   const test::TestFolder folder;
-  test::makeStudy(folder.study(), test::exampleStudy("chlorine"));
+  test::makeStore(folder.study());
   test::changeFromOutside(
       folder.study(),
       "CREATE TABLE FireTbl (OrgName TEXT); ALTER TABLE maimTbl4All ADD COLUMN Remark TEXT; PRAGMA user_version = 0");
@@ -95,8 +95,8 @@ TEST(Database, takesTablesAndColumnsOfOtherModules) {
 
 TEST(Database, rollsAFailedChangeBack) {
   const test::TestFolder folder;
-  test::makeStudy(folder.study(), test::exampleStudy("chlorine"));
-  const Database database{folder.study(), studyLayout()};
+  test::makeStore(folder.study());
+  const Database database{folder.study(), test::smallLayout()};
   EXPECT_THROW(database.transact([&] {
     database.run("DELETE FROM scenr1");
     fail(FailureNumber::typeMismatch);

@@ -10,26 +10,23 @@
 
 #include "platform/store/recordset.h"
 #include "support/process.h"
-#include "support/test_study.h"
+#include "support/small_store.h"
 
 namespace noldarz {
 namespace {
 
 using std::chrono::microseconds;
 using test::inProcess;
+using test::openStore;
 using test::statusOf;
 
 const std::string runsQuery = "SELECT * FROM maimTbl4All ORDER BY rowid";
 
-std::shared_ptr<Database> open(const std::filesystem::path& file) {
-  return std::make_shared<Database>(file, studyLayout());
-}
-
 /// Writes a run row whose every figure is the same.
 void writeRun(Recordset& run, int figure) {
-  for (int i = 0; i < levelCount; ++i)
+  for (int i = 0; i < 6; ++i)
     for (const char* column : {"bgnptn", "endptn"}) run.set(column + std::to_string(i), double(figure));
-  for (const char* column : {"FtlyYcord", "InjYcord", "isopAngle", "wndvel"}) run.set(column, double(figure));
+  run.set("wndvel", double(figure));
   run.set("scenariotxtUser", std::to_string(figure));
   run.update();
 }
@@ -40,17 +37,16 @@ void addRun(const std::shared_ptr<Database>& study, const std::string& key, int 
   runs.set("OrgName", "Acme");
   runs.set("refNo", "R1");
   runs.set("scenariotxt", key);
-  runs.set("ScenarioOptn", "Dispersion");
   writeRun(runs, figure);
 }
 
 /// Checks that every figure of every row is the same; the highest of them.
 int soundRows(const std::filesystem::path& file) {
-  const auto study = std::make_shared<Database>(file, studyLayout(), Database::Check::full);
+  const auto study = std::make_shared<Database>(file, test::smallLayout(), Database::Check::full);
   int highest = 0;
   for (Recordset runs{study, runsQuery}; !runs.eof(); runs.moveNext()) {
     const std::string row = textOf(runs.value("scenariotxtUser"));
-    for (const char* column : {"bgnptn0", "endptn0", "bgnptn3", "endptn5", "FtlyYcord", "isopAngle", "wndvel"})
+    for (const char* column : {"bgnptn0", "endptn0", "bgnptn3", "endptn5", "wndvel"})
       EXPECT_EQ(textOf(runs.value(column)), row) << column;
     highest = std::max(highest, std::stoi(row));
   }
@@ -59,15 +55,15 @@ int soundRows(const std::filesystem::path& file) {
 
 TEST(Durability, aKilledProcessLeavesEveryRowWhollyBeforeOrAfter) {
   const test::TestFolder folder;
-  test::makeStudy(folder.study(), test::exampleStudy("chlorine"));
-  for (int i = 0; i < 3; ++i) addRun(open(folder.study()), std::to_string(i), 0);
+  test::makeStore(folder.study());
+  for (int i = 0; i < 3; ++i) addRun(openStore(folder.study()), std::to_string(i), 0);
   std::mt19937 random{1};
   int latest = 0;
   for (int kills = 0; kills < 200; ++kills) {
     int pipe_[2];
     ASSERT_EQ(pipe(pipe_), 0);
     const pid_t writer = inProcess([&] {
-      const auto study = open(folder.study());
+      const auto study = openStore(folder.study());
       Recordset runs{study, runsQuery};
       for (int next = latest + 1;; ++next) {
         runs.moveFirst();
@@ -95,25 +91,25 @@ TEST(Durability, aKilledProcessLeavesEveryRowWhollyBeforeOrAfter) {
 
 TEST(Durability, twoProcessesThatWriteByTurnsLoseNothing) {
   const test::TestFolder folder;
-  test::makeStudy(folder.study(), test::exampleStudy("chlorine"));
+  test::makeStore(folder.study());
   constexpr int runsEach = 100;
   std::vector<pid_t> writers;
   for (const char* name : {"a", "b"})
     writers.push_back(inProcess([&] {
-      const auto study = open(folder.study());
+      const auto study = openStore(folder.study());
       for (int i = 0; i < runsEach; ++i) addRun(study, name + std::to_string(i), i);
       return 0;
     }));
   for (const pid_t writer : writers) EXPECT_EQ(statusOf(writer), 0);
-  EXPECT_EQ(Recordset(open(folder.study()), runsQuery).recordCount(), 2 * runsEach);
+  EXPECT_EQ(Recordset(openStore(folder.study()), runsQuery).recordCount(), 2 * runsEach);
 }
 
 TEST(Durability, aStepThatWaitedInVainFailsAndTheNextOneWorks) {
   const test::TestFolder folder;
-  test::makeStudy(folder.study(), test::exampleStudy("chlorine"));
-  const auto study = open(folder.study());
+  test::makeStore(folder.study());
+  const auto study = openStore(folder.study());
   addRun(study, "a", 1);
-  const auto other = open(folder.study());
+  const auto other = openStore(folder.study());
   other->run("BEGIN IMMEDIATE");
   Recordset run{study, runsQuery};
   run.edit();
@@ -131,8 +127,8 @@ TEST(Durability, aStepThatWaitedInVainFailsAndTheNextOneWorks) {
 
 TEST(Durability, aFullDiskFailsTheStepAndKeepsTheStudy) {
   const test::TestFolder folder;
-  test::makeStudy(folder.study(), test::exampleStudy("chlorine"));
-  addRun(open(folder.study()), "a", 1);
+  test::makeStore(folder.study());
+  addRun(openStore(folder.study()), "a", 1);
   const auto fill = [&](const std::shared_ptr<Database>& study) {
     for (int i = 0; i < 10000; ++i) try {
         addRun(study, "filler " + std::to_string(i), 1);
@@ -141,7 +137,7 @@ TEST(Durability, aFullDiskFailsTheStepAndKeepsTheStudy) {
       }
     return 0;
   };
-  const auto full = open(folder.study());
+  const auto full = openStore(folder.study());
   full->run("PRAGMA max_page_count = 20");
   EXPECT_EQ(fill(full), static_cast<int>(FailureNumber::storeFull));
   EXPECT_EQ(soundRows(folder.study()), 1);
@@ -149,7 +145,7 @@ TEST(Durability, aFullDiskFailsTheStepAndKeepsTheStudy) {
   // The same when the system refuses to let the file grow, in the middle of a write.
   const auto size = std::filesystem::file_size(folder.study());
   const pid_t writer = inProcess([&] {
-    const auto study = open(folder.study());
+    const auto study = openStore(folder.study());
     signal(SIGXFSZ, SIG_IGN);
     const rlimit limit{size + 4096, size + 4096};
     setrlimit(RLIMIT_FSIZE, &limit);
@@ -162,14 +158,14 @@ TEST(Durability, aFullDiskFailsTheStepAndKeepsTheStudy) {
 
 TEST(Durability, aReadOnlyStudyIsReadAndNotWritten) {
   const test::TestFolder folder;
-  test::makeStudy(folder.study(), test::exampleStudy("chlorine"));
-  addRun(open(folder.study()), "a", 1);
+  test::makeStore(folder.study());
+  addRun(openStore(folder.study()), "a", 1);
   const std::string before = test::readFile(folder.study());
   std::filesystem::permissions(folder.study(), std::filesystem::perms{0444});
   std::filesystem::permissions(folder / "", std::filesystem::perms{0755});
   const pid_t reader = inProcess([&] {
     if (geteuid() == 0 && seteuid(65534) != 0) return 3;
-    const auto study = open(folder.study());
+    const auto study = openStore(folder.study());
     Recordset run{study, runsQuery};
     if (run.recordCount() != 1) return 1;
     run.edit();

@@ -4,19 +4,20 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/store/data_link.h"
 #include "platform/store/store_failure.h"
-#include "support/test_study.h"
+#include "support/small_store.h"
 
 namespace noldarz {
 namespace {
 
-using test::Texts;
+using Texts = std::vector<std::string>;
 
 class RecordsetTest : public testing::Test {
  protected:
   RecordsetTest() {
-    test::makeStudy(folder.study(), test::exampleStudy("chlorine"));
-    database = std::make_shared<Database>(folder.study(), studyLayout());
+    test::makeStore(folder.study());
+    database = test::openStore(folder.study());
   }
   Recordset query(const std::string& text) const { return {database, text}; }
   int count(const std::string& text) const { return query(text).recordCount(); }
@@ -27,7 +28,6 @@ class RecordsetTest : public testing::Test {
       runs.set("OrgName", "Acme");
       runs.set("refNo", "R1");
       runs.set("scenariotxt", key);
-      runs.set("ScenarioOptn", "Dispersion");
       runs.update();
     }
   }
@@ -210,7 +210,7 @@ TEST_F(RecordsetTest, writesNoOtherRowOrFileThanItRead) {
   EXPECT_EQ(textOf(query("SELECT wndvel FROM maimTbl4All").value(0)), "");
 
   Recordset stale = query("SELECT * FROM maimTbl4All");
-  test::makeStudy(folder.study(), test::exampleStudy("lpg"));
+  test::makeStore(folder.study());
   stale.edit();
   stale.set("wndvel", 6.0);
   EXPECT_THROW(stale.update(), StoreFailure);

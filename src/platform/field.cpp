@@ -88,6 +88,8 @@ void Field::moveOver(const Field& field) {
   change(over_, &field, Property::left);
 }
 
+void Field::pictureChanged() { view_.notify(*this, Property::picture); }
+
 std::string Field::fullName() const { return view_.name() + "." + name_; }
 
 bool Field::takesFocus() const {

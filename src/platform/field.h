@@ -16,6 +16,7 @@
 
 namespace noldarz {
 
+class Canvas;
 class View;
 
 /// `carried`: a text that the code reads and writes and no user sees.
@@ -31,6 +32,7 @@ enum class FieldKind : std::uint8_t {
   slider,
   menu,
   picture,
+  canvas,
   shape,
   timer
 };
@@ -38,6 +40,7 @@ enum class FieldKind : std::uint8_t {
 /// `commit`: the user is about to leave the field for another, and what he has typed counts; `cancel`: he gives it up.
 enum class Event : std::uint8_t { click, dblClick, gotFocus, lostFocus, change, commit, cancel, timer };
 
+/// `picture`: what is drawn on the field; told to observers, no text stands for it.
 enum class Property : std::uint8_t {
   text,
   caption,
@@ -58,7 +61,8 @@ enum class Property : std::uint8_t {
   left,
   top,
   width,
-  height
+  height,
+  picture
 };
 
 /// What a list tells about an entry beside its text.
@@ -160,6 +164,12 @@ class Field {
   /// The field that it was laid over; null: it lies where the view has it.
   const Field* over() const { return over_; }
 
+  /// The canvas that the field shows; null for a field of another kind.
+  Canvas* canvas() const { return canvas_; }
+  void setCanvas(Canvas& canvas) { canvas_ = &canvas; }
+  /// The canvas tells that it is to be painted anew.
+  void pictureChanged();
+
   /// "view.field"
   std::string fullName() const;
   /// Whether the focus can come to a field of this kind.
@@ -200,6 +210,7 @@ class Field {
   double width_ = 0;
   double height_ = 0;
   const Field* over_ = nullptr;
+  Canvas* canvas_ = nullptr;
 };
 
 /// Back and fore colour that fields of the kind have in the user's theme.

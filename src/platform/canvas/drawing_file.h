@@ -24,9 +24,8 @@ struct DrawingFile {
   std::shared_ptr<const Image> picture;  ///< behind the drawing, unscaled; null: none
   std::vector<LegendRow> legend;         ///< in a band under the canvas
   std::vector<std::string> foot;         ///< lines of text under the legend
-  bool lineStyles =
-      false;  ///< a pattern beside the colour of each level, for grey printers and eyes that tell no colours
-  double dotsPerInch = 300;  ///< of PNG and BMP
+  bool lineStyles = false;               ///< a pattern beside the colour of each level, for those who see no colours
+  double dotsPerInch = 300;              ///< of PNG and BMP
 };
 
 /// Writes the file, wholly or not at all; its kind is told by its extension: .png, .bmp, .svg or .pdf, in any case.

@@ -333,7 +333,8 @@ std::string bmp(const DrawingFile& what) {
   add(imageSize, 4);
   add(perMetre, 4);
   add(perMetre, 4);
-  add(0, 8);  // no palette
+  add(0, 4);  // no palette
+  add(0, 4);  // no colour matters more than the others
   bytes.reserve(headSize + imageSize);
   for (int y = height - 1; y >= 0; --y) {
     const unsigned char* line = pixels + static_cast<std::ptrdiff_t>(y) * stride;

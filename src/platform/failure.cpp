@@ -10,6 +10,7 @@ const char* RuntimeFailure::what() const noexcept {
     case FailureNumber::typeMismatch: return "the text is no number";
     case FailureNumber::noSuchFolder: return "no such folder";
     case FailureNumber::listRefuses: return "the list has no such entry";
+    case FailureNumber::invalidPicture: return "the file is no picture";
     case FailureNumber::updateUnopened: return "nothing is open for writing";
     case FailureNumber::noCurrentRow: return "no current row";
     case FailureNumber::duplicateKey: return "a row with this key exists";

@@ -18,6 +18,7 @@ enum class FailureNumber : int {
   typeMismatch = 13,      ///< a text that is no number
   noSuchFolder = 76,      ///< a folder that is not there
   listRefuses = 383,      ///< a text set on a list that has no such entry
+  invalidPicture = 481,   ///< a file that is no picture, a damaged or too large one
   updateUnopened = 3020,  ///< an update of a recordset with nothing open for writing
   noCurrentRow = 3021,
   duplicateKey = 3022,

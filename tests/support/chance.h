@@ -24,6 +24,12 @@ class Chance {
     bytes_ = bytes_.subspan(width);
     return chosen % count;
   }
+  /// The bytes that have not decided yet, which then decide no more.
+  std::string rest() {
+    std::string all{bytes_.begin(), bytes_.end()};
+    bytes_ = {};
+    return all;
+  }
   bool once(std::size_t in) { return below(in) == 0; }
   double between(double low, double high) { return std::uniform_real_distribution<double>{low, high}(random_); }
   double betweenByOrders(double low, double high) { return std::exp(between(std::log(low), std::log(high))); }

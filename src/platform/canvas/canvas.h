@@ -47,7 +47,7 @@ struct Drawing {
 struct Image {
   int width = 0;                      ///< pixels
   int height = 0;                     ///< pixels
-  std::vector<std::uint32_t> pixels;  ///< 0xAARRGGBB, row by row
+  std::vector<std::uint32_t> pixels;  ///< 0xAARRGGBB, row by row, the colours multiplied by their opacity (of 255)
   double pixelSize = 25.4 / 96;       ///< mm
 };
 

@@ -247,7 +247,7 @@ void paintPage(const DrawingFile& what, cairo_t* page) {
     Image image = *what.picture;  // a copy: the surface wants bytes that it may write to
     cairo_surface_t* surface =
         cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(image.pixels.data()),
-                                            CAIRO_FORMAT_RGB24,
+                                            CAIRO_FORMAT_ARGB32,
                                             image.width,
                                             image.height,
                                             image.width * 4);
@@ -372,7 +372,7 @@ std::string svgPicture(const Image& image) {
   Image copy = image;
   std::string bytes;
   const Surface surface{cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(copy.pixels.data()),
-                                                            CAIRO_FORMAT_RGB24,
+                                                            CAIRO_FORMAT_ARGB32,
                                                             copy.width,
                                                             copy.height,
                                                             copy.width * 4),

@@ -66,7 +66,7 @@ TEST_F(DrawingFileTest, hasItsPixelsWhereTheMillimetresAre) {
   canvas.setDrawWidth(4);  // 1.06 mm
   canvas.Line(0, 10, 50, 10, Colour(255, 0, 0));
   canvas.Circle(25, 25, 5, Colour(0, 0, 255));
-  auto picture = std::make_shared<Image>(Image{2, 1, {0x00FF00, 0x123456}, 10});
+  auto picture = std::make_shared<Image>(Image{3, 1, {0xFF00FF00, 0xFF123456, 0}, 10});
   file.picture = picture;
   file.legend = {{Colour(0, 128, 0), "UEL"}};
   const std::string bmp = written("a.bmp");
@@ -76,6 +76,7 @@ TEST_F(DrawingFileTest, hasItsPixelsWhereTheMillimetresAre) {
   EXPECT_EQ(pixel(bmp, 50, 50), 0x00FF00U);
   EXPECT_EQ(pixel(bmp, 7, 63), 0x00FF00U);  // no line from the text to the next one
   EXPECT_EQ(pixel(bmp, 150, 50), 0x123456U);
+  EXPECT_EQ(pixel(bmp, 280, 50), 0xFFFFFFU);                                    // seen through
   EXPECT_EQ(pixel(bmp, 70, 400 + static_cast<int>(10 * textLine)), 0x008000U);  // the line of the legend
 }
 

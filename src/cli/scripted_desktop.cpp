@@ -4,6 +4,7 @@
 #include <limits>
 #include <utility>
 
+#include "cli/picture_module.h"
 #include "cli/script_error.h"
 #include "platform/failure.h"
 #include "platform/process.h"
@@ -105,6 +106,14 @@ std::uint64_t ScriptedDesktop::activateWindow(const std::string& title) {
 void ScriptedDesktop::runProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments) {
   startProgram(program, arguments);
   record_(Happened{"program", program.string()});
+}
+
+std::shared_ptr<const Image> ScriptedDesktop::loadPicture(const std::filesystem::path& file) {
+  return pictureModule().read(file);
+}
+
+void ScriptedDesktop::saveDrawing(const std::filesystem::path& file, const DrawingFile& what) {
+  pictureModule().write(file, what);
 }
 
 void ScriptedDesktop::runTimers(std::optional<double> milliseconds) {

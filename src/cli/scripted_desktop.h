@@ -42,6 +42,9 @@ class ScriptedDesktop : public Desktop {
   /// Goes on the record; there is no other window.
   std::uint64_t activateWindow(const std::string& title) override;
   void runProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments) override;
+  /// Both load the module of pictures (picture_module.h).
+  std::shared_ptr<const Image> loadPicture(const std::filesystem::path& file) override;
+  void saveDrawing(const std::filesystem::path& file, const DrawingFile& what) override;
 
   Pointer pointer() const { return pointer_; }
 

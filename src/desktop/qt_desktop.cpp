@@ -21,6 +21,8 @@
 #include "desktop/help.h"
 #include "desktop/theme.h"
 #include "desktop/x11_window.h"
+#include "platform/canvas/drawing_file.h"
+#include "platform/canvas/picture_file.h"
 #include "platform/failure.h"
 #include "platform/process.h"
 
@@ -263,6 +265,10 @@ std::uint64_t QtDesktop::activateWindow(const std::string& title) { return activ
 void QtDesktop::runProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments) {
   startProgram(program, arguments);
 }
+
+std::shared_ptr<const Image> QtDesktop::loadPicture(const std::filesystem::path& file) { return readPicture(file); }
+
+void QtDesktop::saveDrawing(const std::filesystem::path& file, const DrawingFile& what) { writeDrawing(file, what); }
 
 ViewWindow* QtDesktop::windowOf(const View& view) const {
   const auto found = bound_.find(&view);

@@ -36,6 +36,8 @@ class QtDesktop : public Desktop {
   void clearClipboard() override;
   std::uint64_t activateWindow(const std::string& title) override;
   void runProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments) override;
+  std::shared_ptr<const Image> loadPicture(const std::filesystem::path& file) override;
+  void saveDrawing(const std::filesystem::path& file, const DrawingFile& what) override;
 
   /// Runs a piece of the logic; the screen then follows what it has changed.
   void deliver(const std::function<void()>& work);

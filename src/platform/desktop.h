@@ -4,12 +4,16 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "platform/field.h"
 
 namespace noldarz {
+
+struct DrawingFile;
+struct Image;
 
 enum class Icon : std::uint8_t { none, information, critical };
 enum class Buttons : std::uint8_t { ok, yesNo };
@@ -67,6 +71,11 @@ class Desktop {
   virtual std::uint64_t activateWindow(const std::string& title) = 0;
   /// Starts a program without waiting for it. Fails with invalidArgument when it can't be started.
   virtual void runProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments) = 0;
+
+  /// readPicture (platform/canvas/picture_file.h).
+  virtual std::shared_ptr<const Image> loadPicture(const std::filesystem::path& file) = 0;
+  /// writeDrawing (platform/canvas/drawing_file.h).
+  virtual void saveDrawing(const std::filesystem::path& file, const DrawingFile& what) = 0;
 };
 
 }  // namespace noldarz

@@ -8,7 +8,7 @@ export HOME=$folder XDG_CONFIG_HOME=$folder/config QT_QPA_PLATFORM=offscreen
 cmake --install "$1" --prefix "$folder/usr" >/dev/null
 fail() { echo "$*"; exit 1; }
 for file in bin/noldarz bin/noldarz-cli share/applications/noldarz.desktop share/man/man1/noldarz.1.gz \
-  share/man/man1/noldarz-cli.1.gz share/icons/hicolor/scalable/apps/noldarz.svg; do
+  lib/noldarz/bin/noldarz-pictures.so share/man/man1/noldarz-cli.1.gz share/icons/hicolor/scalable/apps/noldarz.svg; do
   [ -e "$folder/usr/$file" ] || fail "$file is not there"
 done
 

@@ -118,6 +118,7 @@ std::optional<Claim> claimOfBmp(std::string_view bmp) {
   const std::size_t told = littleEndian(bmp, fileHead, 4);
   const bool core = told == coreHead;
   if (!core && (told < head || told > longestHead || bmp.size() < fileHead + told)) return {};
+  if (!core && littleEndian(bmp, 46, 4) > bmp.size() / 4) return {};  // colours in its palette
   const auto side = [&](std::size_t axis) {
     return core ? littleEndian(bmp, 18 + 2 * axis, 2)
                 : std::abs(static_cast<double>(static_cast<std::int32_t>(littleEndian(bmp, 18 + 4 * axis, 4))));

@@ -95,6 +95,7 @@ TEST(PictureFile, isRefusedWhenItIsNone) {
       {"vast bmp", changed(bmp, 18, vast)},
       {"vast packed bmp", changed(readFile(pictures / "packed.bmp"), 18, vast)},
       {"bmp with a vast head", changed(bmp, 16, "\xfc\xff")},
+      {"bmp with a vast palette", changed(bmp, 46, "\x02\xff\xff\xff")},
       {"vast gif", changed(readFile(pictures / "two-frames.gif"), 6, "\xff\x7f\xff\x7f")},
       {"vast jpg",
        changed(readFile(pictures / "photo.jpg"),

@@ -33,5 +33,7 @@ void readStudyText(Chance& chance);
 void openStranger(Chance& chance);
 void runQuery(Chance& chance);
 void useProgram(Chance& chance);
+/// The bytes of the case are the file.
+void readPicture(Chance& chance);
 
 }  // namespace noldarz::fuzz

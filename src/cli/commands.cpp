@@ -53,9 +53,14 @@ int integer(const std::string& word) {
 Field& usableField(ScriptSession& session, const std::string& word) {
   Field& field = fieldNamed(session, word);
   if (!field.view().visible()) throw ScriptError("the view " + field.view().name() + " is not open");
-  if (!field.visible()) throw ScriptError("the field " + field.fullName() + " is hidden");
-  if (!field.enabled()) throw ScriptError("the field " + field.fullName() + " is disabled");
+  for (const Field* part = &field; part; part = part->parent()) {
+    const std::string where = "the field " + (part == &field ? "" : field.fullName() + " lies in ") + part->fullName();
+    const std::string is = part == &field ? " is " : ", which is ";
+    if (!part->visible()) throw ScriptError(where + is + "hidden");
+    if (!part->enabled()) throw ScriptError(where + is + "disabled");
+  }
   if (!field.usable()) throw ScriptError("a modal view lies above " + field.fullName());
+  field.view().activate();
   return field;
 }
 
@@ -79,14 +84,9 @@ Json propertyJson(const Field& field, Property property) {
   return std::visit([](const auto& value) { return Json(value); }, getProperty(field, property));
 }
 
-Json numberOrInteger(double value) {
-  const auto whole = static_cast<std::int64_t>(value);
-  return static_cast<double>(whole) == value ? Json(whole) : Json(value);
-}
-
 Json shown(const Field& field, Property property) {
   const Json value = propertyJson(field, property);
-  return value.is_number() && std::abs(value.get<double>()) < 1e15 ? numberOrInteger(value.get<double>()) : value;
+  return value.is_number() ? numberJson(value.get<double>()) : value;
 }
 
 void set(ScriptSession& session, const Words& words) {
@@ -158,6 +158,9 @@ void uncheck(ScriptSession& session, const Words& words) {
 void slide(ScriptSession& session, const Words& words) {
   Field& field = usableField(session, words[1], {FieldKind::slider}, "slid");
   const int position = integer(words[2]);
+  if (!field.isInRange(position))
+    throw ScriptError(words[2] + " lies beyond the ends of " + field.fullName() + ", " +
+                      std::to_string(field.range().first) + " to " + std::to_string(field.range().second));
   arrive(session, field);
   if (field.value() == position) return;
   field.setValue(position);
@@ -190,6 +193,52 @@ void dblclick(ScriptSession& session, const Words& words) {
   Field& field = usableField(session, words[1], clickable, "clicked");
   clickOn(session, field);
   if (field.usable()) field.fire(Event::dblClick);
+}
+
+/// A coordinate of the pointer.
+double coordinate(const std::string& word) {
+  constexpr double farthest = 1e6;  // beyond any screen
+  const ParsedNumber parsed = parseNumber(word);
+  if (!parsed.isNumber() || std::abs(parsed.value) > farthest) throw ScriptError(inQuotes(word) + " is no place");
+  return parsed.value;
+}
+
+/// The value that a word stands for in a table.
+template <class Value, std::size_t N>
+Value named(const std::array<std::pair<std::string_view, Value>, N>& table, const std::string& word, const char* what) {
+  const auto found = std::find_if(table.begin(), table.end(), [&](const auto& row) { return row.first == word; });
+  if (found == table.end()) throw ScriptError(std::string{"no "} + what + " " + inQuotes(word));
+  return found->second;
+}
+
+void mouse(ScriptSession& session, const Words& words) {
+  using enum PointerEvent::Act;
+  using Button = PointerEvent::Button;
+  static constexpr std::array<std::pair<std::string_view, PointerEvent::Act>, 3> acts{
+      {{"down", down}, {"move", move}, {"up", up}}};
+  static constexpr std::array<std::pair<std::string_view, Button>, 3> buttons{
+      {{"left", Button::left}, {"right", Button::right}, {"none", Button::none}}};
+  PointerEvent event{.act = named(acts, words[1], "act of the mouse")};
+  Field& field = usableField(session, words[2], {FieldKind::picture, FieldKind::canvas}, "pointed at");
+  event.x = coordinate(words[3]);
+  event.y = coordinate(words[4]);
+  event.button = event.act == move ? Button::none : Button::left;
+  if (words.size() == 6) event.button = named(buttons, words[5], "button");
+  if (event.act == down && field.takesFocus()) arrive(session, field);
+  field.view().pointer(field, event);
+}
+
+void key(ScriptSession& session, const Words& words) {
+  Field& field = usableField(session, words[1]);
+  if (field.takesFocus()) arrive(session, field);
+  field.view().key(field, {words[2]});
+}
+
+void drawing(ScriptSession& session, const Words& words) {
+  const Field& field = fieldNamed(session, words[1]);
+  if (!field.canvas()) throw ScriptError("the field " + field.fullName() + " is no canvas");
+  field.canvas()->bringUpToDate();
+  session.print(dumped({{"drawing", field.fullName()}, {"primitives", primitivesJson(field.canvas()->drawing())}}));
 }
 
 void answer(ScriptSession& session, const Words& words) { session.desktop().queueReply(words[1]); }
@@ -298,10 +347,6 @@ void setting(ScriptSession& session, const Words& words) {
 
 void echo(ScriptSession& session, const Words& words) { session.print(dumped({{"echo", words[1]}})); }
 
-void unavailable(ScriptSession&, const Words& words) {
-  throw ScriptError("the command " + inQuotes(words[0]) + " is not available in this version");
-}
-
 struct Command {
   std::string_view name;
   std::size_t leastWords;  // after the name
@@ -312,32 +357,15 @@ struct Command {
 constexpr std::size_t any = std::numeric_limits<std::size_t>::max();
 
 constexpr std::array commands{
-    Command{"set", 2, 3, set},
-    Command{"enter", 2, 2, enter},
-    Command{"focus", 1, 1, focus},
-    Command{"leave", 1, 1, leave},
-    Command{"choose", 2, 2, choose},
-    Command{"check", 1, 1, check},
-    Command{"uncheck", 1, 1, uncheck},
-    Command{"slide", 2, 2, slide},
-    Command{"click", 1, 1, click},
-    Command{"dblclick", 1, 1, dblclick},
-    Command{"answer", 1, 1, answer},
-    Command{"wait", 0, 1, wait},
-    Command{"show", 1, any, show},
-    Command{"dump", 0, 1, dump},
-    Command{"views", 0, 0, views},
-    Command{"state", 1, any, state},
-    Command{"table", 0, 0, table},
-    Command{"start", 0, 0, start},
-    Command{"rows", 1, 1, rows},
-    Command{"setting", 3, 3, setting},
-    Command{"close", 0, 1, close},
-    Command{"echo", 1, 1, echo},
-    // These come with the rooms that they need: the canvas, the keyboard.
-    Command{"mouse", 0, any, unavailable},
-    Command{"key", 0, any, unavailable},
-    Command{"drawing", 0, any, unavailable},
+    Command{"set", 2, 3, set},           Command{"enter", 2, 2, enter},     Command{"focus", 1, 1, focus},
+    Command{"leave", 1, 1, leave},       Command{"choose", 2, 2, choose},   Command{"check", 1, 1, check},
+    Command{"uncheck", 1, 1, uncheck},   Command{"slide", 2, 2, slide},     Command{"click", 1, 1, click},
+    Command{"dblclick", 1, 1, dblclick}, Command{"answer", 1, 1, answer},   Command{"wait", 0, 1, wait},
+    Command{"show", 1, any, show},       Command{"dump", 0, 1, dump},       Command{"views", 0, 0, views},
+    Command{"state", 1, any, state},     Command{"table", 0, 0, table},     Command{"start", 0, 0, start},
+    Command{"rows", 1, 1, rows},         Command{"setting", 3, 3, setting}, Command{"close", 0, 1, close},
+    Command{"echo", 1, 1, echo},         Command{"mouse", 4, 5, mouse},     Command{"key", 2, 2, key},
+    Command{"drawing", 1, 1, drawing},
 };
 
 }  // namespace

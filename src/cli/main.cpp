@@ -5,8 +5,10 @@
 #include <exception>
 #include <filesystem>
 #include <iostream>
+#include <map>
 #include <string>
 
+#include "cli/plot.h"
 #include "cli/record_json.h"
 #include "cli/run.h"
 #include "cli/script.h"
@@ -30,15 +32,29 @@ ExitStatus script(const std::string& startFolder, const std::string& file) {
   return noldarz::runScriptFile(session, path, file, std::cerr);
 }
 
+/// What `run` and `plot` compute.
+void addTarget(CLI::App& command, noldarz::RunTarget& target) {
+  command.add_option(
+      "TARGET",
+      target.target,
+      "Start folder of the study (default: the current one), or the script of a release, \"-\" for standard "
+      "input");
+  command.add_option("--start", target.startFolder, "Folder in which a script starts");
+  command
+      .add_option_function<std::string>(
+          "--answer",
+          [&target](const std::string& reply) {
+            target.answer = reply == "yes" ? noldarz::Reply::yes : noldarz::Reply::no;
+          },
+          "Reply to every question (default: the one that each box proposes); a question that comes back after a Yes "
+          "takes its default")
+      ->check(CLI::IsMember({"yes", "no"}));
+}
+
 /// The options of `run`, which fill the request when the command line is parsed.
 CLI::App* addRun(CLI::App& app, noldarz::RunRequest& request) {
   auto* run = app.add_subcommand("run", "Compute the scenario of a study and print and keep its results");
-  run->add_option(
-      "TARGET",
-      request.target,
-      "Start folder of the study (default: the current one), or the script of a release, \"-\" for standard "
-      "input");
-  run->add_option("--start", request.startFolder, "Folder in which a script starts");
+  addTarget(*run, request);
   auto* json = run->add_flag_callback(
       "--json", [&request] { request.format = noldarz::ReportFormat::json; }, "Print one JSON object");
   run->add_flag_callback(
@@ -46,14 +62,6 @@ CLI::App* addRun(CLI::App& app, noldarz::RunRequest& request) {
          [&request] { request.format = noldarz::ReportFormat::csv; },
          "Print a line of names and a line of texts, separated by commas")
       ->excludes(json);
-  run->add_option_function<std::string>(
-         "--answer",
-         [&request](const std::string& reply) {
-           request.answer = reply == "yes" ? noldarz::Reply::yes : noldarz::Reply::no;
-         },
-         "Reply to every question (default: the one that each box proposes); a question that comes back after a Yes "
-         "takes its default")
-      ->check(CLI::IsMember({"yes", "no"}));
   run->add_option(
       "--levels",
       request.levels,
@@ -76,6 +84,33 @@ CLI::App* addRun(CLI::App& app, noldarz::RunRequest& request) {
   return run;
 }
 
+/// The same of `plot`.
+CLI::App* addPlot(CLI::App& app, noldarz::PlotRequest& request) {
+  using noldarz::Fit;
+  auto* plot = app.add_subcommand("plot", "Compute as run does, and write a drawing of the zones");
+  static const std::map<std::string, Fit> kinds{
+      {"isopleths", Fit::vertical}, {"elevation", Fit::elevation}, {"rose", Fit::rose}};
+  plot->add_option_function<std::string>(
+          "KIND", [&request](const std::string& kind) { request.fit = kinds.at(kind); }, "isopleths, elevation or rose")
+      ->required()
+      ->check(CLI::IsMember({"isopleths", "elevation", "rose"}));
+  addTarget(*plot, request);
+  plot->add_option("-o,--output", request.file, "Drawing to write: .svg, .pdf, .png or .bmp")->required();
+  plot->add_option(
+          "--wind", request.wind, "Where the wind blows to, of isopleths: degrees, 0 up, clockwise (default: 0)")
+      ->check(CLI::Range(0, noldarz::wholeTurn));
+  plot->add_option("--north", request.north, "Where north lies in a rose: degrees, 0 up, clockwise (default: 0)")
+      ->check(CLI::Range(0, noldarz::wholeTurn));
+  plot->add_option(
+      "--levels", request.chosen, "Levels to draw, 0 the highest concentration, separated by commas (default: all)");
+  plot->add_option("--size", request.size, "Page: A4, or WxH in mm (default: A4, lying)");
+  plot->add_flag("--limits", request.limitCircles, "Draw the circles of the fatality and injury limits");
+  plot->add_flag("--line-styles", request.lineStyles, "A pattern beside the colour of each level");
+  plot->footer(
+      "Exit status: 0 written, 1 no valid run, no study to open or nothing to draw, 2 a request that can't be taken");
+  return plot;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) try {
@@ -91,6 +126,8 @@ int main(int argc, char** argv) try {
   scriptCommand->add_option("FILE", file, "Script, \"-\" for standard input")->required();
   noldarz::RunRequest request;
   const auto* runCommand = addRun(app, request);
+  noldarz::PlotRequest plotRequest;
+  const auto* plotCommand = addPlot(app, plotRequest);
 
   std::string source;
   bool force = false;
@@ -112,6 +149,7 @@ int main(int argc, char** argv) try {
   ExitStatus status = ExitStatus::done;
   if (scriptCommand->parsed()) status = script(startFolder, file);
   if (runCommand->parsed()) status = noldarz::runAndReport(request, NOLDARZ_VERSION, std::cout, std::cerr);
+  if (plotCommand->parsed()) status = noldarz::plotToFile(plotRequest, NOLDARZ_VERSION, std::cerr);
   if (create->parsed()) status = noldarz::createStudy(file, source, force, std::cerr);
   if (exportCommand->parsed()) status = noldarz::exportStudy(file, std::cout, std::cerr);
   if (check->parsed()) status = noldarz::checkStudy(file, std::cout, std::cerr);

@@ -1,5 +1,7 @@
 #include "cli/record_json.h"
 
+#include <cmath>
+
 #include "platform/visible_text.h"
 
 namespace noldarz {
@@ -47,5 +49,34 @@ Json boxJson(const BoxShown& shown) {
 std::string jsonLine(const Json& object) { return line(dumped(object)); }
 
 std::string jsonLine(const RecordEntry& entry) { return line(std::visit(ToJson{}, entry)); }
+
+Json numberJson(double value) {
+  constexpr double exact = 1e15;
+  const bool whole = std::abs(value) < exact && std::trunc(value) == value;
+  return whole ? Json(static_cast<std::int64_t>(value)) : Json(value);
+}
+
+Json primitivesJson(const Drawing& drawing) {
+  using Kind = Primitive::Kind;
+  Json primitives = Json::array();
+  for (const Primitive& p : drawing.primitives) {
+    const auto add = [&](const char* name, std::initializer_list<double> numbers) -> Json& {
+      Json& row = primitives.emplace_back(Json::array({name}));
+      for (const double number : numbers) row.push_back(numberJson(number));
+      return row;
+    };
+    switch (p.kind) {
+      case Kind::Cls: add("Cls", {}); break;
+      case Kind::PSet: add("PSet", {p.x1, p.y1}).push_back(colourText(p.colour)); break;
+      case Kind::Line: add("Line", {p.x1, p.y1, p.x2, p.y2}).push_back(colourText(p.colour)); break;
+      case Kind::Circle: add("Circle", {p.x1, p.y1, p.x2}).push_back(colourText(p.colour)); break;
+      case Kind::Print: add("Print", {}).push_back(drawing.textOf(p)); break;
+      case Kind::DrawWidth: add("DrawWidth", {p.x1}); break;
+      case Kind::FontBold: add("FontBold", {}).push_back(p.x1 != 0); break;
+      case Kind::FontTransparent: add("FontTransparent", {}).push_back(p.x1 != 0); break;
+    }
+  }
+  return primitives;
+}
 
 }  // namespace noldarz

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cli/record.h"
+#include "platform/canvas/canvas.h"
 
 namespace noldarz {
 
@@ -18,5 +19,11 @@ std::string dumped(const Json& object);
 /// One line.
 std::string jsonLine(const Json& object);
 std::string jsonLine(const RecordEntry& entry);
+
+/// A whole number without a fraction.
+Json numberJson(double value);
+
+/// The primitives of a drawing, in order: ["Line", x1, y1, x2, y2, colour].
+Json primitivesJson(const Drawing& drawing);
 
 }  // namespace noldarz

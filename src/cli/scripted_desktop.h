@@ -38,6 +38,8 @@ class ScriptedDesktop : public Desktop {
   void openDropDown(Field& field) override;
   void refresh(Field&) override {}
   void setPointer(Pointer pointer) override { pointer_ = pointer; }
+  /// 1920 x 1080 pixels of 1/96 inch.
+  ScreenSize screenSize(const View&) override { return {28800, 16200}; }
   void clearClipboard() override;
   /// Goes on the record; there is no other window.
   std::uint64_t activateWindow(const std::string& title) override;

@@ -4,10 +4,13 @@
 #include <algorithm>
 #include <array>
 
+#include "desktop/plot_window.h"
+#include "ui_Drwfrm.h"
 #include "ui_aniwait1.h"
 #include "ui_dspmnfrm.h"
 #include "ui_progrsBar.h"
 #include "ui_reqfrm.h"
+#include "ui_zardzone.h"
 
 namespace noldarz {
 
@@ -21,7 +24,9 @@ void setUp(QMainWindow& window) {
 constexpr std::array forms{Form{"dspmnfrm", setUp<Ui::dspmnfrm>},
                            Form{"aniwait1", setUp<Ui::aniwait1>, true},
                            Form{"reqfrm", setUp<Ui::reqfrm>},
-                           Form{"progrsBar", setUp<Ui::progrsBar>, true}};
+                           Form{"progrsBar", setUp<Ui::progrsBar>, true},
+                           Form{"Drwfrm", setUp<Ui::Drwfrm>, false, followExpansion},
+                           Form{"zardzone", setUp<Ui::zardzone>}};
 
 }  // namespace
 

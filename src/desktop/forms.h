@@ -7,10 +7,13 @@ class QMainWindow;
 
 namespace noldarz {
 
+class ViewWindow;
+
 struct Form {
   std::string_view view;
   void (*setUp)(QMainWindow&);
-  bool tellsProgress = false;  ///< it lies over the window in front and takes no focus
+  bool tellsProgress = false;             ///< it lies over the window in front and takes no focus
+  void (*follow)(ViewWindow&) = nullptr;  ///< lays out what no form can say, after each piece of the logic
 };
 
 /// Null for a view without a window.

@@ -11,11 +11,13 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QWindow>
 #include <algorithm>
 #include <array>
 #include <utility>
 
+#include "desktop/canvas_widget.h"
 #include "desktop/form_sizes.h"
 #include "desktop/forms.h"
 #include "desktop/help.h"
@@ -82,7 +84,9 @@ void QtDesktop::makeWindow(View& view) {
     if (const auto& binder = bound_[&view].binder) binder->followTheme();
   };
   Bound& bound = bound_[&view];
-  bound.window = std::make_unique<ViewWindow>(view, *settings_, ViewWindow::Front{close, themeChanged});
+  const auto arrived = [this, &view] { windowArrived(view); };
+  bound.form = form;
+  bound.window = std::make_unique<ViewWindow>(view, *settings_, ViewWindow::Front{close, themeChanged, arrived});
   ViewWindow& window = *bound.window;
   form->setUp(window);
   scaleFonts(window);
@@ -137,10 +141,26 @@ void QtDesktop::followViews() {
   for (View* view : views_->all())
     if (view->visible()) makeWindow(*view);
   for (const auto& [view, bound] : bound_) {
+    bound.binder->followDrawings();
     bound.window->setWindowTitle(view->title().empty() ? "NOLDA-RZ" : shown(view->title()));
     if (bound.window->isVisible() != view->visible()) showWindow(*bound.window, view->visible());
+    if (view->visible() && bound.form->follow) bound.form->follow(*bound.window);
   }
+  followFront();
   if (depth_ == 0 && views_->open().empty()) QApplication::quit();
+}
+
+void QtDesktop::followFront() {
+  const ViewWindow* before = std::exchange(front_, frontWindow());
+  // The one that the user works in is not asked again: the answer comes later, and would take him back.
+  if (!front_ || front_ == before || front_->isActiveWindow()) return;
+  windowOf(front_->view())->raise();
+  windowOf(front_->view())->activateWindow();
+}
+
+void QtDesktop::windowArrived(View& view) {
+  if (busy() || views_->front() == &view || !view.acceptsInput()) return;
+  deliver([&view] { view.show(); });
 }
 
 void QtDesktop::showWindow(ViewWindow& window, bool visible) const {
@@ -216,8 +236,10 @@ std::filesystem::path QtDesktop::fileDialog(const FileDialog& dialog) {
   QFileDialog chooser(QApplication::activeWindow(), qt(dialog.title));
   chooser.setAcceptMode(dialog.kind == FileDialog::Kind::open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
   const QStringList filter = qt(dialog.filter).split('|');
-  chooser.setNameFilter(filter.size() > 1 ? filter[0] + " (" + filter[1] + ")" : qt(dialog.filter));
-  chooser.setDefaultSuffix(qt(dialog.extension));
+  if (dialog.kind == FileDialog::Kind::open) chooser.setFileMode(QFileDialog::ExistingFile);
+  chooser.setNameFilter(filter.size() > 1 ? filter[0] + " (" + QString(filter[1]).replace(';', ' ') + ")"
+                                          : qt(dialog.filter));
+  chooser.setDefaultSuffix(qt(dialog.extension).section(';', 0, 0));
   chooser.selectFile(qt(dialog.name));
   if (chooser.exec() != QDialog::Accepted || chooser.selectedFiles().isEmpty()) fail(FailureNumber::cancelled);
   return chooser.selectedFiles().first().toStdString();
@@ -255,7 +277,15 @@ void QtDesktop::setPointer(Pointer pointer) {
   pointer_ = pointer;
   while (QApplication::overrideCursor()) QApplication::restoreOverrideCursor();
   if (pointer == Pointer::hourglass) QApplication::setOverrideCursor(Qt::WaitCursor);
-  if (pointer == Pointer::cross) QApplication::setOverrideCursor(Qt::CrossCursor);
+  for (const auto& [view, bound] : bound_) bound.binder->pointAt(pointer == Pointer::cross);
+}
+
+ScreenSize QtDesktop::screenSize(const View& view) {
+  const ViewWindow* window = windowOf(view) ? windowOf(view) : frontWindow();
+  const QScreen& screen = window ? *window->screen() : *QApplication::primaryScreen();
+  const QSize size = screen.availableSize();
+  const double twips = 1 / (dotsPerMillimetre(screen) * millimetresPerTwip);
+  return {size.width() * twips, size.height() * twips};
 }
 
 void QtDesktop::clearClipboard() { QApplication::clipboard()->clear(); }

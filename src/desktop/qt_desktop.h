@@ -19,6 +19,8 @@ class QMessageBox;
 
 namespace noldarz {
 
+struct Form;
+
 class QtDesktop : public Desktop {
  public:
   QtDesktop();
@@ -33,6 +35,7 @@ class QtDesktop : public Desktop {
   void openDropDown(Field& field) override;
   void refresh(Field& field) override;
   void setPointer(Pointer pointer) override;
+  ScreenSize screenSize(const View& view) override;
   void clearClipboard() override;
   std::uint64_t activateWindow(const std::string& title) override;
   void runProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments) override;
@@ -50,6 +53,7 @@ class QtDesktop : public Desktop {
   struct Bound {
     std::unique_ptr<ViewWindow> window;
     std::unique_ptr<Binder> binder;
+    const Form* form = nullptr;
   };
 
   /// Whether a piece of the logic runs, or waits in a box.
@@ -69,6 +73,10 @@ class QtDesktop : public Desktop {
   void makeWindow(View& view);
   void followViews();
   void showWindow(ViewWindow& window, bool visible) const;
+  /// The view that has come to the front gets the focus of the screen.
+  void followFront();
+  /// The user has gone to the window.
+  void windowArrived(View& view);
   /// The window in front that the user works in; null when there is none.
   ViewWindow* frontWindow() const;
 
@@ -81,7 +89,8 @@ class QtDesktop : public Desktop {
   QTimer nextTimer_;
   int depth_ = 0;  // of pieces of the logic
   bool boxOpen_ = false;
-  QTimer later_;  // what waits for the end of the screen's event: the focus, a list that opens
+  const ViewWindow* front_ = nullptr;  // when the screen was last made to follow
+  QTimer later_;                       // what waits for the end of the screen's event: the focus, a list that opens
   QComboBox* dropDown_ = nullptr;
   bool refused_ = false;  // the user's last move, until the screen has followed
   QSet<QString> seen_;    // texts of boxes, since the piece of the logic began

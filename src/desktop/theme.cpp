@@ -13,17 +13,6 @@ namespace noldarz {
 
 namespace {
 
-/// `part` of the one colour and the rest of the other.
-QColor mixed(const QColor& one, const QColor& other, double part) {
-  const auto mix = [part](int of, int rest) { return static_cast<int>((of * part) + (rest * (1 - part))); };
-  return {mix(one.red(), other.red()), mix(one.green(), other.green()), mix(one.blue(), other.blue())};
-}
-
-bool isDark(const QPalette& palette) {
-  return palette.color(QPalette::Active, QPalette::Window).lightness() <
-         palette.color(QPalette::Active, QPalette::WindowText).lightness();
-}
-
 /// The desktop's style. Most draw outlines darker than the window, where they vanish in a dark theme.
 class OwnStyle : public QProxyStyle {
  public:
@@ -62,6 +51,16 @@ class OwnStyle : public QProxyStyle {
 };
 
 }  // namespace
+
+QColor mixed(const QColor& one, const QColor& other, double part) {
+  const auto mix = [part](int of, int rest) { return static_cast<int>((of * part) + (rest * (1 - part))); };
+  return {mix(one.red(), other.red()), mix(one.green(), other.green()), mix(one.blue(), other.blue())};
+}
+
+bool isDark(const QPalette& palette) {
+  return palette.color(QPalette::Active, QPalette::Window).lightness() <
+         palette.color(QPalette::Active, QPalette::WindowText).lightness();
+}
 
 QColor fadedText(const QPalette& palette) {
   return mixed(

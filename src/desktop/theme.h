@@ -12,6 +12,11 @@ namespace noldarz {
 /// The style and palette of the program, from the theme in force. To be called again when the theme has changed.
 void followTheme();
 
+bool isDark(const QPalette& palette);
+
+/// `part` of the one colour and the rest of the other.
+QColor mixed(const QColor& one, const QColor& other, double part);
+
 /// A text that is told apart from one in force and can still be read.
 QColor fadedText(const QPalette& palette);
 

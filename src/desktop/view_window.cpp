@@ -22,7 +22,10 @@ ViewWindow::ViewWindow(View& view, const Settings& settings, Front front)
 
 QSize ViewWindow::firstSize() const {
   // What was measured before the window shows is without the style.
-  for (const QWidget* widget : findChildren<QWidget*>()) widget->ensurePolished();
+  for (QWidget* widget : findChildren<QWidget*>()) {
+    widget->ensurePolished();
+    widget->updateGeometry();
+  }
   for (QLayout* layout : findChildren<QLayout*>()) layout->invalidate();
   const QSize least = minimumSizeHint();
   const auto* page = findChild<Page*>();
@@ -64,6 +67,7 @@ void ViewWindow::changeEvent(QEvent* event) {
   if (event->type() == QEvent::PaletteChange) front_.themeChanged();
   if (event->type() == QEvent::FontChange) setWidths(*this);
   QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) front_.arrived();
 }
 
 }  // namespace noldarz

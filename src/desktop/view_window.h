@@ -16,6 +16,8 @@ class ViewWindow : public QMainWindow {
     /// The user closes the window.
     std::function<void()> close;
     std::function<void()> themeChanged;
+    /// The user has come to the window.
+    std::function<void()> arrived;
   };
 
   ViewWindow(View& view, const Settings& settings, Front front);

@@ -43,6 +43,11 @@ struct FileDialog {
   std::string extension;  ///< default extension
 };
 
+struct ScreenSize {
+  double width = 0;   ///< twips
+  double height = 0;  ///< twips
+};
+
 class Desktop {
  public:
   Desktop() = default;
@@ -65,17 +70,19 @@ class Desktop {
   /// Paints the field now, while a press runs.
   virtual void refresh(Field& field) = 0;
   virtual void setPointer(Pointer pointer) = 0;
+  /// The screen that the window of the view is on, or will be.
+  virtual ScreenSize screenSize(const View& view) = 0;
+
+  /// The picture in a file: readPicture (platform/canvas/picture_file.h).
+  virtual std::shared_ptr<const Image> loadPicture(const std::filesystem::path& file) = 0;
+  /// Writes a drawing: writeDrawing (platform/canvas/drawing_file.h).
+  virtual void saveDrawing(const std::filesystem::path& file, const DrawingFile& what) = 0;
 
   virtual void clearClipboard() = 0;
   /// Activates the top-level window with that title. Its handle; 0 when there is none.
   virtual std::uint64_t activateWindow(const std::string& title) = 0;
   /// Starts a program without waiting for it. Fails with invalidArgument when it can't be started.
   virtual void runProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments) = 0;
-
-  /// readPicture (platform/canvas/picture_file.h).
-  virtual std::shared_ptr<const Image> loadPicture(const std::filesystem::path& file) = 0;
-  /// writeDrawing (platform/canvas/drawing_file.h).
-  virtual void saveDrawing(const std::filesystem::path& file, const DrawingFile& what) = 0;
 };
 
 }  // namespace noldarz

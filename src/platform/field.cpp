@@ -96,14 +96,14 @@ bool Field::takesFocus() const {
   switch (kind_) {
     case FieldKind::label:
     case FieldKind::menu:
-    case FieldKind::picture:
     case FieldKind::shape:
     case FieldKind::timer: return false;
+    case FieldKind::picture: return view_.takesKeys(*this);  // a dial
     default: return true;
   }
 }
 
-bool Field::usable() const { return enabled_ && visible_ && view_.acceptsInput(); }
+bool Field::usable() const { return enabled_ && visible_ && (parent_ ? parent_->usable() : view_.acceptsInput()); }
 
 void Field::fire(Event event) { view_.fire(*this, event); }
 

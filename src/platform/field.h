@@ -5,10 +5,12 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/colour.h"
@@ -106,9 +108,14 @@ class Field {
   /// Index of the text in a vocabulary, compared exactly; -1 for any other text.
   int wordIndex(std::span<const std::string_view> vocabulary) const;
 
-  /// 1 or 0 of a check or option field, 1 for a checked menu entry, position of a slider, interval of a timer (ms).
+  /// 1 or 0 of a check or option field, 1 for a checked menu entry, position of a slider, interval of a timer (ms),
+  /// width of a line (pixels of 1/96 inch).
   int value() const { return value_; }
   void setValue(int value);
+  /// The ends of a slider, both included.
+  void setRange(int least, int most) { range_ = {least, most}; }
+  bool isInRange(int value) const { return value >= range_.first && value <= range_.second; }
+  const std::pair<int, int>& range() const { return range_; }
 
   bool enabled() const { return enabled_; }
   void setEnabled(bool enabled);
@@ -164,6 +171,14 @@ class Field {
   /// The field that it was laid over; null: it lies where the view has it.
   const Field* over() const { return over_; }
 
+  /// The box, picture, canvas or menu of its view that the field lies in, and is hidden and disabled with; its place is
+  /// told from there, on a canvas in millimetres. Null: it lies on the view itself.
+  Field* parent() const { return parent_; }
+  Field& in(Field& parent) {
+    parent_ = &parent;
+    return *this;
+  }
+
   /// The canvas that the field shows; null for a field of another kind.
   Canvas* canvas() const { return canvas_; }
   void setCanvas(Canvas& canvas) { canvas_ = &canvas; }
@@ -174,7 +189,7 @@ class Field {
   std::string fullName() const;
   /// Whether the focus can come to a field of this kind.
   bool takesFocus() const;
-  /// Whether a user can act on the field now: it and its view are visible, it is enabled, no modal view
+  /// Whether a user can act on the field now: it, what it lies in and its view are visible and enabled, no modal view
   /// lies above.
   bool usable() const;
   void fire(Event event);
@@ -210,7 +225,9 @@ class Field {
   double width_ = 0;
   double height_ = 0;
   const Field* over_ = nullptr;
+  Field* parent_ = nullptr;
   Canvas* canvas_ = nullptr;
+  std::pair<int, int> range_{std::numeric_limits<int>::min(), std::numeric_limits<int>::max()};
 };
 
 /// Back and fore colour that fields of the kind have in the user's theme.

@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <ctime>
 #include <limits>
 
 namespace noldarz {
@@ -170,6 +171,13 @@ int toInteger(double value) {
   return static_cast<int>(whole);
 }
 
+std::chrono::year_month_day today() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  return std::chrono::year{local.tm_year + 1900} / (local.tm_mon + 1) / local.tm_mday;
+}
+
 std::string longDate(std::chrono::year_month_day date) {
   static constexpr std::array<std::string_view, 7> days{
       "Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"};
@@ -186,7 +194,7 @@ std::string longDate(std::chrono::year_month_day date) {
                                                            "November",
                                                            "December"};
   const std::chrono::weekday day{std::chrono::sys_days{date}};
-  return fmt::format("{}, {} {}, {}",
+  return fmt::format("{}, {} {:02}, {}",
                      days.at(day.c_encoding()),
                      months.at(unsigned{date.month()} - 1),
                      unsigned{date.day()},

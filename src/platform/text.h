@@ -61,5 +61,7 @@ int toInteger(double value);
 
 /// "Sunday, November 22, 2026", English in every locale.
 std::string longDate(std::chrono::year_month_day date);
+/// Today by the user's calendar.
+std::chrono::year_month_day today();
 
 }  // namespace noldarz

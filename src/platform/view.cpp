@@ -49,6 +49,10 @@ void View::pointer(Field& field, const PointerEvent& pointer) { tell(pointerRule
 
 void View::key(Field& field, const KeyEvent& key) { tell(keyRules_, field, key); }
 
+bool View::takesKeys(const Field& field) const {
+  return std::any_of(keyRules_.begin(), keyRules_.end(), [&](const auto& rule) { return rule.first == &field; });
+}
+
 void View::run(const std::vector<Rule>& rules) const {
   const Views::Act act{views_};
   for (const auto& rule : rules) rule();
@@ -72,6 +76,12 @@ void View::show(bool modal) {
 
 void View::hide() {
   visible_ = modal_ = false;
+  views_.settleFront();
+}
+
+void View::activate() {
+  if (!acceptsInput()) return;
+  views_.raise(*this);
   views_.settleFront();
 }
 
@@ -108,7 +118,8 @@ View* Views::find(std::string_view name) const {
 }
 
 View* Views::front() const {
-  const auto found = std::find_if(stack_.rbegin(), stack_.rend(), [](const View* v) { return v->visible(); });
+  const auto found =
+      std::find_if(stack_.rbegin(), stack_.rend(), [](const View* v) { return v->visible() && !v->passive_; });
   return found == stack_.rend() ? nullptr : *found;
 }
 

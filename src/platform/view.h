@@ -66,6 +66,8 @@ class View {
   void onKey(Field& field, KeyRule rule) { keyRules_.push_back({&field, std::move(rule)}); }
   void pointer(Field& field, const PointerEvent& pointer);
   void key(Field& field, const KeyEvent& key);
+  /// Whether a rule waits for keys on the field.
+  bool takesKeys(const Field& field) const;
   /// Each change of a property is told to the observers, for a front that shows the view: text and caption are one and
   /// told as Property::text, value and checked as Property::value.
   void observe(Observer observer) { observers_.push_back(std::move(observer)); }
@@ -87,6 +89,10 @@ class View {
   /// Loads the view if it is not loaded, makes it visible and brings it to the front.
   void show(bool modal = false);
   void hide();
+  /// The user acts on the view: it comes to the front. Does nothing when he can't.
+  void activate();
+  /// The view only tells of what runs: it takes no place in front of others.
+  void setPassive() { passive_ = true; }
   /// Ends the life of the view; does nothing when it is not loaded or closes already.
   void close();
   /// A front paints a view once the event that brought it to the front has ended.
@@ -95,6 +101,8 @@ class View {
   bool loaded() const { return loaded_; }
   bool visible() const { return visible_; }
   bool modal() const { return modal_; }
+  /// Whether it is about to close.
+  bool closing() const { return closing_; }
   /// Whether the user can act on the view: it is visible and no modal view lies above it.
   bool acceptsInput() const;
 
@@ -136,6 +144,7 @@ class View {
   bool modal_ = false;
   bool closing_ = false;
   bool paintDue_ = false;
+  bool passive_ = false;
 };
 
 /// Made before its views, and outlives them.
@@ -147,7 +156,7 @@ class Views {
   View* find(std::string_view name) const;
   /// Loaded views, the one in front last.
   const std::vector<View*>& open() const { return stack_; }
-  /// The visible view in front; null when there is none.
+  /// The visible view in front, passive ones apart; null when there is none.
   View* front() const;
 
   /// Each time an act begins: an event of the user or of a timer, with all that its rules set off.

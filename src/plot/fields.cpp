@@ -2,6 +2,9 @@
 
 #include <cmath>
 
+#include "platform/text.h"
+#include "plot/paper.h"
+
 namespace noldarz {
 
 namespace {
@@ -10,7 +13,30 @@ constexpr double radian = 0.0175;      // degrees to radians of the dials
 constexpr double barbAngle = 5;        // degrees beside the wind arm
 constexpr double windLabelLift = 180;  // twips above the tip
 
-LineField line(View& view, const char* name) { return {view.add(FieldKind::shape, name)}; }
+LineField line(View& view, const char* name, Field& on) { return {view.add(FieldKind::shape, name).in(on)}; }
+
+LineField arm(Field& picture, const char* name, Colour colour) {
+  constexpr int armWidth = 4;  // px
+  const LineField arm = line(picture.view(), name, picture);
+  arm.field.setForeColour(colour);
+  arm.field.setValue(armWidth);
+  return arm;
+}
+
+/// Elements of an array within a box.
+template <std::size_t N>
+FieldArray<N> arrayIn(Field& box, const char* name) {
+  const auto fields = box.view().array<N>(FieldKind::label, name);
+  for (int i = 0; i < fields.size(); ++i) fields[i].in(box);
+  return fields;
+}
+
+void place(Field& field, double left, double top, double width, double height) {
+  field.setLeft(left);
+  field.setTop(top);
+  field.setWidth(width);
+  field.setHeight(height);
+}
 
 }  // namespace
 
@@ -21,20 +47,20 @@ void LineField::setEnds(double x1, double y1, double x2, double y2) const {
   field.setHeight(y2 - y1);
 }
 
-DialFields::DialFields(View& view, const Size& sizes)
+DialFields::DialFields(Field& picture, const Size& sizes)
     : size(sizes),
-      wndarm(line(view, "wndarm")),
-      wndarm_1(line(view, "wndarm_1")),
-      wndarm_2(line(view, "wndarm_2")),
-      NorthArm(line(view, "NorthArm")),
-      axs1(line(view, "axs1")),
-      axs2(line(view, "axs2")),
-      axs3(line(view, "axs3")),
-      wndlbl(view.label("wndlbl", "WIND")),
-      nlbl(view.label("nlbl", "N")),
-      elbl(view.label("elbl", "E")),
-      slbl(view.label("slbl", "S")),
-      wlbl(view.label("wlbl", "W")) {
+      wndarm(arm(picture, "wndarm", windArmColour)),
+      wndarm_1(arm(picture, "wndarm_1", windArmColour)),
+      wndarm_2(arm(picture, "wndarm_2", windArmColour)),
+      NorthArm(arm(picture, "NorthArm", northArmColour)),
+      axs1(arm(picture, "axs1", SystemColour::windowText)),
+      axs2(arm(picture, "axs2", SystemColour::windowText)),
+      axs3(arm(picture, "axs3", SystemColour::windowText)),
+      wndlbl(picture.view().label("wndlbl", "WIND").in(picture)),
+      nlbl(picture.view().label("nlbl", "N").in(picture)),
+      elbl(picture.view().label("elbl", "E").in(picture)),
+      slbl(picture.view().label("slbl", "S").in(picture)),
+      wlbl(picture.view().label("wlbl", "W").in(picture)) {
   showWind(0);
   showNorth(0);
 }
@@ -74,6 +100,7 @@ ZoneFields::ZoneFields(View& view)
       NorthSld(view.add(FieldKind::slider, "NorthSld")) {
   wndsld1.setToolTip("Select Wind direction (deg)");
   NorthSld.setToolTip("Select North direction (deg)");
+  for (Field* dial : {&wndsld1, &NorthSld}) dial->setRange(0, wholeTurn);
 }
 
 PlotFields::PlotFields(View& view)
@@ -83,68 +110,100 @@ PlotFields::PlotFields(View& view)
       PrjNameTxt(view.label("PrjNameTxt")),
       sclsdspl(view.label("sclsdspl")),
       dt(view.label("dt")),
-      Xline(line(view, "Xline")),
-      GroundLvl(view.add(FieldKind::shape, "GroundLvl")),
-      mousetxt(view.label("mousetxt")),
-      scleset(view.add(FieldKind::picture, "scleset")),
-      frstptnlbl(view.array<3>(FieldKind::label, "frstptnlbl")),
-      eqlvalu(view.text("eqlvalu", "0")),
-      clssetbox(view.add(FieldKind::button, "clssetbox", "Select Source")),
+      statuslbl(view.label("statuslbl")),
+      Xline(line(view, "Xline", Drw1)),
+      GroundLvl(view.add(FieldKind::shape, "GroundLvl").in(Drw1)),
+      mousetxt(view.label("mousetxt").in(Drw1)),
+      scleset(view.add(FieldKind::picture, "scleset").in(Drw1)),
+      frstptnlbl(arrayIn<3>(scleset, "frstptnlbl")),
+      eqlvalu(view.text("eqlvalu", "0").in(scleset)),
+      clssetbox(view.add(FieldKind::button, "clssetbox", "Select Source").in(scleset)),
       North_wndDialPic(view.add(FieldKind::picture, "North_wndDialPic")),
-      dial(view, {.wind = 550, .barb = 500, .cross = 400, .centreX = 900, .centreY = 900}),
+      dial(North_wndDialPic, {.wind = 550, .barb = 500, .cross = 400, .centreX = 900, .centreY = 900}),
       lndFRme(view.add(FieldKind::picture, "lndFRme")),
-      linelbl2(view.array<levelCount>(FieldKind::label, "linelbl2")),
-      LblDsply(view.array<levelCount>(FieldKind::label, "LblDsply")),
+      linelbl2(arrayIn<levelCount>(lndFRme, "linelbl2")),
+      LblDsply(arrayIn<levelCount>(lndFRme, "LblDsply")),
       canvas(Drw1) {
-  for (Field* hidden : {&Xline.field, &GroundLvl, &mousetxt, &scleset}) hidden->setVisible(false);
+  Drw1.setBackColour(SystemColour::windowBackground);
+  Drw1.setForeColour(SystemColour::windowText);
+  Xline.field.setValue(1);
+  GroundLvl.setFillColour(groundColour);
+  eqlvalu.setToolTip("Distance of the two points on the ground (m)");
+  clssetbox.setToolTip("Take the scale; the source is pointed out next");
+  North_wndDialPic.setToolTip("Double click, or Enter, to turn wind and north");
+  place(scleset, 2, 5, 48, 28);
+}
+
+void PlotFields::setTitle(std::string_view title) const {
+  lblman.setCaption(title);
+  Drw1.view().setTitle(title);
+}
+
+void PlotFields::showScale(double plotScale) const {
+  constexpr double millimetresPerCentimetre = 10;
+  sclsdspl.setCaption("Scale:- 1 : " + Format(plotScale * millimetresPerCentimetre, "0.00") + " m");
 }
 
 PlotMenu::PlotMenu(View& view)
     :
-// One entry a line: its name and its caption.
-#define ENTRY(NAME, CAPTION) NAME(view.add(FieldKind::menu, #NAME, CAPTION))
-      ENTRY(file, "File"),
-      ENTRY(print, "&Print"),
-      ENTRY(cpyclp, "&Save as Picture file"),
-      ENTRY(sve, "Save"),
-      ENTRY(hideDsply, "Hide/Show WIND and Conc. display"),
-      ENTRY(lnwdth, "Contour line width"),
-      ENTRY(no2, "2"),
-      ENTRY(no4, "4"),
-      ENTRY(exit, "&Exit"),
-      ENTRY(insrtdwg, "Insert drawing/Set Scale"),
-      ENTRY(Expscrn, std::string{expandCaption}),
-      ENTRY(selctdwg, "Select drawing"),
-      ENTRY(frmfle, "From file"),
-      ENTRY(scrnCap, "Screen capture"),
-      ENTRY(scrncap2, "Screen capture of this view"),
-      ENTRY(ClrScrn, "Clear Screen"),
-      ENTRY(frPipeln, "For Pipeline"),
-      ENTRY(pltFrPipe, "Plot along pipeline"),
-      ENTRY(setscle, "Set Scale (wind in given direction)"),
-      ENTRY(usrdef, "User defined -Isopleth"),
-      ENTRY(Ftvert, "Fit to Page - Isopleth (Vertical)"),
-      ENTRY(fthiznt, "Fit to Page - Isopleth (Horizontal)"),
-      ENTRY(isoelvat, "Fit to Page - Isoelevate (Horizontal)"),
-      ENTRY(setscleB, "Set Scale (With wind in 8 Orientations)"),
-      ENTRY(usrdefB, "User defined"),
-      ENTRY(FtvertB, "Fit to Page "),
-      ENTRY(zoom1, "Zoom"),
-      ENTRY(zoomin1, "Zoom In"),
-      ENTRY(zoomout1, "Zoom Out"),
-      ENTRY(zoomall, "Zoom All"),
-      ENTRY(Drwzns, "Draw/Redraw Conc Zones/location for concentration (ppm)"),
-      ENTRY(slcsrc, "Select Source"),
-      ENTRY(gvndictn, "wind in given direction"),
-      ENTRY(in8orntn, "wind in 8 Orientations"),
-      ENTRY(sltloctn, "Select Location"),
-      ENTRY(grph, "Graphs"),
-      ENTRY(ihrprofl, "Concentration Profile"),
-      ENTRY(ftlinjryprofl, "Fatality and Injury Profile"),
-      ENTRY(zoom2, "Zoom"),
-      ENTRY(ftltyZoom, "Select distance"),
-      ENTRY(restzoom, "Reset") {
+// One entry a line: its name, the menu that it stands in, its caption.
+#define TOP(NAME, CAPTION) NAME(view.add(FieldKind::menu, #NAME, CAPTION))
+#define ENTRY(NAME, MENU, CAPTION) NAME(view.add(FieldKind::menu, #NAME, CAPTION).in(MENU))
+      TOP(file, "File"),
+      ENTRY(print, file, "&Print"),
+      ENTRY(cpyclp, file, "&Save as Picture file"),
+      ENTRY(sve, file, "Save"),
+      ENTRY(hideDsply, file, "Hide/Show WIND and Conc. display"),
+      ENTRY(lnwdth, file, "Contour line width"),
+      ENTRY(no2, lnwdth, "2"),
+      ENTRY(no4, lnwdth, "4"),
+      ENTRY(exit, file, "&Exit"),
+      TOP(insrtdwg, "Insert drawing/Set Scale"),
+      ENTRY(Expscrn, insrtdwg, std::string{expandCaption}),
+      ENTRY(selctdwg, insrtdwg, "Select drawing"),
+      ENTRY(frmfle, selctdwg, "From file"),
+      ENTRY(scrnCap, selctdwg, "Screen capture"),
+      ENTRY(scrncap2, selctdwg, "Screen capture of this view"),
+      ENTRY(ClrScrn, insrtdwg, "Clear Screen"),
+      ENTRY(frPipeln, insrtdwg, "For Pipeline"),
+      ENTRY(pltFrPipe, frPipeln, "Plot along pipeline"),
+      ENTRY(setscle, insrtdwg, "Set Scale (wind in given direction)"),
+      ENTRY(usrdef, setscle, "User defined -Isopleth"),
+      ENTRY(Ftvert, setscle, "Fit to Page - Isopleth (Vertical)"),
+      ENTRY(fthiznt, setscle, "Fit to Page - Isopleth (Horizontal)"),
+      ENTRY(isoelvat, setscle, "Fit to Page - Isoelevate (Horizontal)"),
+      ENTRY(setscleB, insrtdwg, "Set Scale (With wind in 8 Orientations)"),
+      ENTRY(usrdefB, setscleB, "User defined"),
+      ENTRY(FtvertB, setscleB, "Fit to Page "),
+      ENTRY(zoom1, insrtdwg, "Zoom"),
+      ENTRY(zoomin1, zoom1, "Zoom In"),
+      ENTRY(zoomout1, zoom1, "Zoom Out"),
+      ENTRY(zoomall, zoom1, "Zoom All"),
+      TOP(Drwzns, "Draw/Redraw Conc Zones/location for concentration (ppm)"),
+      ENTRY(slcsrc, Drwzns, "Select Source"),
+      ENTRY(gvndictn, slcsrc, "wind in given direction"),
+      ENTRY(in8orntn, slcsrc, "wind in 8 Orientations"),
+      ENTRY(sltloctn, Drwzns, "Select Location"),
+      TOP(grph, "Graphs"),
+      ENTRY(ihrprofl, grph, "Concentration Profile"),
+      ENTRY(ftlinjryprofl, grph, "Fatality and Injury Profile"),
+      ENTRY(zoom2, grph, "Zoom"),
+      ENTRY(ftltyZoom, zoom2, "Select distance"),
+      ENTRY(restzoom, zoom2, "Reset") {
 #undef ENTRY
+#undef TOP
+  for (Field* later : {&print, &cpyclp, &scrnCap, &scrncap2, &pltFrPipe, &sltloctn, &ihrprofl, &ftlinjryprofl}) {
+    later->disable();
+    later->setToolTip("Not part of this version");
+  }
+}
+
+void PlotMenu::reset() const {
+  for (Field* field : {&Ftvert, &fthiznt, &FtvertB, &selctdwg}) field->setTag(tag::none);
+  for (Field* field : {&insrtdwg, &Drwzns, &grph, &zoom1, &slcsrc}) field->disable();
+  usrdef.enable();
+  Expscrn.setCaption(expandCaption);
+  hideDsply.setValue(1);
 }
 
 }  // namespace noldarz

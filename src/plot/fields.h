@@ -11,6 +11,9 @@
 
 namespace noldarz {
 
+/// Degrees of a dial, 0 up, clockwise.
+inline constexpr int wholeTurn = 360;
+
 /// What is drawn and how it is turned, of the zone view.
 struct ZoneFields {
   explicit ZoneFields(View& view);
@@ -34,9 +37,14 @@ struct LineField {
   void setEnd(double x, double y) const { setEnds(x1(), y1(), x, y); }
 };
 
-/// The two dials on one centre: the wind arm with its barbs, and the cross of the compass with its letters.
+/// Colours of the arms by which the dials are turned, as the pointer finds them.
+inline constexpr Colour windArmColour = Colour::fromScreen(49152);
+inline constexpr Colour northArmColour = Colour::fromScreen(255);
+
+/// The two dials on one centre: the wind arm with its barbs, and the cross of the compass with its letters. They are drawn
+/// on a picture, or on the ground of a view.
 struct DialFields {
-  /// Lengths of the arms (twips), and the centre.
+  /// Lengths of the arms, and the centre (twips, on the picture).
   struct Size {
     double wind;
     double barb;
@@ -44,7 +52,7 @@ struct DialFields {
     double centreX;
     double centreY;
   };
-  DialFields(View& view, const Size& size);
+  DialFields(Field& picture, const Size& size);
 
   /// Turns the wind arm.
   void showWind(double degrees) const;
@@ -76,6 +84,7 @@ struct PlotFields {
   Field& PrjNameTxt;         // organisation
   Field& sclsdspl;           // scale
   Field& dt;                 // date
+  Field& statuslbl;          // where the pointer is, what is waited for
   LineField Xline;           // over the canvas (mm): the line between two clicks
   Field& GroundLvl;          // over the canvas (mm): the ground in the side view
   Field& mousetxt;           // over the canvas (mm): follows the pointer
@@ -89,6 +98,12 @@ struct PlotFields {
   FieldArray<levelCount> linelbl2;  // its lines
   FieldArray<levelCount> LblDsply;  // and texts
   Canvas canvas;
+
+  /// Title of what is drawn, in the window and in the header of an expanded canvas.
+  void setTitle(std::string_view title) const;
+  /// The scale that the canvas has now.
+  void showScale(double plotScale) const;
+  void showDial(bool visible) const { North_wndDialPic.setVisible(visible); }
 };
 
 struct PlotMenu {
@@ -100,11 +115,56 @@ struct PlotMenu {
   Field &zoom1, &zoomin1, &zoomout1, &zoomall;
   Field &Drwzns, &slcsrc, &gvndictn, &in8orntn, &sltloctn;
   Field &grph, &ihrprofl, &ftlinjryprofl, &zoom2, &ftltyZoom, &restzoom;
+
+  /// What the view has when it opens: nothing chosen, no scale to draw at.
+  void reset() const;
 };
+
+/// The plot view `Drwfrm`.
+struct PlotView {
+  explicit PlotView(Views& views) : view(views, "Drwfrm", ""), fields(view), menu(view) {}
+
+  View view;
+  PlotFields fields;
+  PlotMenu menu;
+};
+
+/// Tags of the canvas: the click that is expected.
+namespace click {
+inline constexpr std::string_view none{"0"};
+inline constexpr std::string_view source{"1"};
+inline constexpr std::string_view firstPoint{"2"};
+inline constexpr std::string_view secondPoint{"3"};
+inline constexpr std::string_view firstPointOfRose{"5"};
+}  // namespace click
+
+/// Tags of menu entries: what is shown, and what comes next.
+namespace tag {
+inline constexpr std::string_view none{"0"};
+inline constexpr std::string_view shown{"1"};      // `Ftvert`, `fthiznt`: this fit is on the canvas
+inline constexpr std::string_view roseShown{"3"};  // `Ftvert`: the rose is
+inline constexpr std::string_view rose{"1"};       // `FtvertB`: the next source click draws a rose
+inline constexpr std::string_view gridDue{"1"};    // `selctdwg`: a scale of the user's on plain paper
+inline constexpr std::string_view picture{"2"};    // `selctdwg`: a picture lies behind
+}  // namespace tag
+
+/// What a plot says that can't be drawn.
+inline constexpr const char* unableToPlot = "Unable to plot Hazard Zones.";
 
 /// Caption of `Expscrn` while the canvas is as large as the screen, and while it is not.
 inline constexpr std::string_view shrinkCaption{"Small Screen"};
 inline constexpr std::string_view expandCaption{"Expand Screen"};
+
+/// Whether the level has a begin and an end to draw: numbers, not marks.
+inline bool isDrawable(const LevelFields& level, int i) {
+  return level.bgnpt[i].isNumeric() && level.endpt[i].isNumeric() && level.endpt[i].number() > 0;
+}
+
+/// What the legend tells of a level.
+inline std::string legendText(const LevelFields& level, int i) {
+  return level.conclbl[i].caption() + " Conc. (ppm) " + level.constn[i].text() + " Dist. : " + level.endpt[i].text() +
+         " m";
+}
 
 /// Colour of a level, as an index in the basic palette.
 inline constexpr std::array<std::int16_t, levelCount> levelColours{4, 12, 9, 11, 10, 2};

@@ -24,10 +24,14 @@ double twoDecimals(const Field& field) { return strictNumber(Format(field.text()
 bool IsoplethPlot::drawIsopleths() {
   bool drawn = true;
   const Trap failing{[&](const RuntimeFailure&) {
-    sees_.desktop.messageBox(information("Unable to plot Hazard Zones."));
+    sees_.desktop.messageBox(information(unableToPlot));
+    sees_.outputs.close(AttachedView::chldfrm);
+    sees_.view.canvas.setFontBold(false);
+    sees_.view.canvas.setDrawWidth(sees_.lineWidth);
     drawn = false;
   }};
   sees_.desktop.setPointer(Pointer::hourglass);
+  const Colour barColour = sees_.progress.progPic2.backColour();
   failing.step([&] {
     printHeader(sees_.view, sees_.menu, sees_.project);
     sees_.progress.view.show();
@@ -47,6 +51,7 @@ bool IsoplethPlot::drawIsopleths() {
   sees_.view.mousetxt.setVisible(false);
   sees_.view.mousetxt.setCaption("");
   sees_.progress.view.close();
+  sees_.progress.progPic2.setBackColour(barColour);
   return drawn;
 }
 

@@ -12,6 +12,7 @@
 #include "plot/fields.h"
 #include "plot/state.h"
 #include "study/fields.h"
+#include "study/outputs.h"
 #include "toxic/fields.h"
 
 namespace noldarz {
@@ -33,6 +34,7 @@ class IsoplethPlot {
     const PlotMenu& menu;
     ProfileProgress& progress;
     PlumeModel& plume;
+    const Outputs& outputs;
     Desktop& desktop;
   };
   explicit IsoplethPlot(const Sees& sees) : sees_(sees) {}
@@ -43,7 +45,7 @@ class IsoplethPlot {
   ///   (sourceX + d sin a -+ w cos a, sourceY - d cos a -+ w sin a),   d = sqrt(0.00001^2 + w + x^2)
   ///
   /// A level has samples every 0.1 m below 100 m and every 1 m from there on. Where a level that is drawn has no number
-  /// as its end point the plot ends with "Unable to plot Hazard Zones.". False then.
+  /// as its end point the plot ends with "Unable to plot Hazard Zones.", and the results report closes. False then.
   bool drawIsopleths();
 
  private:

@@ -1,8 +1,10 @@
-// The variables that the plots own: what ties the canvas to the ground, and what the drawings work with.
+// The variables that the plots own: what ties the canvas to the ground, what the user has clicked, and what the drawings
+// work with.
 #pragma once
 
 #include <array>
 #include <cstdint>
+#include <string>
 
 #include "platform/variables.h"
 
@@ -29,9 +31,48 @@ struct RoseState {
   std::array<double, sectorCount> windHalf{};   ///< half the wind of an orientation; between two, half their sum (%)
   std::array<double, sectorCount> windShare{};  ///< the same with its share of the whole wind (%)
   std::array<double, sectorCount> windFrac{};   ///< a hundredth of it
+  std::array<double, 7> roseRadius{};           ///< 1 to 3: radii of the sector before, of this one and the next (m)
+};
+
+/// What the user points out on the canvas.
+struct ClickState {
+  double firstPtX = 0;   ///< first point of the scale (mm)
+  double firstPtY = 0;   ///< the same (mm)
+  double secondPtX = 0;  ///< second point of the scale (mm)
+  double secondPtY = 0;  ///< the same (mm)
+  double scaleSpan = 0;  ///< distance of the two (mm)
+  double clickX = 0;     ///< location asked for (mm)
+  double clickY = 0;     ///< the same (mm)
+
+  std::int16_t locationOn = 0;     ///< 1: the location query was chosen
+  std::int16_t locationReady = 0;  ///< 1: the location query has its source
+
+  std::string drawFile;     ///< picture behind the drawing
+  bool dialReopen = false;  ///< the zone view was opened from the dial of the plot view
+};
+
+/// The pipeline that the user traces.
+struct TraceState {
+  bool pipeMode = false;  ///< a trace is running
+  std::array<std::int32_t, 3>
+      pipeWords{};                 ///< where the words for a pipeline stand in the scenario text, from 1; 0: nowhere
+  std::int16_t traceRubber = 0;    ///< 1: a line runs from the last point to the pointer
+  std::int16_t traceHasPoint = 0;  ///< 1: a bearing can be worked out
+  bool traceStarted = false;       ///< a segment can be drawn
+  double traceLastX = 0;           ///< last point (mm)
+  double traceLastY = 0;           ///< the same (mm)
 };
 
 NOLDARZ_VARIABLES(PlotState, sourceX, sourceY, plotScale, halfWidthPlot, plotEnd, plotColour, roseColour, windDeg,
                   northDeg, zoomLevel);
+
+NOLDARZ_VARIABLES(RoseState, windHalf, windShare, windFrac, roseRadius);
+
+NOLDARZ_VARIABLES(ClickState, firstPtX, firstPtY, secondPtX, secondPtY, scaleSpan, clickX, clickY, locationOn,
+                  locationReady, drawFile, dialReopen);
+
+NOLDARZ_VARIABLES(TraceState, pipeMode, pipeWords, traceRubber, traceHasPoint, traceStarted, traceLastX, traceLastY);
+
+struct PlotRunState : Joined<PlotState, RoseState, ClickState, TraceState> {};
 
 }  // namespace noldarz

@@ -1,5 +1,7 @@
 #include "plot/wind_rose.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -86,6 +88,9 @@ void WindRose::curve(int level, const Field& distance, bool ends) {
   bool labelled = false;
   for (int sector = 0; sector < sectorCount; ++sector) {
     const double next = radius(whole, sector + 1, ends);
+    std::copy_n(std::array{radius(whole, sector + sectorCount - 1, ends), here, next}.begin(),
+                3,
+                sees_.rose.roseRadius.begin() + 1);
     const double away = (next - here) / 2 / stepsOfHalf;
     for (int i = 0; i * stepAngle < 2 * halfSector; ++i, t += stepAngle) {
       r += i * stepAngle <= halfSector ? step : away;

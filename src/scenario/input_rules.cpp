@@ -95,7 +95,7 @@ void InputRules::constn_LostFocus(Field& constn) {
 void InputRules::Givnwnd_LostFocus(Field& share) {
   const bool numeric = share.isNumeric();
   if (numeric && share.number() >= 0) {
-    sees_.wind.shareOut();
+    sees_.windRoseTable();
     return;
   }
   if (!numeric) sees_.desktop.messageBox(information("Variable error."));
@@ -174,8 +174,7 @@ void InputRules::scnrotxtlbl_LostFocus() {
 void InputRules::chooseLineWidth(bool thin) {
   sees_.scenario.no2.setValue(thin ? 1 : 0);
   sees_.scenario.no4.setValue(thin ? 0 : 1);
-  sees_.state.lineWidthFlag = thin;
-  sees_.state.lineWidth = thin ? 2 : 4;
+  sees_.contours.choose(thin);
 }
 
 }  // namespace noldarz

@@ -2,17 +2,16 @@
 // of the wind, name of the run. What passes is stored; what does not gives a box and, in most cases, the focus back.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
 #include "engine/fields.h"
 #include "engine/plume_model.h"
 #include "engine/state.h"
-#include "engine/wind_share.h"
 #include "platform/desktop.h"
 #include "platform/status_line.h"
 #include "scenario/fields.h"
-#include "scenario/state.h"
 #include "study/fields.h"
 #include "study/links.h"
 #include "study/state.h"
@@ -25,7 +24,7 @@ class InputRules {
     View& view;
     ModelState& model;
     StudyState& study;
-    ScenarioState& state;
+    ContourState& contours;
     const ScenarioInputs& in;
     const LevelFields& level;
     const ResultFields& result;
@@ -33,7 +32,7 @@ class InputRules {
     const ScenarioFields& scenario;
     MainLinks& links;
     PlumeModel& plume;
-    WindShare& wind;
+    std::function<void()> windRoseTable;  // shares the wind out
     Desktop& desktop;
     StatusLine& status;
   };

@@ -22,8 +22,9 @@ class OutputList {
     Desktop& desktop;
     StatusLine& status;
   };
-  /// Subscribes the choice of an entry.
+  /// Fills the list, and subscribes the choice of an entry.
   explicit OutputList(const Sees& sees) : sees_(sees), list_(sees.command.prntprv) {
+    list_.setEntries({outputEntries.begin(), outputEntries.end()});
     sees_.view.on(list_, Event::click, [this] { prntprv_Click(); });
   }
 
@@ -32,7 +33,7 @@ class OutputList {
     sees_.sweep.distSweep = 0;
     sees_.sweep.bgnLevel = 0;
     sees_.passes.sweepLevel = sees_.passes.widthLevel = sees_.passes.levelIdx = 0;
-    const int entry = list_.listIndex();
+    const int entry = list_.wordIndex(outputEntries);
     if (entry < 0 || !sees_.outputs.open(static_cast<std::size_t>(entry)))
       sees_.status.say("\"" + list_.text() + "\" is not part of this version.");
     sees_.desktop.clearClipboard();

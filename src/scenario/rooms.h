@@ -29,6 +29,8 @@ struct ScenarioRooms {
     RawLimitState& rawLimits;
     StudyState& studyState;
     ScenarioState& state;
+    ContourState& contours;
+    std::function<void()> windRoseTable;  // what a share of the wind calls when it is left
     StudyRooms& study;
     EngineRooms& engine;
     ToxicRooms& toxic;

@@ -50,7 +50,6 @@ void StartUp::start() {
   skipping.steps([&] { sees_.queries.use(sees_.links.dt4, &Queries::buildQryChem, sees_.study.qryChem); },
                  [&] { sees_.links.dt4.refresh(); });
   openHeights(skipping);
-  sees_.main.command.prntprv.setEntries({outputEntries.begin(), outputEntries.end()});
   takeScenario(skipping);
   sees_.state.mapScale = 1.0;
   skipping.step([&] { enterFolder(sees_.folders.program); });
@@ -72,7 +71,7 @@ bool StartUp::openStudy() {
       if (failure.reason() != FailureNumber::listRefuses) fault = failure.what();
     }
   };
-  step([&] { sees_.state.lineWidthFlag = true; });
+  step([&] { sees_.contours.lineWidthFlag = true; });
   step([&] { toxic.FatatyDistDsplyLbl.setCaption(""); });
   step([&] { toxic.InjuryDistDsplyLbl.setCaption(""); });
   step([&] { sees_.main.view.setTitle(mainViewTitle); });

@@ -28,6 +28,7 @@ class StartUp {
     MainView& main;
     StudyState& study;
     ScenarioState& state;
+    ContourState& contours;
     MainLinks& links;
     Queries& queries;
     const Outputs& outputs;

@@ -1,5 +1,4 @@
-// The variables that the scenario handling owns: what the working scenario asks for, the list of runs, the lines of the
-// plots.
+// The variables that the scenario handling owns: what the working scenario asks for, the list of runs.
 #pragma once
 
 #include <cstdint>
@@ -13,12 +12,10 @@ struct ScenarioState {
   std::string stblClassStored;    ///< stability class that the working scenario asks for
   std::int32_t scnrListLast = 0;  ///< base index of the last run of the list, five slots a run
 
-  bool lineWidthFlag = false;  ///< contours are 2 pixels wide, not 4
-  std::int16_t lineWidth = 0;  ///< width of the contours (pixels), once it was chosen
-  double mapScale = 0;         ///< drawing units per metre
-  std::uint64_t mainWnd = 0;   ///< window of the main module, found at the end; 0: none
+  double mapScale = 0;        ///< drawing units per metre
+  std::uint64_t mainWnd = 0;  ///< window of the main module, found at the end; 0: none
 };
 
-NOLDARZ_VARIABLES(ScenarioState, stblClassStored, scnrListLast, lineWidthFlag, lineWidth, mapScale, mainWnd);
+NOLDARZ_VARIABLES(ScenarioState, stblClassStored, scnrListLast, mapScale, mainWnd);
 
 }  // namespace noldarz

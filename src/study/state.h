@@ -30,6 +30,19 @@ struct StudyState {
   std::int16_t selectByUserText = 0;  ///< 1: scnrUserText is a `scenariotxtUser`; 0: a `scenariotxt`
 };
 
+/// How contours are drawn: the main view and the plot view choose it.
+struct ContourState {
+  bool lineWidthFlag = false;  ///< contours are 2 pixels wide, not 4
+  std::int16_t lineWidth = 0;  ///< width of the contours (pixels), once it was chosen
+
+  void choose(bool thin) {
+    lineWidthFlag = thin;
+    lineWidth = thin ? 2 : 4;
+  }
+};
+
+NOLDARZ_VARIABLES(ContourState, lineWidthFlag, lineWidth);
+
 NOLDARZ_VARIABLES(StudyState, dbPath, moduleTag, chemName, qryProject, qryScenario, qryRunByText, qryRunByClass,
                   qryRunList, qryDisp, qryChem, qryOrg, qryPopulation, scnrText, scnrUserText, scnrKeyByText,
                   selectByUserText);

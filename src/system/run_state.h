@@ -3,12 +3,13 @@
 
 #include "engine/state.h"
 #include "platform/variables.h"
+#include "plot/state.h"
 #include "scenario/state.h"
 #include "study/state.h"
 #include "toxic/state.h"
 
 namespace noldarz {
 
-struct RunState : Joined<EngineState, ToxicState, StudyState, ScenarioState> {};
+struct RunState : Joined<EngineState, ToxicState, StudyState, ContourState, ScenarioState, PlotRunState> {};
 
 }  // namespace noldarz

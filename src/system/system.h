@@ -3,10 +3,12 @@
 #pragma once
 
 #include "engine/rooms.h"
+#include "mapping/rooms.h"
 #include "platform/desktop.h"
 #include "platform/folders.h"
 #include "platform/settings.h"
 #include "platform/view.h"
+#include "plot/rooms.h"
 #include "scenario/rooms.h"
 #include "study/rooms.h"
 #include "system/run_state.h"
@@ -31,6 +33,7 @@ class System {
   EngineRooms& engine() { return engine_; }
   ToxicRooms& toxic() { return toxic_; }
   ScenarioRooms& scenario() { return scenario_; }
+  PlotView& plotView() { return plotView_; }
   Settings& settings() { return settings_; }
   const StatusLine& status() const { return status_; }
   /// The study, null when none is open.
@@ -42,12 +45,16 @@ class System {
   Views views_;
   RunState state_;
   MainView main_;
+  ZoneView zoneView_;
+  PlotView plotView_;
   StatusLine status_;
   PressPorts ports_;
   StudyRooms study_;
   EngineRooms engine_;
   ToxicRooms toxic_;
+  PlotRooms plot_;
   ScenarioRooms scenario_;
+  MappingRooms mapping_;
 };
 
 }  // namespace noldarz

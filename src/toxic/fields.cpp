@@ -31,6 +31,7 @@ ProfileProgress::ProfileProgress(Views& views)
       progPic1(view.add(FieldKind::picture, "progPic1")),
       progPic2(view.add(FieldKind::picture, "progPic2")),
       probrLbl(view.label("probrLbl")) {
+  view.setPassive();
   progPic1.setWidth(progressWidth);
   progPic2.setBackColour(barColour);
 }

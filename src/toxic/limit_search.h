@@ -47,6 +47,9 @@ class LimitSearch {
   };
   explicit LimitSearch(const Sees& sees);
 
+  /// The progress view of what is drawn.
+  ProfileProgress& profileProgress() { return profileProgress_; }
+
   /// The limits alone, into ftlLimitRaw and injLimitRaw: every 1 m up to 1000 m, beyond by a thousandth of the way
   /// rounded to whole metres, so at some 1500 distances at most.
   void findLimits();

@@ -64,23 +64,68 @@ struct User : Window {
     if (!text.empty()) xdotool({"type", "--delay", "10", "--", QString::fromStdString(text)});
     press({"Tab"});
   }
+  /// Both presses of Compute, by key, until the program opens the list of outputs.
+  void compute() const {
+    const auto shows = [&](const char* caption) { return waitFor([&] { return text("comput") == caption; }); };
+    press({"alt+c"});
+    EXPECT_TRUE(shows("&Compute at given concentration"));
+    press({"alt+g", "alt+c"});
+    EXPECT_TRUE(shows("Concentration distances computed."));
+    EXPECT_TRUE(waitFor([&] { return widget<QComboBox>("prntprv").view()->isVisible(); }));
+  }
   bool waitFor(const std::function<bool()>& condition) const { return QTest::qWaitFor(condition, 5000); }
 };
 
 TEST(Screen, computesByKeyboardAloneAndCloses) {
   const User user;
-  const auto comput = [&](const char* caption) { return user.waitFor([&] { return user.text("comput") == caption; }); };
-  user.press({"alt+c"});
-  EXPECT_TRUE(comput("&Compute at given concentration"));
-  user.press({"alt+g", "alt+c"});
-  EXPECT_TRUE(comput("Concentration distances computed."));
+  user.compute();
   EXPECT_EQ(user.text("endpt(5)"), "1074.51");
-  const auto& outputs = user.widget<QComboBox>("prntprv");
-  EXPECT_TRUE(user.waitFor([&] { return outputs.view()->isVisible(); }));  // opened by the program
   user.press({"Down", "Return"});
   EXPECT_NE(user.text("statuslbl").find("is not part of this version."), std::string::npos);
   user.press({"alt+e"});
   EXPECT_TRUE(user.waitFor([&] { return user.ended(); }));
+  EXPECT_EQ(user.boxes, Texts{});
+}
+
+TEST(Screen, drawsAndSavesAPlotByKeysAndClicks) {
+  const User user;
+  const auto isFront = [&](const char* name) {
+    return user.waitFor([&] {
+      const ViewWindow* window = user.desktop.windowOf(*user.system->views().find(name));
+      return window && window->isActiveWindow();
+    });
+  };
+  user.compute();
+  user.press({"Down", "Down", "Down", "Down", "Return"});
+  ASSERT_TRUE(isFront("zardzone"));
+  EXPECT_FALSE(user.main().isVisible());
+  user.press({"alt+p"});
+  ASSERT_TRUE(isFront("Drwfrm"));
+
+  const auto& drawing = user.field("Drwfrm.Drw1").canvas()->drawing();
+  QWidget& canvas = user.widget("Drwfrm.Drw1");
+  user.press({"F10", "Right", "Up", "Up", "Right", "Return"});  // a scale of the user's
+  user.clickOn(canvas, {200, 200});
+  user.clickOn(canvas, {400, 300});
+  xdotool({"type", "--delay", "10", "500"});
+  user.press({"Return", "space"});
+  EXPECT_EQ(user.text("Drwfrm.mousetxt"), " Select Source point");
+  user.clickOn(canvas, {350, 250});
+  EXPECT_GT(drawing.primitives.size(), 500U);
+  EXPECT_FALSE(drawing.texts.empty());
+
+  const fs::path file = user.folder / "plot.bmp";
+  QTimer::singleShot(800, [&] {
+    xdotool({"type", "--delay", "10", "--", QString::fromStdString(file.string())});
+    xdotool({"key", "Return"});
+  });
+  user.press({"F10", "Down", "Return"});
+  EXPECT_TRUE(user.waitFor([&] { return fs::exists(file); }));
+  EXPECT_TRUE(user.waitFor([&] { return user.text("Drwfrm.statuslbl") == "Saved: " + file.string(); }));
+  user.press({"alt+F4"});
+  ASSERT_TRUE(isFront("zardzone"));
+  user.press({"alt+F4"});
+  EXPECT_TRUE(isFront("dspmnfrm"));
   EXPECT_EQ(user.boxes, Texts{});
 }
 

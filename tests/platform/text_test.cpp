@@ -173,6 +173,7 @@ TEST(LongDate, isEnglish) {
   using namespace std::chrono;
   EXPECT_EQ(longDate(2026y / November / 22), "Sunday, November 22, 2026");
   EXPECT_EQ(longDate(2024y / February / 29), "Thursday, February 29, 2024");
+  EXPECT_EQ(longDate(2027y / May / 4), "Tuesday, May 04, 2027");
 }
 
 TEST(Text, isTheSameInALocaleWithADecimalComma) {

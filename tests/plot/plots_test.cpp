@@ -48,10 +48,10 @@ struct Plots {
 
   Views views;
   MainView main{views};
-  View plotView{views, "Drwfrm", ""};
+  PlotView drwfrm{views};
   View zoneView{views, "zardzone", ""};
-  PlotFields plot{plotView};
-  PlotMenu menu{plotView};
+  PlotFields& plot{drwfrm.fields};
+  PlotMenu& menu{drwfrm.menu};
   ZoneFields zone{zoneView};
   ProfileProgress progress{views};
   EngineState engine;
@@ -62,6 +62,7 @@ struct Plots {
   std::int16_t lineWidth = 4;
   Record record;
   ScriptedDesktop desktop{record.taker()};
+  Outputs outputs;
   PlumeModel plume{{.model = engine, .query = engine, .in = main.in, .level = main.level, .result = main.result}};
   WindShare share{{.shares = engine, .in = main.in, .result = main.result, .desktop = desktop}};
   IsoplethPlot isopleths{{.plot = state,
@@ -78,6 +79,7 @@ struct Plots {
                           .menu = menu,
                           .progress = progress,
                           .plume = plume,
+                          .outputs = outputs,
                           .desktop = desktop}};
   WindRose windRose{{.plot = state,
                      .rose = rose,
@@ -269,10 +271,10 @@ TEST(WindRose, walksFromMeanToMeanThroughTheRadiusOfEachSector) {
   EXPECT_NEAR(std::hypot(begin[7 * 90].x2 - 100, begin[7 * 90].y2 - 75), 5, 0.1);
   EXPECT_TRUE(p.printed().empty());
   p.setLevel(1, "1000", ">10000", "100");
-  p.plotView.show();
+  p.drwfrm.view.show();
   EXPECT_FALSE(p.windRose.drawRoseBegin());
   EXPECT_EQ(p.record.boxes(), Texts{"Unable to plot Zones."});
-  EXPECT_FALSE(p.plotView.loaded());
+  EXPECT_FALSE(p.drwfrm.view.loaded());
 }
 
 }  // namespace

@@ -147,8 +147,8 @@ TEST(InputRules, sayThatAnOutputIsNotThereYet) {
   study.run("start");
   compute(study);
   study.record.clear();
-  study.run("choose prntprv #3");
-  EXPECT_EQ(study.status(), "\"Plot Hazard Zones\" is not part of this version.");
+  study.run("choose prntprv #1");
+  EXPECT_EQ(study.status(), "\"Conc Lvls and dist for mixtures\" is not part of this version.");
   EXPECT_EQ(study.record.lines(), Texts{"clipboard "});
   EXPECT_EQ(study.state().distSweep, 0);
   EXPECT_EQ(study.state().levelIdx, 0);

@@ -5,6 +5,7 @@
 #include <QComboBox>
 
 #include "cli/words.h"
+#include "desktop/canvas_widget.h"
 #include "platform/property.h"
 #include "support/window.h"
 
@@ -30,6 +31,11 @@ struct MouseUser : Window {
     QTest::keyClick(focus(), Qt::Key_Tab);
   }
   void click(const std::string& name) const {
+    if (field(name).kind() == FieldKind::menu) {
+      const View& of = field(name).view();
+      auto* entry = desktop.windowOf(of)->findChild<QAction*>(QString::fromStdString(field(name).name()));
+      return entry->trigger();
+    }
     const bool check = field(name).kind() == FieldKind::check;
     QTest::mouseClick(&widget(name), Qt::LeftButton, Qt::NoModifier, check ? QPoint(8, 8) : QPoint());
   }
@@ -38,6 +44,14 @@ struct MouseUser : Window {
     combo.showPopup();
     combo.view()->setCurrentIndex(combo.model()->index(combo.findText(QString::fromStdString(entry)), 0));
     QTest::keyClick(combo.view(), Qt::Key_Return);
+  }
+  /// A place on a canvas (mm).
+  void point(const std::string& act, const std::string& name, QPointF place) const {
+    auto& canvas = dynamic_cast<CanvasWidget&>(widget(name));
+    const QPoint at = canvas.pixelOf(place.x(), place.y()).toPoint();
+    if (act == "move") QTest::mouseMove(&canvas, at);
+    if (act == "down") QTest::mousePress(&canvas, Qt::LeftButton, Qt::NoModifier, at);
+    if (act == "up") QTest::mouseRelease(&canvas, Qt::LeftButton, Qt::NoModifier, at);
   }
   /// Without a window manager nothing makes the window active again behind a box.
   void comeBack() const {
@@ -51,7 +65,8 @@ struct MouseUser : Window {
       Field& target = field(words[1]);
       setProperty(target, words.size() == 3 ? mainProperty(target) : findProperty(words[2]).value(), words.back());
     }
-    if (words[0] == "enter") type(words[1], words[2]), tab();
+    if (words[0] == "enter") type(words[1], words[2]), QTest::keyClick(&widget(words[1]), Qt::Key_Tab);
+    if (words[0] == "mouse") point(words[1], words[2], {parseNumber(words[3]).value, parseNumber(words[4]).value});
     if (words[0] == "choose") choose(words[1], words[2]);
     if (words[0] == "click" || words[0] == "check" || words[0] == "uncheck") click(words[1]);
     if (words[0] == "wait") QTest::qWait(300);

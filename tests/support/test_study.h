@@ -54,12 +54,23 @@ class TestStudy {
     std::ostringstream errors;
     if (runScript(*session, stream, "test", errors) != ExitStatus::done) throw std::logic_error(errors.str());
   }
+  /// NAME of the main view, or VIEW.NAME.
   Field& field(const std::string& name) {
-    Field* found = session->system().mainView().view.find(name);
+    const auto point = name.find('.');
+    View* view = point == std::string::npos ? &session->system().mainView().view : viewNamed(name.substr(0, point));
+    Field* found = view ? view->find(name.substr(point + 1)) : nullptr;
     if (!found) throw std::logic_error("no field " + name);
     return *found;
   }
+  View* viewNamed(const std::string& name) { return session->system().views().find(name); }
   std::string text(const std::string& name) { return field(name).text(); }
+  /// Visible views, the one in front last.
+  std::string views() {
+    std::string names;
+    for (const View* view : session->system().views().open())
+      if (view->visible()) names += (names.empty() ? "" : " ") + view->name();
+    return names;
+  }
   /// What has happened, without advice.
   std::string status() { return session->system().status().happened(); }
   const RunState& state() { return session->system().state(); }

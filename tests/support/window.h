@@ -29,8 +29,11 @@ class Window {
   }
 
   View& view() const { return system->mainView().view; }
+  /// "field" of the main view, "view.field" of another one.
   Field& field(const std::string& name) const {
-    Field* found = view().find(name);
+    const auto dot = name.find('.');
+    View* of = dot == std::string::npos ? &view() : system->views().find(name.substr(0, dot));
+    Field* found = of ? of->find(name.substr(dot == std::string::npos ? 0 : dot + 1)) : nullptr;
     if (!found) throw std::logic_error("no field " + name);
     return *found;
   }
@@ -39,6 +42,7 @@ class Window {
   Widget& widget(const std::string& name) const {
     return *qobject_cast<Widget*>(desktop.widgetOf(field(name)));
   }
+  ViewWindow& window(const std::string& name) const { return *desktop.windowOf(*system->views().find(name)); }
   ViewWindow& main() const { return *desktop.windowOf(view()); }
   /// Where the focus is in the main window, also while another window is active.
   QWidget* focus() const { return main().focusWidget(); }

@@ -58,6 +58,8 @@ void Adapter::show(Property property) {
     case Property::foreColour:
     case Property::fillColour: return showColours();
     case Property::width: return showWidth();
+    case Property::height:
+    case Property::picture: return showPicture();
     default: return;
   }
 }

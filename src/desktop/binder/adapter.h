@@ -12,6 +12,7 @@
 
 #include "desktop/fault_frame.h"
 #include "platform/field.h"
+#include "platform/pointer_event.h"
 
 class QEvent;
 class QKeyEvent;
@@ -42,6 +43,9 @@ struct UserActs {
   std::function<bool(Field&)> arrived;
   /// Whether the screen takes the focus from the widget now.
   std::function<bool(const QWidget&)> isLeaving;
+  /// Run the rules of the field for the pointer and for a key.
+  std::function<void(Field&, const PointerEvent&)> pointer;
+  std::function<void(Field&, const KeyEvent&)> key;
 };
 
 class Adapter : public QObject {
@@ -54,6 +58,12 @@ class Adapter : public QObject {
 
   void show(Property property);
   void showAll();
+  /// Whether the widget itself paints a field that lies in its own.
+  virtual bool paints(const Field&) const { return false; }
+  /// A field that lies in its own has changed; null for the widget of one that it paints.
+  virtual void showChild(const Field&, QWidget*) {}
+  /// The logic has ended: shows what it changes without telling.
+  virtual void follow() {}
 
   /// True when the key has done what it is for.
   virtual bool takeKey(QWidget& at, const QKeyEvent& key);
@@ -66,7 +76,9 @@ class Adapter : public QObject {
   virtual void showEntries() {}
   virtual void showDetails() {}
   virtual void showLocked() {}
-  virtual void showWidth() {}
+  virtual void showWidth() { showPicture(); }
+  /// What is drawn, and its size.
+  virtual void showPicture() {}
   /// More colours than those of the ground and the text.
   virtual void colour(QPalette&) const {}
   void showToolTip() const;

@@ -14,6 +14,7 @@
 
 class QAction;
 class QEvent;
+class QMenu;
 
 namespace noldarz {
 
@@ -37,15 +38,23 @@ class Binder : public QObject {
   const QStringList& faults() const { return faults_; }
   /// The theme has changed: colours that go with it are shown again.
   void followTheme();
+  /// Whether the user is to point out a place on a canvas.
+  void pointAt(bool places);
+  /// A piece of the logic has ended: what it has drawn is shown.
+  void followDrawings();
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void bind(Field& field);
   void bindAction(Field& field, QAction& action);
+  void bindMenu(Field& field, QMenu& menu);
+  /// Of the field that the field lies in; null when it lies on the view.
+  Adapter* adapterAround(const Field& field) const;
   bool isHere(Field& field, const QEvent& event) const;
   void followFieldsOver(const Field& field) const;
   void show(const Field& field, Property property);
+  void showAllOf(const Field& entry);
   void showAction(const Field& field, QAction& action, Property property) const;
   void showPlace(const Field& field, QWidget& widget) const;
   void reportSpareWidgets();

@@ -13,6 +13,8 @@ std::unique_ptr<Adapter> labelAdapter(Field& field, QWidget& widget, const UserA
 std::unique_ptr<Adapter> buttonAdapter(Field& field, QWidget& widget, const UserActs& acts);
 std::unique_ptr<Adapter> comboAdapter(Field& field, QWidget& widget, const UserActs& acts);
 std::unique_ptr<Adapter> listAdapter(Field& field, QWidget& widget, const UserActs& acts);
+std::unique_ptr<Adapter> sliderAdapter(Field& field, QWidget& widget, const UserActs& acts);
+std::unique_ptr<Adapter> drawnAdapter(Field& field, QWidget& widget, const UserActs& acts);
 std::unique_ptr<Adapter> barAdapter(Field& field, QWidget& widget, const UserActs& acts);
 
 }  // namespace noldarz

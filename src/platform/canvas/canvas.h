@@ -5,10 +5,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/colour.h"
@@ -85,6 +87,14 @@ class Canvas {
   const std::shared_ptr<const Image>& picture() const { return picture_; }
   void setPicture(std::shared_ptr<const Image> picture);
 
+  /// What draws the canvas anew when somebody looks at it after outdate(): for a drawing that not every front shows.
+  void drawOnDemand(std::function<void()> draw) { draw_ = std::move(draw); }
+  void outdate() { outdated_ = true; }
+  /// To be called by whoever reads the drawing of a canvas that may be drawn on demand.
+  void bringUpToDate() {
+    if (std::exchange(outdated_, false) && draw_) draw_();
+  }
+
   Field& field() const { return field_; }
   /// From the last Cls on, that one included.
   const Drawing& drawing() const { return drawing_; }
@@ -99,6 +109,8 @@ class Canvas {
   Drawing drawing_;
   std::shared_ptr<const Image> picture_;
   std::uint64_t generation_ = 1;
+  std::function<void()> draw_;
+  bool outdated_ = false;
   double x_ = 0;
   double y_ = 0;
   Primitive width_{Primitive::Kind::DrawWidth, {}, 1};

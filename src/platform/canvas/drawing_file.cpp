@@ -14,6 +14,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "platform/canvas/drawing_kind.h"
 #include "platform/canvas/replay.h"
 #include "platform/canvas/stroke_clip.h"
 #include "platform/durable_file.h"
@@ -128,10 +129,9 @@ class CairoPainter : public PagePainter {
         page_, "sans-serif", CAIRO_FONT_SLANT_NORMAL, bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
     cairo_set_font_size(page_, textSize);
     if (!transparent) {
-      cairo_text_extents_t extents;
-      cairo_text_extents(page_, text.c_str(), &extents);
+      const double blanks = advance(text.substr(0, leadingBlanks(line)));
       use(SystemColour::windowBackground);
-      cairo_rectangle(page_, at.x, at.y, extents.x_advance, textLine);
+      cairo_rectangle(page_, at.x + blanks, at.y, advance(text) - blanks, textLine);
       cairo_fill(page_);
     }
     use(SystemColour::windowText);
@@ -140,6 +140,11 @@ class CairoPainter : public PagePainter {
   }
 
  private:
+  double advance(const std::string& text) {
+    cairo_text_extents_t extents;
+    cairo_text_extents(page_, text.c_str(), &extents);
+    return extents.x_advance;
+  }
   void use(Colour colour) {
     const auto [red, green, blue] = partsOf(colour);
     cairo_set_source_rgb(page_, red, green, blue);
@@ -197,11 +202,6 @@ class SvgPainter : public PagePainter {
 
   std::string& out_;
 };
-
-double footHeight(const DrawingFile& what) {
-  const std::size_t lines = what.legend.size() + what.foot.size();
-  return lines == 0 ? 0 : static_cast<double>(lines + 1) * textLine;
-}
 
 /// Legend and foot, as a drawing of their own under the canvas.
 Drawing footOf(const DrawingFile& what) {
@@ -415,10 +415,7 @@ std::string svg(const DrawingFile& what) {
 
 void writeDrawing(const std::filesystem::path& file, const DrawingFile& what) {
   if (!(what.width > 0) || !(what.height > 0)) throw std::invalid_argument("a drawing needs a width and a height");
-  std::string extension = file.extension().string();
-  std::transform(extension.begin(), extension.end(), extension.begin(), [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  });
+  const std::string extension = drawingKind(file);
   constexpr std::array<std::pair<std::string_view, std::string (*)(const DrawingFile&)>, 4> kinds{
       {{".png", png}, {".bmp", bmp}, {".svg", svg}, {".pdf", pdf}}};
   const auto kind =

@@ -2,6 +2,7 @@
 // joins lines that go on from one another to one stroke, and leaves out points that no eye tells apart.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <string_view>
@@ -38,6 +39,9 @@ class Painter {
   /// One line of text, its top left corner.
   virtual void text(Point at, std::string_view line, bool bold, bool transparent) = 0;
 };
+
+/// Blanks that a text begins with. The box behind a text leaves them out: they may lie over a mark.
+inline std::size_t leadingBlanks(std::string_view line) { return std::min(line.find_first_not_of(' '), line.size()); }
 
 class Replay {
  public:

@@ -1,0 +1,28 @@
+// The command `plot`: computes as `run` does, and writes a drawing of the zones.
+#pragma once
+
+#include <filesystem>
+
+#include "cli/computed_run.h"
+#include "plot/plot_picture.h"
+
+namespace noldarz {
+
+struct PlotRequest : RunTarget {
+  Fit fit = Fit::vertical;
+  std::optional<int> wind;  ///< degrees, 0 up, clockwise; nothing: up, or to the right in a side view
+  int north = 0;            ///< degrees, of a rose
+  std::string chosen;       ///< indices of levels, separated by commas, highest first; empty: all
+  std::string size{"A4"};   ///< of the page: "A4", lying, or width and height in mm, "200x150"
+  bool limitCircles = false;
+  bool lineStyles = false;     ///< lines of a level have a pattern beside their colour
+  std::filesystem::path file;  ///< .svg, .pdf, .png or .bmp
+};
+
+/// Writes the drawing of the plot view, fitted to the page, with title, scale, legend, date and inputs at its foot. A
+/// request that can't be taken has the status `refused` and computes nothing; a run that is none, or a file that can't be
+/// written, `failed`.
+ExitStatus plotToFile(const PlotRequest& request, const std::string& version, std::ostream& errors,
+                      const Folders& folders = Folders::ofUser());
+
+}  // namespace noldarz

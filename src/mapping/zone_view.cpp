@@ -1,0 +1,62 @@
+#include "mapping/zone_view.h"
+
+namespace noldarz {
+
+namespace {
+
+Field& button(View& view, const char* name, const char* caption, const char* toolTip) {
+  Field& button = view.add(FieldKind::button, name, caption);
+  button.setToolTip(toolTip);
+  return button;
+}
+
+/// A command of a drawing that this version doesn't have.
+Field& ofDrawing(View& view, const char* name, const char* caption) {
+  Field& later = button(view, name, caption, "CAD drawings are not part of this version");
+  later.disable();
+  return later;
+}
+
+Field& place(Field& field, double left, double top, double width, double height) {
+  field.setLeft(left);
+  field.setTop(top);
+  field.setWidth(width);
+  field.setHeight(height);
+  return field;
+}
+
+}  // namespace
+
+ZoneView::ZoneView(Views& views)
+    : view(views, "zardzone", " NOLDA-RZ- Mapping options"),
+      zone(view),
+      ground(view.add(FieldKind::picture, "zardzone")),
+      cirOrintn_1(place(view.add(FieldKind::shape, "cirOrintn_1").in(ground), 4605, 825, 1995, 1815)),
+      dial(ground, {.wind = 1100, .barb = 1000, .cross = 885, .centreX = 5610, .centreY = 1710}),
+      wnddeg(view.label("wnddeg")),
+      rotdeg(view.label("rotdeg")),
+      sclenotxt(view.text("sclenotxt")),
+      coordx(view.label("coordx")),
+      coordy(view.label("coordy")),
+      actdoctxt(view.label("actdoctxt")),
+      sveflnote(view.label("sveflnote")),
+      scalelbl(view.label("scalelbl", "1 m   =")),
+      setscllbl(view.label("setscllbl", "Set AutoCAD scale.")),
+      actdoclbl(view.label("actdoclbl", "Document:")),
+      note1lbl(view.label("note1lbl", "NOTE: Assuming under direction, Base angle option \"East = 0\" is selected.")),
+      Label3(view.label("Label3", "Select Concentration Zones for Plotting.")),
+      clsfrm1(button(view, "clsfrm1", "&Close", "Go back")),
+      Drw1(ofDrawing(view, "Drw1", "&Map Hazard Zones")),
+      DwgOnPic(
+          button(view, "DwgOnPic", "Map Hazard Zones on &Picture file", "Draw the zones, over a picture on request")),
+      Image1(view.add(FieldKind::picture, "Image1")),
+      opndwg2(ofDrawing(view, "opndwg2", "&Open AutoCAD Drawing")),
+      nwdrg(ofDrawing(view, "nwdrg", "Open &Blank Drawing")),
+      getcoords(ofDrawing(view, "getcoords", "&Set source Point (Zones)")),
+      getcoords_1(ofDrawing(view, "getcoords_1", "&Set location Points (Conc.)")),
+      statuslbl(view.label("statuslbl")) {
+  Image1.setToolTip("Double click to Map Hazard Zones on Picture file");
+  sclenotxt.setToolTip("Units of the drawing for a metre");
+}
+
+}  // namespace noldarz

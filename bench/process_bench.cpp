@@ -1,6 +1,6 @@
 // `noldarz-cli run` on the fresh example study as a whole process, from its start to the written row and the printed
-// page. `ratio` is its median over 15 ms; repeated_ms is a second run, which finds nothing to write, start_ms the same
-// program telling its version.
+// page, and `noldarz-cli plot` to its drawing. `ratio` is the median over 15 ms and 60 ms; repeated_ms is a second
+// run, which finds nothing to write, start_ms the same program telling its version.
 
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
@@ -75,6 +75,21 @@ void runOnTheExampleStudy(benchmark::State& state) {
   state.counters["start_ms"] = medianOf(starts) * 1e3;
   state.counters["MiB"] = static_cast<double>(memory) / 1024;
 }
+void plotToSvg(benchmark::State& state) {
+  constexpr double wantedOfPlot = 0.060;
+  const fs::path file = fs::temp_directory_path() / ("noldarz-bench-" + std::to_string(getpid()) + ".svg");
+  std::vector<double> runs;
+  for ([[maybe_unused]] auto iteration : state) {
+    runs.push_back(timedProcess(
+        {NOLDARZ_CLI, "plot", "isopleths", "-o", file.string(), NOLDARZ_SOURCE_DIR "/examples/chlorine-hose.script"}));
+    state.SetIterationTime(runs.back());
+  }
+  fs::remove(file);
+  state.counters["median_ms"] = medianOf(runs) * 1e3;
+  state.counters["ratio"] = medianOf(runs) / wantedOfPlot;
+}
+BENCHMARK(plotToSvg)->Name("noldarz-cli plot, process")->UseManualTime()->Iterations(50)->Unit(benchmark::kMillisecond);
+
 BENCHMARK(runOnTheExampleStudy)
     ->Name("noldarz-cli run, process")
     ->UseManualTime()

@@ -1,5 +1,5 @@
-// A run that the command line computes: the active project of a study, or a release that a script describes. `run` prints
-// it, `plot` draws it.
+// A run that the command line computes: the active project of a study, or a release that a script describes. `run`
+// prints it, `plot` draws it, `at` asks it.
 #pragma once
 
 #include <functional>
@@ -39,11 +39,11 @@ struct ComputedRun {
 /// Does something with the run. Empty, or why the command failed.
 using UseRun = std::function<std::string(ComputedRun&)>;
 
-/// Computes. A study: the program starts, Compute is pressed twice with the levels of the run, or those of the chemical for
-/// a run that has none yet, and the row is written. A script runs without its own output.
+/// Computes. A study: the program starts, Compute is pressed twice with the levels of the run, or those of the chemical
+/// for a run that has none yet, and the row is written. A script runs without its own output.
 ///
-/// A request, folder, file or line at fault has the status `refused`, a study that can't be opened `failed`; the reason goes
-/// to `errors`, and the run is not used. Else the status tells whether its use failed, and why.
+/// A request, folder, file or line at fault has the status `refused`, a study that can't be opened `failed`; the reason
+/// goes to `errors`, and the run is not used. Else the status tells whether its use failed, and why.
 ExitStatus withComputedRun(const RunTarget& request, std::ostream& errors, const Folders& folders, const UseRun& use);
 
 /// The items of a list, separated by commas.

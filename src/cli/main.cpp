@@ -8,6 +8,7 @@
 #include <map>
 #include <string>
 
+#include "cli/at.h"
 #include "cli/plot.h"
 #include "cli/record_json.h"
 #include "cli/run.h"
@@ -32,13 +33,8 @@ ExitStatus script(const std::string& startFolder, const std::string& file) {
   return noldarz::runScriptFile(session, path, file, std::cerr);
 }
 
-/// What `run` and `plot` compute.
-void addTarget(CLI::App& command, noldarz::RunTarget& target) {
-  command.add_option(
-      "TARGET",
-      target.target,
-      "Start folder of the study (default: the current one), or the script of a release, \"-\" for standard "
-      "input");
+/// How `run`, `plot` and `at` compute.
+void addComputing(CLI::App& command, noldarz::RunTarget& target) {
   command.add_option("--start", target.startFolder, "Folder in which a script starts");
   command
       .add_option_function<std::string>(
@@ -49,6 +45,16 @@ void addTarget(CLI::App& command, noldarz::RunTarget& target) {
           "Reply to every question (default: the one that each box proposes); a question that comes back after a Yes "
           "takes its default")
       ->check(CLI::IsMember({"yes", "no"}));
+}
+
+/// What they compute, and how.
+void addTarget(CLI::App& command, noldarz::RunTarget& target) {
+  command.add_option(
+      "TARGET",
+      target.target,
+      "Start folder of the study (default: the current one), or the script of a release, \"-\" for standard "
+      "input");
+  addComputing(command, target);
 }
 
 /// The options of `run`, which fill the request when the command line is parsed.
@@ -86,14 +92,17 @@ CLI::App* addRun(CLI::App& app, noldarz::RunRequest& request) {
 
 /// The same of `plot`.
 CLI::App* addPlot(CLI::App& app, noldarz::PlotRequest& request) {
-  using noldarz::Fit;
+  using noldarz::PlotKind;
   auto* plot = app.add_subcommand("plot", "Compute as run does, and write a drawing of the zones");
-  static const std::map<std::string, Fit> kinds{
-      {"isopleths", Fit::vertical}, {"elevation", Fit::elevation}, {"rose", Fit::rose}};
-  plot->add_option_function<std::string>(
-          "KIND", [&request](const std::string& kind) { request.fit = kinds.at(kind); }, "isopleths, elevation or rose")
+  static const std::map<std::string, PlotKind> kinds{{"isopleths", PlotKind::isopleths},
+                                                     {"elevation", PlotKind::elevation},
+                                                     {"rose", PlotKind::rose},
+                                                     {"concentration", PlotKind::concentration},
+                                                     {"percent", PlotKind::percent},
+                                                     {"pipeline", PlotKind::pipeline}};
+  plot->add_option("KIND", request.kind, "isopleths, elevation, rose, concentration, percent or pipeline")
       ->required()
-      ->check(CLI::IsMember({"isopleths", "elevation", "rose"}));
+      ->transform(CLI::Transformer(kinds));
   addTarget(*plot, request);
   plot->add_option("-o,--output", request.file, "Drawing to write: .svg, .pdf, .png or .bmp")->required();
   plot->add_option(
@@ -103,12 +112,33 @@ CLI::App* addPlot(CLI::App& app, noldarz::PlotRequest& request) {
       ->check(CLI::Range(0, noldarz::wholeTurn));
   plot->add_option(
       "--levels", request.chosen, "Levels to draw, 0 the highest concentration, separated by commas (default: all)");
-  plot->add_option("--size", request.size, "Page: A4, or WxH in mm (default: A4, lying)");
+  plot->add_option("--trace", request.trace, "Points of a pipeline: x,y in metres a line, x to the right, y up");
+  plot->add_option("--size", request.size, "Page: A4, or WxH in mm (default: A4, lying, or what a chart needs)");
   plot->add_flag("--limits", request.limitCircles, "Draw the circles of the fatality and injury limits");
   plot->add_flag("--line-styles", request.lineStyles, "A pattern beside the colour of each level");
   plot->footer(
       "Exit status: 0 written, 1 no valid run, no study to open or nothing to draw, 2 a request that can't be taken");
   return plot;
+}
+
+/// And of `at`: the last word is what is computed, unless it is a place.
+CLI::App* addAt(CLI::App& app, noldarz::AtRequest& request) {
+  auto* at = app.add_subcommand("at", "Compute as run does, and tell what arrives at places");
+  at->add_option("PLACES", request.places, "X or X,Y in metres from the source; last the start folder or script")
+      ->allow_extra_args();
+  at->add_option("--points", request.file, "File of places, one a line; \"-\" for standard input");
+  addComputing(*at, request);
+  auto* json = at->add_flag_callback(
+      "--json", [&request] { request.format = noldarz::ReportFormat::json; }, "Print one JSON object");
+  at->add_flag_callback(
+        "--csv", [&request] { request.format = noldarz::ReportFormat::csv; }, "Print lines separated by commas")
+      ->excludes(json);
+  at->callback([&request] {
+    if (request.places.empty() || noldarz::isPlace(request.places.back())) return;
+    request.target = request.places.back();
+    request.places.pop_back();
+  });
+  return at;
 }
 
 }  // namespace
@@ -126,6 +156,8 @@ int main(int argc, char** argv) try {
   scriptCommand->add_option("FILE", file, "Script, \"-\" for standard input")->required();
   noldarz::RunRequest request;
   const auto* runCommand = addRun(app, request);
+  noldarz::AtRequest atRequest;
+  const auto* atCommand = addAt(app, atRequest);
   noldarz::PlotRequest plotRequest;
   const auto* plotCommand = addPlot(app, plotRequest);
 
@@ -149,6 +181,7 @@ int main(int argc, char** argv) try {
   ExitStatus status = ExitStatus::done;
   if (scriptCommand->parsed()) status = script(startFolder, file);
   if (runCommand->parsed()) status = noldarz::runAndReport(request, NOLDARZ_VERSION, std::cout, std::cerr);
+  if (atCommand->parsed()) status = noldarz::tellPlaces(atRequest, std::cin, std::cout, std::cerr);
   if (plotCommand->parsed()) status = noldarz::plotToFile(plotRequest, NOLDARZ_VERSION, std::cerr);
   if (create->parsed()) status = noldarz::createStudy(file, source, force, std::cerr);
   if (exportCommand->parsed()) status = noldarz::exportStudy(file, std::cout, std::cerr);

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <fstream>
 #include <ostream>
 #include <utility>
 
@@ -20,6 +21,8 @@ struct Page {
   double height = 0;  ///< mm
 };
 
+constexpr Page chart{202, 152};  // mm, of a canvas that holds a chart
+
 /// The page of a size; nothing for a text that is none, or for one too small or too large to draw on.
 std::optional<Page> pageOf(const std::string& size) {
   constexpr double least = 60;  // mm
@@ -36,6 +39,25 @@ std::optional<Page> pageOf(const std::string& size) {
   return Page{width.value, height.value};
 }
 
+/// Reads the points of a pipeline. Empty, or the fault.
+std::string readTrace(const std::string& file, std::vector<PlotPicture::TracePoint>& trace) {
+  std::ifstream lines(file);
+  if (!lines) return file + ": can't be read";
+  int number = 0;
+  for (std::string line; std::getline(lines, line);) {
+    const std::string place = file + ":" + std::to_string(++number) + ": ";
+    if (line.empty() || line[0] == '#') continue;
+    const auto comma = line.find(',');
+    const ParsedNumber x = parseNumber(line.substr(0, comma));
+    const ParsedNumber y = parseNumber(comma == std::string::npos ? "" : line.substr(comma + 1));
+    if (!x.isNumber() || !y.isNumber()) return place + "\"" + line + "\" is no point";
+    if (!trace.empty() && trace.back().x == x.value && trace.back().y == y.value) return place + "the same point again";
+    if (trace.size() == tracePoints) return place + "a pipeline has " + std::to_string(tracePoints) + " points at most";
+    trace.push_back({x.value, y.value});
+  }
+  return trace.size() < 2 ? file + ": a pipeline has two points at least" : "";
+}
+
 /// The levels that are chosen; nothing when an index is none of a level.
 std::optional<std::array<bool, levelCount>> levelsOf(const std::string& chosen) {
   std::array<bool, levelCount> levels{};
@@ -48,9 +70,14 @@ std::optional<std::array<bool, levelCount>> levelsOf(const std::string& chosen) 
 }
 
 std::string refusal(const PlotRequest& request) {
-  if (!pageOf(request.size)) return "--size: \"" + request.size + "\" is neither A4 nor WxH in mm, 60 to 2000";
+  const auto page = pageOf(request.size.empty() ? "A4" : request.size);
+  if (!page) return "--size: \"" + request.size + "\" is neither A4 nor WxH in mm, 60 to 2000";
+  if (isChart(request.kind) && (page->width < chart.width || page->height < chart.height))
+    return fmt::format("--size: a chart needs {} x {} mm at least", chart.width, chart.height);
   if (!levelsOf(request.chosen)) return "--levels: \"" + request.chosen + "\" is no list of levels, 0 to 5";
-  if (request.wind && request.fit != Fit::vertical) return "--wind goes with isopleths";
+  if (request.wind && request.kind != PlotKind::isopleths) return "--wind goes with isopleths";
+  if (request.trace.empty() == (request.kind == PlotKind::pipeline))
+    return "--trace goes with pipeline, and pipeline needs it";
   if (drawingKind(request.file).empty())
     return request.file.string() + ": a drawing is written as .svg, .pdf, .png or .bmp";
   return "";
@@ -70,24 +97,29 @@ void addLines(const ReportSection& section, double pageWidth, std::vector<std::s
   if (!line.empty()) lines.push_back(line);
 }
 
-/// The line under the legend that tells what is drawn at which scale. A rose has no title of its own.
+/// The line under the legend that tells what is drawn at which scale. A rose has no title of its own, a chart no scale.
 std::string titleOf(const PlotFields& plot) {
   const std::string& title = plot.lblman.caption();
-  return (title.empty() ? "NOLDA -RZ: Dispersion Model (wind in 8 Orientations)" : title) + ", " +
-         plot.sclsdspl.caption();
+  const std::string& scale = plot.sclsdspl.caption();
+  if (!title.empty()) return title + ", " + scale;
+  return scale.starts_with("Scale") ? "NOLDA -RZ: Dispersion Model (wind in 8 Orientations), " + scale : scale;
 }
 
 /// The drawing on its page.
 class PlotPage {
  public:
-  PlotPage(const PlotRequest& request, ComputedRun& run, const std::string& version)
+  PlotPage(const PlotRequest& request, const std::vector<PlotPicture::TracePoint>& trace, ComputedRun& run,
+           const std::string& version)
       : request_(request),
+        trace_(trace),
         system_(run.session->system()),
         picture_({.engine = system_.state(),
                   .rawLimits = system_.state(),
                   .limits = system_.state(),
                   .in = system_.mainView().in,
                   .level = system_.mainView().level,
+                  .result = system_.mainView().result,
+                  .toxic = system_.mainView().toxic,
                   .project = system_.mainView().project}),
         file_{.drawing = picture_.canvas().drawing(),
               .picture = nullptr,
@@ -99,14 +131,15 @@ class PlotPage {
 
   /// Empty, or why there is nothing to draw.
   std::string draw() {
-    const Page page = *pageOf(request_.size);
+    const Page page = pageSize();
     file_.width = page.width;
     file_.height = page.height - footHeight(file_);
-    const PlotPicture::Wish wish{.fit = request_.fit,
+    const PlotPicture::Wish wish{.kind = request_.kind,
                                  .wind = request_.wind,
                                  .north = static_cast<double>(request_.north),
                                  .levels = *levelsOf(request_.chosen),
-                                 .limits = request_.limitCircles,
+                                 .limitCircles = request_.limitCircles,
+                                 .trace = trace_,
                                  .width = file_.width,
                                  .height = file_.height};
     std::string fault = picture_.draw(wish);
@@ -125,21 +158,36 @@ class PlotPage {
   }
 
  private:
+  /// A chart takes the page that it needs, where none is asked for.
+  Page pageSize() const {
+    if (request_.size.empty() && isChart(request_.kind)) return {chart.width, chart.height + footHeight(file_)};
+    return *pageOf(request_.size.empty() ? "A4" : request_.size);
+  }
+
   void addFoot(const Report& report) {
-    const LevelFields& level = system_.mainView().level;
-    const auto chosen = *levelsOf(request_.chosen);
-    for (int i = 0; i < levelCount; ++i)
-      if (chosen.at(static_cast<std::size_t>(i)) && isDrawable(level, i))
-        file_.legend.push_back({levelColour(i), visibleText(legendText(level, i))});
-    const Page page = *pageOf(request_.size);
+    addLegend();
+    const double width = pageSize().width;
     file_.foot.emplace_back();  // the title, once the scale is known
     file_.foot.push_back(longDate(today()) + ", NOLDA-RZ " + report.version);
     for (const ReportSection& section : report.sections)
-      if (section.key == "study" || section.key == "inputs") addLines(section, page.width, file_.foot);
+      if (section.key == "study" || section.key == "inputs") addLines(section, width, file_.foot);
     for (std::string& line : file_.foot) line = visibleText(line);
   }
 
+  void addLegend() {
+    const LevelFields& level = system_.mainView().level;
+    if (request_.kind == PlotKind::percent)
+      file_.legend = {{fatalityCurve, "Fatality (%)"}, {injuryCurve, "Injury (%)"}};
+    if (isChart(request_.kind)) return;
+    auto chosen = *levelsOf(request_.chosen);
+    if (request_.kind == PlotKind::pipeline) chosen = {true};  // the band is of the highest concentration
+    for (int i = 0; i < levelCount; ++i)
+      if (chosen.at(static_cast<std::size_t>(i)) && isDrawable(level, i))
+        file_.legend.push_back({levelColour(i), visibleText(legendText(level, i))});
+  }
+
   const PlotRequest& request_;
+  const std::vector<PlotPicture::TracePoint>& trace_;
   System& system_;
   PlotPicture picture_;
   DrawingFile file_;
@@ -153,12 +201,19 @@ ExitStatus plotToFile(const PlotRequest& request, const std::string& version, st
     errors << visibleText(fault) << '\n';
     return ExitStatus::refused;
   }
+  std::vector<PlotPicture::TracePoint> trace;
+  if (!request.trace.empty())
+    if (const std::string fault = readTrace(request.trace, trace); !fault.empty()) {
+      errors << visibleText(fault) << '\n';
+      return ExitStatus::refused;
+    }
   const fs::path target = fs::absolute(request.file);  // the program enters another folder
   return withComputedRun(request, errors, folders, [&](ComputedRun& run) -> std::string {
-    PlotPage page{request, run, version};
+    if (!run.fault.empty()) return run.fault;
+    PlotPage page{request, trace, run, version};
     std::string fault = page.draw();
     if (fault.empty()) fault = page.write(run.session->desktop(), target);
-    return run.fault.empty() ? fault : run.fault;
+    return fault;
   });
 }
 

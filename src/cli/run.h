@@ -18,8 +18,8 @@ struct RunRequest : RunTarget {
   std::string densities;
 };
 
-/// Computes (cli/computed_run.h) and prints. A run that is none has the status `failed` after its report, and so has one
-/// that gives no table.
+/// Computes (cli/computed_run.h) and prints. A run that is none has the status `failed` after its report, and so has
+/// one that gives no table.
 ExitStatus runAndReport(const RunRequest& request, const std::string& version, std::ostream& out, std::ostream& errors,
                         const Folders& folders = Folders::ofUser());
 

@@ -123,7 +123,8 @@ QPointF CanvasWidget::placeOf(QPointF pixel) const {
 
 void CanvasWidget::follow() {
   if (!fits()) setFixedSize(drawnSize().toSize());
-  if (ground_.generation != canvas_->generation() || replay_.painted() != canvas_->drawing().primitives.size())
+  if (canvas_->isOutdated() || ground_.generation != canvas_->generation() ||
+      replay_.painted() != canvas_->drawing().primitives.size())
     update();
 }
 

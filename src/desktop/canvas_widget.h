@@ -1,6 +1,6 @@
-// Shows a canvas: what was added to its list since the last paint is painted on a picture in memory, and what moves over
-// the canvas on top of that. A widget with the property `fits` shows the whole canvas in its own size; others are as
-// large as the canvas.
+// Shows a canvas: what was added to its list since the last paint is painted on a picture in memory, and what moves
+// over the canvas on top of that. A widget with the property `fits` shows the whole canvas in its own size; others are
+// as large as the canvas.
 #pragma once
 
 #include <QPixmap>

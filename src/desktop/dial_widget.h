@@ -1,5 +1,5 @@
-// Paints a dial as its view has it: circle, arms and letters are fields that lie in the field of the dial, whose unit is
-// the twip.
+// Paints a dial as its view has it: circle, arms and letters are fields that lie in the field of the dial, whose unit
+// is the twip.
 #pragma once
 
 #include <vector>

@@ -33,8 +33,8 @@ class DrawnWidget : public QWidget {
 /// The name of a key, with what is held beside it.
 KeyEvent keyEventOf(const QKeyEvent& key);
 
-/// The colour on the screen, of a drawing or a shape. Greys lie as far from the ground as they do on white paper, so that
-/// a grid stays in the background of a dark theme.
+/// The colour on the screen, of a drawing or a shape. Greys lie as far from the ground as they do on white paper, so
+/// that a grid stays in the background of a dark theme.
 QColor onScreen(Colour colour, const QPalette& palette);
 
 }  // namespace noldarz

@@ -160,7 +160,7 @@ void QtDesktop::followFront() {
 
 void QtDesktop::windowArrived(View& view) {
   if (busy() || views_->front() == &view || !view.acceptsInput()) return;
-  deliver([&view] { view.show(); });
+  deliver([&view] { view.activate(); });
 }
 
 void QtDesktop::showWindow(ViewWindow& window, bool visible) const {

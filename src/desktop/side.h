@@ -1,5 +1,5 @@
-// The side of the main window: the stored runs and the zones of the last Compute, one above the other where there is room
-// for both, else as two tabs.
+// The side of the main window: the stored runs and the zones of the last Compute, one above the other where there is
+// room for both, else as two tabs.
 #pragma once
 
 #include <QTabBar>

@@ -1,5 +1,6 @@
-// How a search passes over steps at which nothing can happen and still finds, to the last digit, what it would find step by
-// step. What can happen over a stretch is bounded by axis_range.h; each search says by a predicate of its own when it is quiet.
+// How a search passes over steps at which nothing can happen and still finds, to the last digit, what it would find
+// step by step. What can happen over a stretch is bounded by axis_range.h; each search says by a predicate of its own
+// when it is quiet.
 #pragma once
 
 #include <algorithm>
@@ -10,9 +11,9 @@ namespace noldarz {
 /// How many steps a search tries to pass over at once: more after each success, fewer after each failure.
 class Stride {
  public:
-  /// Moves `at`, where the search stands, to the step before the next one that it takes, and tells how many steps it passed
-  /// over: at most `most`, none past `limit`, and none unless isQuiet(next) holds of the stretch up to `next`. The running sum
-  /// is that of the plain loop, step by step.
+  /// Moves `at`, where the search stands, to the step before the next one that it takes, and tells how many steps it
+  /// passed over: at most `most`, none past `limit`, and none unless isQuiet(next) holds of the stretch up to `next`.
+  /// The running sum is that of the plain loop, step by step.
   template <class Quiet>
   int passOver(double& at, double step, double limit, Quiet isQuiet, int most = std::numeric_limits<int>::max()) {
     most = std::min(most, steps());

@@ -1,5 +1,5 @@
-// The rooms of the mapping, built and wired: what the zone view does, its link to the organisation in the study, and the
-// zones at a glance.
+// The rooms of the mapping, built and wired: what the zone view does, its link to the organisation in the study, and
+// the zones at a glance.
 #pragma once
 
 #include "mapping/thumbnail.h"

@@ -12,6 +12,8 @@ Thumbnail::Thumbnail(const Sees& sees)
                 .limits = sees.limits,
                 .in = sees.main.in,
                 .level = sees.main.level,
+                .result = sees.main.result,
+                .toxic = sees.main.toxic,
                 .project = sees.main.project}),
       zonethumb_(sees.main.in.htreltxt.view().add(FieldKind::picture, "zonethumb")) {
   zonethumb_.setToolTip("The zones of the last Compute; a click leads to the plots");

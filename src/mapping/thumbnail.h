@@ -1,5 +1,6 @@
 // The zones at a glance: beside the figures of the main view the isopleths of the last Compute, in the wind of the zone
-// view. It is drawn when a front shows it, and changes nothing of the run; a click leads where "Plot Hazard Zones" leads.
+// view. It is drawn when a front shows it, and changes nothing of the run; a click leads where "Plot Hazard Zones"
+// leads.
 #pragma once
 
 #include "platform/settings.h"

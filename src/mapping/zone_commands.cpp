@@ -5,6 +5,7 @@
 #include <cmath>
 #include <exception>
 
+#include "platform/canvas/hit.h"
 #include "platform/failure.h"
 #include "platform/text.h"
 #include "study/row_edit.h"
@@ -27,19 +28,9 @@ bool isOn(const LineField& arm, double x, double y) {
 
 int dialDegrees(double x, double y, double centreX, double centreY) {
   constexpr double degreesPerRadian = 57.25;
-  const double across = centreX + 0.001 - x;
-  const double up = centreY + 0.001 - y;
-  const double angle = across == 0 ? 0 : std::atan(across / up);  // a quarter beside the centre
-  const int T = toInteger(rounded(angle * degreesPerRadian, 0));
+  const int T = toInteger(rounded(uprightAngle(centreX + 0.001 - x, centreY + 0.001 - y) * degreesPerRadian, 0));
   if (y > centreY) return wholeTurn / 2 - T;
   return x > centreX ? -T : wholeTurn - T;
-}
-
-double distanceToLine(double x, double y, double x1, double y1, double x2, double y2) {
-  const double length = std::hypot(x2 - x1, y2 - y1);
-  const double along =
-      length > 0 ? std::clamp(((x - x1) * (x2 - x1) + (y - y1) * (y2 - y1)) / (length * length), 0.0, 1.0) : 0;
-  return std::hypot(x - x1 - along * (x2 - x1), y - y1 - along * (y2 - y1));
 }
 
 ZoneCommands::ZoneCommands(const Sees& sees) : sees_(sees), view_(sees.zone) {

@@ -1,5 +1,5 @@
-// What the zone view does: it turns the dials, by slider, pointer and keys, chooses levels, keeps the scale of a drawing, and
-// goes to the plot view and back.
+// What the zone view does: it turns the dials, by slider, pointer and keys, chooses levels, keeps the scale of a
+// drawing, and goes to the plot view and back.
 #pragma once
 
 #include "engine/fields.h"
@@ -41,7 +41,8 @@ class ZoneCommands {
   /// Subscribes the rules of the view, and offers it as an output.
   explicit ZoneCommands(const Sees& sees);
 
-  /// `zoomLevel` is the lowest concentration of the levels that are mapped, 5 when none is. `plotLevel` is the same, or -1.
+  /// `zoomLevel` is the lowest concentration of the levels that are mapped, 5 when none is. `plotLevel` is the same, or
+  /// -1.
   void zoneOuterLevel();
 
  private:
@@ -84,10 +85,8 @@ inline constexpr const char* section = "wnddegstr";
 inline constexpr const char* key = "wnddegstr1";
 }  // namespace windSetting
 
-/// Direction (whole degrees, 0 up, clockwise) of a point seen from the centre of a dial; 57.25 degrees are a radian here.
+/// Direction (whole degrees, 0 up, clockwise) of a point seen from the centre of a dial; 57.25 degrees are a radian
+/// here.
 int dialDegrees(double x, double y, double centreX, double centreY);
-
-/// Distance of a point from a line between two others, all in one unit.
-double distanceToLine(double x, double y, double x1, double y1, double x2, double y2);
 
 }  // namespace noldarz

@@ -17,21 +17,13 @@ Field& ofDrawing(View& view, const char* name, const char* caption) {
   return later;
 }
 
-Field& place(Field& field, double left, double top, double width, double height) {
-  field.setLeft(left);
-  field.setTop(top);
-  field.setWidth(width);
-  field.setHeight(height);
-  return field;
-}
-
 }  // namespace
 
 ZoneView::ZoneView(Views& views)
     : view(views, "zardzone", " NOLDA-RZ- Mapping options"),
       zone(view),
       ground(view.add(FieldKind::picture, "zardzone")),
-      cirOrintn_1(place(view.add(FieldKind::shape, "cirOrintn_1").in(ground), 4605, 825, 1995, 1815)),
+      cirOrintn_1(view.add(FieldKind::shape, "cirOrintn_1").in(ground)),
       dial(ground, {.wind = 1100, .barb = 1000, .cross = 885, .centreX = 5610, .centreY = 1710}),
       wnddeg(view.label("wnddeg")),
       rotdeg(view.label("rotdeg")),
@@ -55,6 +47,7 @@ ZoneView::ZoneView(Views& views)
       getcoords(ofDrawing(view, "getcoords", "&Set source Point (Zones)")),
       getcoords_1(ofDrawing(view, "getcoords_1", "&Set location Points (Conc.)")),
       statuslbl(view.label("statuslbl")) {
+  cirOrintn_1.setPlace(4605, 825, 1995, 1815);
   Image1.setToolTip("Double click to Map Hazard Zones on Picture file");
   sclenotxt.setToolTip("Units of the drawing for a metre");
 }

@@ -82,6 +82,13 @@ void Field::setTop(double top) { change(top_, top, Property::top); }
 void Field::setWidth(double width) { change(width_, width, Property::width); }
 void Field::setHeight(double height) { change(height_, height, Property::height); }
 
+void Field::setPlace(double left, double top, double width, double height) {
+  setLeft(left);
+  setTop(top);
+  setWidth(width);
+  setHeight(height);
+}
+
 void Field::moveOver(const Field& field) {
   setTop(field.top());
   setLeft(field.left());

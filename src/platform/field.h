@@ -166,6 +166,7 @@ class Field {
   void setTop(double top);
   void setWidth(double width);
   void setHeight(double height);
+  void setPlace(double left, double top, double width, double height);
   /// Lays the field over another one of its view, as an editor over what it edits.
   void moveOver(const Field& field);
   /// The field that it was laid over; null: it lies where the view has it.

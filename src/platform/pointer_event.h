@@ -1,4 +1,5 @@
-// What the pointer and the keys do on a field that is drawn: canvas, dial. Made by a front, taken by the rules of a view.
+// What the pointer and the keys do on a field that is drawn: canvas, dial. Made by a front, taken by the rules of a
+// view.
 #pragma once
 
 #include <cstdint>

@@ -99,8 +99,8 @@ bool isMenu(const Field& field) { return field.kind() == FieldKind::menu; }
 
 using Texts = std::vector<std::string>;
 
-/// A property: how it is read and set, and the value that a field of its kind has at first. A text that counts as another
-/// property of the kind is at its default always.
+/// A property: how it is read and set, and the value that a field of its kind has at first. A text that counts as
+/// another property of the kind is at its default always.
 struct Row {
   std::string_view name;
   PropertyValue (*get)(const Field&);

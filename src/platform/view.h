@@ -60,8 +60,8 @@ class View {
   void on(Field& field, Event event, Rule rule);
   /// Runs the rules of the event. Desktop widgets, scripts and tests all come in here.
   void fire(Field& field, Event event);
-  /// The pointer and the keys on a canvas, a dial or the ground of the view (the field of that name). The rules of a field run
-  /// in the order of subscription.
+  /// The pointer and the keys on a canvas, a dial or the ground of the view (the field of that name). The rules of a
+  /// field run in the order of subscription.
   void onPointer(Field& field, PointerRule rule) { pointerRules_.push_back({&field, std::move(rule)}); }
   void onKey(Field& field, KeyRule rule) { keyRules_.push_back({&field, std::move(rule)}); }
   void pointer(Field& field, const PointerEvent& pointer);

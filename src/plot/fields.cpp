@@ -31,21 +31,9 @@ FieldArray<N> arrayIn(Field& box, const char* name) {
   return fields;
 }
 
-void place(Field& field, double left, double top, double width, double height) {
-  field.setLeft(left);
-  field.setTop(top);
-  field.setWidth(width);
-  field.setHeight(height);
-}
-
 }  // namespace
 
-void LineField::setEnds(double x1, double y1, double x2, double y2) const {
-  field.setLeft(x1);
-  field.setTop(y1);
-  field.setWidth(x2 - x1);
-  field.setHeight(y2 - y1);
-}
+void LineField::setEnds(double x1, double y1, double x2, double y2) const { field.setPlace(x1, y1, x2 - x1, y2 - y1); }
 
 DialFields::DialFields(Field& picture, const Size& sizes)
     : size(sizes),
@@ -131,7 +119,7 @@ PlotFields::PlotFields(View& view)
   eqlvalu.setToolTip("Distance of the two points on the ground (m)");
   clssetbox.setToolTip("Take the scale; the source is pointed out next");
   North_wndDialPic.setToolTip("Double click, or Enter, to turn wind and north");
-  place(scleset, 2, 5, 48, 28);
+  scleset.setPlace(2, 5, 48, 28);
 }
 
 void PlotFields::setTitle(std::string_view title) const {
@@ -192,14 +180,14 @@ PlotMenu::PlotMenu(View& view)
       ENTRY(restzoom, zoom2, "Reset") {
 #undef ENTRY
 #undef TOP
-  for (Field* later : {&print, &cpyclp, &scrnCap, &scrncap2, &pltFrPipe, &sltloctn, &ihrprofl, &ftlinjryprofl}) {
+  for (Field* later : {&print, &cpyclp, &scrnCap, &scrncap2}) {
     later->disable();
     later->setToolTip("Not part of this version");
   }
 }
 
 void PlotMenu::reset() const {
-  for (Field* field : {&Ftvert, &fthiznt, &FtvertB, &selctdwg}) field->setTag(tag::none);
+  for (Field* field : {&Ftvert, &fthiznt, &FtvertB, &selctdwg, &ftlinjryprofl}) field->setTag(tag::none);
   for (Field* field : {&insrtdwg, &Drwzns, &grph, &zoom1, &slcsrc}) field->disable();
   usrdef.enable();
   Expscrn.setCaption(expandCaption);

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <array>
+#include <cmath>
+#include <string>
 #include <string_view>
 
 #include "engine/fields.h"
@@ -13,6 +15,9 @@ namespace noldarz {
 
 /// Degrees of a dial, 0 up, clockwise.
 inline constexpr int wholeTurn = 360;
+
+/// atan(across / up) in radians: the angle of a way against the upright, a quarter turn where it leads straight across.
+inline double uprightAngle(double across, double up) { return across == 0 ? 0 : std::atan(across / up); }
 
 /// What is drawn and how it is turned, of the zone view.
 struct ZoneFields {
@@ -41,8 +46,8 @@ struct LineField {
 inline constexpr Colour windArmColour = Colour::fromScreen(49152);
 inline constexpr Colour northArmColour = Colour::fromScreen(255);
 
-/// The two dials on one centre: the wind arm with its barbs, and the cross of the compass with its letters. They are drawn
-/// on a picture, or on the ground of a view.
+/// The two dials on one centre: the wind arm with its barbs, and the cross of the compass with its letters. They are
+/// drawn on a picture, or on the ground of a view.
 struct DialFields {
   /// Lengths of the arms, and the centre (twips, on the picture).
   struct Size {
@@ -135,17 +140,27 @@ inline constexpr std::string_view none{"0"};
 inline constexpr std::string_view source{"1"};
 inline constexpr std::string_view firstPoint{"2"};
 inline constexpr std::string_view secondPoint{"3"};
+inline constexpr std::string_view distance{"4"};
 inline constexpr std::string_view firstPointOfRose{"5"};
 }  // namespace click
+
+/// What the next clicks on the canvas are for, in `drawMode`.
+namespace drawMode {
+inline constexpr std::int16_t location = 4;
+inline constexpr std::int16_t trace = 5;
+inline constexpr std::int16_t traceScale = 6;
+}  // namespace drawMode
 
 /// Tags of menu entries: what is shown, and what comes next.
 namespace tag {
 inline constexpr std::string_view none{"0"};
-inline constexpr std::string_view shown{"1"};      // `Ftvert`, `fthiznt`: this fit is on the canvas
-inline constexpr std::string_view roseShown{"3"};  // `Ftvert`: the rose is
-inline constexpr std::string_view rose{"1"};       // `FtvertB`: the next source click draws a rose
-inline constexpr std::string_view gridDue{"1"};    // `selctdwg`: a scale of the user's on plain paper
-inline constexpr std::string_view picture{"2"};    // `selctdwg`: a picture lies behind
+inline constexpr std::string_view shown{"1"};               // `Ftvert`, `fthiznt`: this fit is on the canvas
+inline constexpr std::string_view roseShown{"3"};           // `Ftvert`: the rose is
+inline constexpr std::string_view rose{"1"};                // `FtvertB`: the next source click draws a rose
+inline constexpr std::string_view gridDue{"1"};             // `selctdwg`: a scale of the user's on plain paper
+inline constexpr std::string_view picture{"2"};             // `selctdwg`: a picture lies behind
+inline constexpr std::string_view percentChart{"1"};        // `ftlinjryprofl`
+inline constexpr std::string_view concentrationChart{"2"};  // `ftlinjryprofl`
 }  // namespace tag
 
 /// What a plot says that can't be drawn.
@@ -155,10 +170,12 @@ inline constexpr const char* unableToPlot = "Unable to plot Hazard Zones.";
 inline constexpr std::string_view shrinkCaption{"Small Screen"};
 inline constexpr std::string_view expandCaption{"Expand Screen"};
 
-/// Whether the level has a begin and an end to draw: numbers, not marks.
-inline bool isDrawable(const LevelFields& level, int i) {
-  return level.bgnpt[i].isNumeric() && level.endpt[i].isNumeric() && level.endpt[i].number() > 0;
+/// Whether the level ends somewhere: a number above 0, no mark.
+inline bool hasEnd(const LevelFields& level, int i) {
+  return level.endpt[i].isNumeric() && level.endpt[i].number() > 0;
 }
+/// Whether it has a begin and an end to draw.
+inline bool isDrawable(const LevelFields& level, int i) { return level.bgnpt[i].isNumeric() && hasEnd(level, i); }
 
 /// What the legend tells of a level.
 inline std::string legendText(const LevelFields& level, int i) {

@@ -49,17 +49,12 @@ FitCommands::FitCommands(const Sees& sees) : sees_(sees), fields_(sees.view.fiel
   });
 }
 
-bool FitCommands::hasEnd(int level) const {
-  const Field& end = sees_.level.endpt[level];
-  return end.isNumeric() && end.number() > 0;
-}
-
 bool FitCommands::findLevel() {
   const int asked = std::clamp<int>(sees_.plot.zoomLevel, 0, levelCount - 1);
   int found = asked;
-  while (found >= 0 && !hasEnd(found)) --found;
+  while (found >= 0 && !hasEnd(sees_.level, found)) --found;
   if (found < 0) found = asked;
-  while (found < levelCount && !hasEnd(found)) ++found;
+  while (found < levelCount && !hasEnd(sees_.level, found)) ++found;
   if (found == levelCount) return false;
   sees_.plot.zoomLevel = static_cast<std::int16_t>(found);
   return true;
@@ -145,7 +140,7 @@ bool FitCommands::drawRose() {
 
 void FitCommands::zoom(int step) {
   int next = sees_.plot.zoomLevel + step;
-  while (next >= 0 && next < levelCount && !hasEnd(next)) next += step;
+  while (next >= 0 && next < levelCount && !hasEnd(sees_.level, next)) next += step;
   if (next < 0 || next >= levelCount) {
     sees_.desktop.messageBox(information("Zoom Limit"));
     return;

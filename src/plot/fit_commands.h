@@ -1,5 +1,5 @@
-// Plots that fill the page: the scale is such that the end point of the level `zoomLevel` just fits, and the zoom goes from
-// level to level. Commands of the plot view; a picture without a view (plot_picture.h) is drawn here, too.
+// Plots that fill the page: the scale is such that the end point of the level `zoomLevel` just fits, and the zoom goes
+// from level to level. Commands of the plot view; a picture without a view (plot_picture.h) is drawn here, too.
 #pragma once
 
 #include <optional>
@@ -12,8 +12,8 @@ namespace noldarz {
 
 enum class Fit : std::uint8_t { vertical, horizontal, elevation, rose };
 
-/// Where the source lies on the canvas (mm), which way the wind blows (degrees), and how much of the canvas the end point
-/// of a level takes (mm).
+/// Where the source lies on the canvas (mm), which way the wind blows (degrees), and how much of the canvas the end
+/// point of a level takes (mm).
 struct FitPlace {
   double sourceX = 0;
   double sourceY = 0;
@@ -23,8 +23,8 @@ struct FitPlace {
 
 /// The place of a fit on a canvas of that size (mm); a side view lifts its source by the height of the release.
 FitPlace fitPlace(Fit fit, double canvasWidth, double canvasHeight);
-/// The same for isopleths in any direction of the wind: from the source to the end point the axis fills the page but for
-/// its margins. For 0 degrees it is that of Fit::vertical, for 90 that of Fit::horizontal.
+/// The same for isopleths in any direction of the wind: from the source to the end point the axis fills the page but
+/// for its margins. For 0 degrees it is that of Fit::vertical, for 90 that of Fit::horizontal.
 FitPlace fitPlace(int wind, double canvasWidth, double canvasHeight);
 
 class FitCommands {
@@ -47,13 +47,13 @@ class FitCommands {
   /// Subscribes the commands.
   explicit FitCommands(const Sees& sees);
 
-  /// Draws the fit, isopleths on request in another direction of the wind. A run of which no level has an end point, or a
-  /// height of release that is no number, gives "Unable to plot Hazard Zones." and changes nothing.
-  /// False then, and when the plot has failed on its way.
+  /// Draws the fit, isopleths on request in another direction of the wind. A run of which no level has an end point, or
+  /// a height of release that is no number, gives "Unable to plot Hazard Zones." and changes nothing. False then, and
+  /// when the plot has failed on its way.
   bool draw(Fit fit, std::optional<int> wind = {});
 
-  /// Takes `zoomLevel` to a level with an end point: to itself, the nearest of a higher concentration, or else of a lower
-  /// one. False when there is none.
+  /// Takes `zoomLevel` to a level with an end point: to itself, the nearest of a higher concentration, or else of a
+  /// lower one. False when there is none.
   bool findLevel();
 
  private:
@@ -62,7 +62,6 @@ class FitCommands {
   bool drawRose();
   void zoom(int step);
   void repeat();
-  bool hasEnd(int level) const;
 
   Sees sees_;
   PlotFields& fields_;

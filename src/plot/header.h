@@ -17,7 +17,7 @@ inline void printHeader(PlotFields& plot, const PlotMenu& menu, const ProjectFie
   if (menu.Expscrn.caption() != shrinkCaption) return;
   printAt(plot.canvas, 2, 2, titleLine(plot, project));
   printAt(plot.canvas, 2, 5, plot.scnortxt.caption());
-  if (menu.selctdwg.tag() != "2") printAt(plot.canvas, 2, 11, plot.sclsdspl.caption());
+  if (menu.selctdwg.tag() != tag::picture) printAt(plot.canvas, 2, 11, plot.sclsdspl.caption());
 }
 
 }  // namespace noldarz

@@ -39,8 +39,8 @@ class IsoplethPlot {
   };
   explicit IsoplethPlot(const Sees& sees) : sees_(sees) {}
 
-  /// Draws the levels from the lowest concentration up. At distance x downwind, half width w (both mm of the canvas) and
-  /// wind direction a (0 up, clockwise), a point of the outline is
+  /// Draws the levels from the lowest concentration up. At distance x downwind, half width w (both mm of the canvas)
+  /// and wind direction a (0 up, clockwise), a point of the outline is
   ///
   ///   (sourceX + d sin a -+ w cos a, sourceY - d cos a -+ w sin a),   d = sqrt(0.00001^2 + w + x^2)
   ///

@@ -1,5 +1,7 @@
 #include "plot/plot_picture.h"
 
+#include <algorithm>
+
 namespace noldarz {
 
 PlotPicture::PlotPicture(const Sees& sees)
@@ -9,8 +11,26 @@ PlotPicture::PlotPicture(const Sees& sees)
       zone_(zoneView_),
       resultView_(views_, "dspmnfrm", ""),
       result_(resultView_),
-      progress_(views_),
+      toxic_(resultView_),
       plume_({.model = engine_, .query = engine_, .in = sees.in, .level = sees.level, .result = result_}),
+      progress_({.views = views_,
+                 .model = engine_,
+                 .sweep = engine_,
+                 .passes = engine_,
+                 .level = sees.level,
+                 .desktop = desktop_}),
+      limitSearch_({.views = views_,
+                    .model = engine_,
+                    .search = toxicState_,
+                    .rawLimits = toxicState_,
+                    .table = toxicState_,
+                    .passes = engine_,
+                    .plume = plume_,
+                    .in = sees.in,
+                    .level = sees.level,
+                    .toxic = toxic_,
+                    .progress = progress_,
+                    .desktop = desktop_}),
       share_({.shares = engine_, .in = sees.in, .result = result_, .desktop = desktop_}),
       isopleths_({.plot = state_,
                   .query = engine_,
@@ -24,7 +44,7 @@ PlotPicture::PlotPicture(const Sees& sees)
                   .zone = zone_,
                   .view = view_.fields,
                   .menu = view_.menu,
-                  .progress = progress_,
+                  .progress = limitSearch_.profileProgress(),
                   .plume = plume_,
                   .outputs = outputs_,
                   .desktop = desktop_}),
@@ -39,12 +59,20 @@ PlotPicture::PlotPicture(const Sees& sees)
              .menu = view_.menu,
              .wind = share_,
              .desktop = desktop_}),
+      pipeline_({.plot = state_,
+                 .trace = state_,
+                 .query = engine_,
+                 .lineWidth = lineWidth_,
+                 .level = sees.level,
+                 .view = view_,
+                 .desktop = desktop_}),
       scale_({.plot = state_,
               .clicks = state_,
               .trace = state_,
               .query = engine_,
               .zone = zone_,
               .view = view_,
+              .pipeline = pipeline_,
               .desktop = desktop_}),
       fit_({.plot = state_,
             .clicks = state_,
@@ -58,14 +86,42 @@ PlotPicture::PlotPicture(const Sees& sees)
             .scale = scale_,
             .isopleths = isopleths_,
             .rose = rose_,
-            .desktop = desktop_}) {}
+            .desktop = desktop_}),
+      charts_({.model = engine_,
+               .search = toxicState_,
+               .chart = state_,
+               .lineWidth = lineWidth_,
+               .level = sees.level,
+               .result = sees.result,
+               .toxic = toxic_,
+               .view = view_,
+               .plume = plume_,
+               .limits = limitSearch_,
+               .outputs = outputs_,
+               .desktop = desktop_}) {}
 
 std::string PlotPicture::draw(const Wish& wish) {
   desktop_.forget();
   engine_ = sees_.engine;
+  toxic_.maxdstprtxt.setText(sees_.toxic.maxdstprtxt.text());
   view_.menu.reset();
   view_.fields.Drw1.setWidth(wish.width / millimetresPerTwip);
   view_.fields.Drw1.setHeight(wish.height / millimetresPerTwip);
+  view_.fields.setTitle("");
+  view_.fields.canvas.Cls();
+  bool drawn = false;
+  switch (wish.kind) {
+    case PlotKind::concentration: drawn = charts_.drawConcProfile(); break;
+    case PlotKind::percent: drawn = charts_.drawPercentProfile(); break;
+    case PlotKind::pipeline: drawn = drawPipeline(wish); break;
+    default: drawn = drawZones(wish);
+  }
+  if (drawn) return "";
+  const std::string& status = view_.fields.statuslbl.caption();
+  return !desktop_.said().empty() ? desktop_.said() : !status.empty() ? status : unableToPlot;
+}
+
+bool PlotPicture::drawZones(const Wish& wish) {
   state_.northDeg = wish.north;
   state_.zoomLevel = levelCount - 1;
   bool any = false;
@@ -77,12 +133,34 @@ std::string PlotPicture::draw(const Wish& wish) {
     if (drawn) state_.zoomLevel = static_cast<std::int16_t>(i);  // the last one reaches farthest
     any = any || drawn;
   }
-  zone_.PlotFtlyInjryLmt.setValue(wish.limits ? 1 : 0);
-  view_.fields.canvas.Cls();
-  if (!any) return unableToPlot;
-  const bool drawn = fit_.draw(wish.fit, wish.wind);
-  const bool tooMuchWind = wish.fit == Fit::rose && engine_.windTotal > 100;  // of which the sectors know nothing
-  return drawn && !tooMuchWind ? "" : desktop_.said();
+  zone_.PlotFtlyInjryLmt.setValue(wish.limitCircles ? 1 : 0);
+  if (!any) return false;
+  const Fit fit = wish.kind == PlotKind::elevation ? Fit::elevation
+                  : wish.kind == PlotKind::rose    ? Fit::rose
+                                                   : Fit::vertical;
+  const bool drawn = fit_.draw(fit, wish.wind);
+  const bool tooMuchWind = fit == Fit::rose && engine_.windTotal > 100;  // of which the sectors know nothing
+  return drawn && !tooMuchWind;
+}
+
+bool PlotPicture::drawPipeline(const Wish& wish) {
+  constexpr double margin = 20;  // mm, of both edges
+  const Field& end = sees_.level.endpt[0];
+  if (!isDrawable(sees_.level, 0) || wish.trace.size() < 2) return false;
+  const double r = end.number();
+  const auto [left, right] = std::ranges::minmax_element(wish.trace, {}, &TracePoint::x);
+  const auto [foot, top] = std::ranges::minmax_element(wish.trace, {}, &TracePoint::y);
+  state_.plotScale = std::max((right->x - left->x + 2 * r) / (wish.width - margin),
+                              (top->y - foot->y + 2 * r) / (wish.height - margin));
+  const double middleX = (left->x + right->x) / 2;
+  const double middleY = (foot->y + top->y) / 2;
+  pipeline_.pltFrPipe_Click();
+  for (const TracePoint& point : wish.trace)
+    pipeline_.traceClick(wish.width / 2 + (point.x - middleX) / state_.plotScale,
+                         wish.height / 2 - (point.y - middleY) / state_.plotScale);
+  view_.fields.setTitle("NOLDA -RZ: Dispersion Model (Pipeline)");
+  view_.fields.showScale(state_.plotScale);
+  return pipeline_.drawPipelineZones();
 }
 
 }  // namespace noldarz

@@ -2,7 +2,10 @@
 #pragma once
 
 #include "plot/fit_commands.h"
+#include "plot/location_query.h"
+#include "plot/pipeline.h"
 #include "plot/pointer.h"
+#include "plot/profile_charts.h"
 #include "plot/view_commands.h"
 #include "plot/view_life.h"
 
@@ -13,18 +16,21 @@ struct PlotRooms {
     View& mainView;
     PlotRunState& state;
     EngineState& engineState;
+    LimitSearchState& search;
     const RawLimitState& rawLimits;
     const StoredLimitState& limits;
     ContourState& contours;
     const ScenarioInputs& in;
     const LevelFields& level;
+    const ResultFields& result;
     const CommandFields& command;
+    const ToxicFields& toxic;
     const ProjectFields& project;
     const ZoneFields& zone;
     PlotView& view;
     PlumeModel& plume;
     WindShare& windShare;
-    ProfileProgress& progress;
+    LimitSearch& limitSearch;
     Outputs& outputs;
     const Settings& settings;
     Desktop& desktop;
@@ -33,8 +39,11 @@ struct PlotRooms {
 
   IsoplethPlot isopleths;
   WindRose rose;
+  Pipeline pipeline;
   ScaleDialog scale;
   FitCommands fit;
+  LocationQuery location;
+  ProfileCharts charts;
   PlotPointer pointer;
   PlotViewCommands commands;
   PlotViewLife life;

@@ -55,6 +55,7 @@ bool ScaleDialog::takeNumber() {
 }
 
 void ScaleDialog::applyScale() {
+  if (sees_.query.drawMode == drawMode::traceScale) return takeScaleOfTrace();
   const bool vertical = menu_.Ftvert.tag() == tag::shown;
   const bool rose = menu_.Ftvert.tag() == tag::roseShown;
   const bool horizontal = menu_.fthiznt.tag() == tag::shown;
@@ -83,12 +84,19 @@ void ScaleDialog::applyScale() {
   menu_.usrdef.enable();
 }
 
-void ScaleDialog::begin(std::string_view firstClick) {
-  fields_.canvas.Cls();
+void ScaleDialog::takeScaleOfTrace() {
+  if (!takeNumber()) return;
+  fields_.scleset.setVisible(false);
+  menu_.Drwzns.enable();
+  fields_.showScale(sees_.plot.plotScale);
+  fields_.Xline.field.setVisible(false);
+  menu_.usrdef.enable();
+  fields_.statuslbl.setCaption("");
+  sees_.pipeline.drawPipelineZones();
+}
+
+void ScaleDialog::askForPoints(std::string_view firstClick) {
   fields_.Drw1.setTag(firstClick);
-  menu_.Ftvert.setTag(tag::none);
-  menu_.fthiznt.setTag(tag::none);
-  menu_.zoom1.disable();
   fields_.frstptnlbl[0].setCaption("Select First Point");
   fields_.frstptnlbl[1].setCaption("Select Second Point");
   fields_.frstptnlbl[2].setCaption("Units");
@@ -98,10 +106,23 @@ void ScaleDialog::begin(std::string_view firstClick) {
   fields_.scleset.setTop(5);
   fields_.scleset.setVisible(true);
   fields_.clssetbox.disable();
+  sees_.desktop.setPointer(Pointer::cross);
+  fields_.statuslbl.setCaption("Click two points whose distance you know; Escape gives it up.");
+}
+
+void ScaleDialog::begin(std::string_view firstClick) {
+  fields_.canvas.Cls();
+  menu_.Ftvert.setTag(tag::none);
+  menu_.fthiznt.setTag(tag::none);
+  menu_.zoom1.disable();
+  askForPoints(firstClick);
   fields_.GroundLvl.setVisible(false);
   if (menu_.selctdwg.tag() != tag::picture) menu_.selctdwg.setTag(tag::gridDue);
-  sees_.desktop.setPointer(Pointer::cross);
-  fields_.statuslbl.setCaption("Click two points whose distance you know.");
+}
+
+void ScaleDialog::drawBar() {
+  fields_.sclsdspl.setCaption(scaleBarText(sees_.plot.plotScale));
+  drawScaleBar(fields_.canvas, sees_.plot.plotScale);
 }
 
 void ScaleDialog::usrdef_Click() {
@@ -109,6 +130,7 @@ void ScaleDialog::usrdef_Click() {
   sees_.trace.pipeMode = false;
   menu_.FtvertB.setTag(tag::none);
   fields_.setTitle(isoplethTitle);
+  menu_.sltloctn.enable();
   fields_.showDial(true);
   sees_.zone.wndsld1.setValue(toInteger(sees_.plot.windDeg));
   begin(click::firstPoint);
@@ -117,6 +139,7 @@ void ScaleDialog::usrdef_Click() {
 void ScaleDialog::usrdefB_Click() {
   sees_.query.drawMode = 0;
   menu_.FtvertB.setTag(tag::rose);
+  menu_.sltloctn.enable();
   fields_.showDial(true);
   begin(click::firstPointOfRose);
 }

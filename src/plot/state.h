@@ -1,5 +1,5 @@
-// The variables that the plots own: what ties the canvas to the ground, what the user has clicked, and what the drawings
-// work with.
+// The variables that the plots own: what ties the canvas to the ground, what the user has clicked, and what the
+// drawings work with.
 #pragma once
 
 #include <array>
@@ -43,24 +43,41 @@ struct ClickState {
   double scaleSpan = 0;  ///< distance of the two (mm)
   double clickX = 0;     ///< location asked for (mm)
   double clickY = 0;     ///< the same (mm)
+  double clickDist = 0;  ///< its distance from the source (m)
+  double clickConc = 0;  ///< concentration at that distance (ppm)
+  double legendIdx = 0;  ///< first free row of the legend of a chart
 
   std::int16_t locationOn = 0;     ///< 1: the location query was chosen
   std::int16_t locationReady = 0;  ///< 1: the location query has its source
 
-  std::string drawFile;     ///< picture behind the drawing
+  std::string drawFile;     ///< picture behind the drawing, or file written last
   bool dialReopen = false;  ///< the zone view was opened from the dial of the plot view
 };
 
-/// The pipeline that the user traces.
+/// Scales of the concentration chart.
+struct ChartState {
+  double distPerUnit = 0;  ///< m per mm
+  double concPerUnit = 0;  ///< ppm per mm
+};
+
+/// Points that a trace takes.
+inline constexpr std::size_t tracePoints = 11;
+/// The pipeline that the user traces. A bearing is 0 towards the left edge, 90 up, 180 to the right (whole degrees).
 struct TraceState {
-  bool pipeMode = false;  ///< a trace is running
-  std::array<std::int32_t, 3>
-      pipeWords{};                 ///< where the words for a pipeline stand in the scenario text, from 1; 0: nowhere
-  std::int16_t traceRubber = 0;    ///< 1: a line runs from the last point to the pointer
-  std::int16_t traceHasPoint = 0;  ///< 1: a bearing can be worked out
-  bool traceStarted = false;       ///< a segment can be drawn
-  double traceLastX = 0;           ///< last point (mm)
-  double traceLastY = 0;           ///< the same (mm)
+  bool pipeMode = false;                    ///< a trace is running
+  std::array<std::int32_t, 3> pipeWords{};  ///< where words for a pipeline stand in the scenario text, from 1; 0: none
+  std::int16_t traceRubber = 0;             ///< 1: a line runs from the last point to the pointer
+  std::int16_t traceHasPoint = 0;           ///< 1: a bearing can be worked out
+  bool traceStarted = false;                ///< a segment can be drawn
+  double traceLastX = 0;                    ///< last point (mm)
+  double traceLastY = 0;                    ///< the same (mm)
+
+  std::array<double, tracePoints> traceX{};      ///< points (mm); 0, 0: a free entry
+  std::array<double, tracePoints> traceY{};      ///< the same (mm)
+  std::array<double, tracePoints> traceAngle{};  ///< bearings from point to point, 1 to 360; 0: a free entry
+  double traceCount = 0;                         ///< points so far
+  double traceSegs = 0;                          ///< bearings so far
+  double traceAngleNow = 0;                      ///< bearing from the last point to the pointer
 };
 
 NOLDARZ_VARIABLES(PlotState, sourceX, sourceY, plotScale, halfWidthPlot, plotEnd, plotColour, roseColour, windDeg,
@@ -68,11 +85,14 @@ NOLDARZ_VARIABLES(PlotState, sourceX, sourceY, plotScale, halfWidthPlot, plotEnd
 
 NOLDARZ_VARIABLES(RoseState, windHalf, windShare, windFrac, roseRadius);
 
-NOLDARZ_VARIABLES(ClickState, firstPtX, firstPtY, secondPtX, secondPtY, scaleSpan, clickX, clickY, locationOn,
-                  locationReady, drawFile, dialReopen);
+NOLDARZ_VARIABLES(ClickState, firstPtX, firstPtY, secondPtX, secondPtY, scaleSpan, clickX, clickY, clickDist, clickConc,
+                  legendIdx, locationOn, locationReady, drawFile, dialReopen);
 
-NOLDARZ_VARIABLES(TraceState, pipeMode, pipeWords, traceRubber, traceHasPoint, traceStarted, traceLastX, traceLastY);
+NOLDARZ_VARIABLES(ChartState, distPerUnit, concPerUnit);
 
-struct PlotRunState : Joined<PlotState, RoseState, ClickState, TraceState> {};
+NOLDARZ_VARIABLES(TraceState, pipeMode, pipeWords, traceRubber, traceHasPoint, traceStarted, traceLastX, traceLastY,
+                  traceX, traceY, traceAngle, traceCount, traceSegs, traceAngleNow);
+
+struct PlotRunState : Joined<PlotState, RoseState, ClickState, ChartState, TraceState> {};
 
 }  // namespace noldarz

@@ -42,6 +42,7 @@ void PlotViewCommands::frmfle_Click() {
   fields_.showDial(true);
   fields_.sclsdspl.setVisible(false);
   fields_.canvas.setPicture(nullptr);
+  if (menu_.selctdwg.tag() == tag::picture) menu_.selctdwg.setTag(tag::none);
   FileDialog dialog{.kind = FileDialog::Kind::open,
                     .title = "QUENDARIS: Select Drawing (" + centimetres(fields_.Drw1.width()) + "cm X " +
                              centimetres(fields_.Drw1.height()) + " cm)",
@@ -90,7 +91,10 @@ void PlotViewCommands::ClrScrn_Click() {
   emptyCanvas();
   for (Field* entry : {&menu_.selctdwg, &menu_.Ftvert, &menu_.fthiznt}) entry->setTag(tag::none);
   sees_.query.drawMode = 0;
+  sees_.trace.traceRubber = 0;
+  fields_.Xline.field.setVisible(false);
   fields_.sclsdspl.setVisible(true);
+  menu_.sltloctn.enable();
 }
 
 void PlotViewCommands::hideDsply_Click() {

@@ -17,6 +17,7 @@ class PlotViewCommands {
  public:
   struct Sees {
     ClickState& clicks;
+    TraceState& trace;
     PointQueryState& query;
     ContourState& contours;
     const ProjectFields& project;

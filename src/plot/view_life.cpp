@@ -14,13 +14,6 @@ constexpr double edge = 200;  // of an expanded canvas, and beside one of normal
 constexpr double dialSize = 1800;
 constexpr double legendWidth = 3400;
 
-void place(Field& field, double left, double top, double width, double height) {
-  field.setLeft(left);
-  field.setTop(top);
-  field.setWidth(width);
-  field.setHeight(height);
-}
-
 }  // namespace
 
 void layOutPlain(PlotFields& fields, const ScreenSize& screen) {
@@ -29,18 +22,18 @@ void layOutPlain(PlotFields& fields, const ScreenSize& screen) {
   const double width = std::min(11385.0, screen.width - left - 310);
   const double height = std::min(8445.0, screen.height - top - 1010);
   const double side = left + width + edge;
-  place(fields.Drw1, left, top, width, height);
-  place(fields.North_wndDialPic, side, top, dialSize, dialSize);
-  place(fields.lndFRme, side, top + dialSize + edge, legendWidth, height - dialSize - edge);
+  fields.Drw1.setPlace(left, top, width, height);
+  fields.North_wndDialPic.setPlace(side, top, dialSize, dialSize);
+  fields.lndFRme.setPlace(side, top + dialSize + edge, legendWidth, height - dialSize - edge);
 }
 
 void layOutExpanded(PlotFields& fields, const ScreenSize& screen) {
   constexpr double legendHeight = 3500;
   const double width = screen.width - 310;
   const double height = screen.height - 1010;
-  place(fields.Drw1, edge, edge, width, height);
-  place(fields.North_wndDialPic, edge + width - dialSize, edge + height - dialSize, dialSize, dialSize);
-  place(fields.lndFRme, edge + width - legendWidth, edge, legendWidth, legendHeight);
+  fields.Drw1.setPlace(edge, edge, width, height);
+  fields.North_wndDialPic.setPlace(edge + width - dialSize, edge + height - dialSize, dialSize, dialSize);
+  fields.lndFRme.setPlace(edge + width - legendWidth, edge, legendWidth, legendHeight);
 }
 
 PlotViewLife::PlotViewLife(const Sees& sees) : sees_(sees), fields_(sees.view.fields), menu_(sees.view.menu) {
@@ -117,10 +110,9 @@ void PlotViewLife::Form_Activate() {
 void PlotViewLife::closing() {
   sees_.desktop.setPointer(Pointer::standard);
   fields_.Xline.field.setVisible(false);
-  const auto words = sees_.trace.pipeWords;
-  sees_.trace = {};
-  sees_.trace.pipeWords = words;
+  sees_.pipeline.clear();
   sees_.clicks.clickX = sees_.clicks.clickY = 0;
+  sees_.clicks.locationOn = sees_.clicks.locationReady = 0;
   sees_.query.drawMode = 0;
   sees_.clicks.dialReopen = false;
   sees_.outputs.close(AttachedView::ScrnCapt);

@@ -5,6 +5,7 @@
 #include "platform/desktop.h"
 #include "platform/settings.h"
 #include "plot/fit_commands.h"
+#include "plot/pipeline.h"
 #include "study/outputs.h"
 #include "study/state.h"
 
@@ -24,6 +25,7 @@ class PlotViewLife {
     const ProjectFields& project;
     PlotView& view;
     FitCommands& fit;
+    Pipeline& pipeline;
     const Outputs& outputs;
     const Settings& settings;
     Desktop& desktop;

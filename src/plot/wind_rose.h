@@ -1,5 +1,6 @@
-// The wind rose plot: one closed curve a level around the source, whose radius follows how often the wind blows into each
-// of 16 sectors. Called by the rose commands of the plot view; the table also when a wind share of the main view is left.
+// The wind rose plot: one closed curve a level around the source, whose radius follows how often the wind blows into
+// each of 16 sectors. Called by the rose commands of the plot view; the table also when a wind share of the main view
+// is left.
 #pragma once
 
 #include "engine/fields.h"
@@ -28,8 +29,8 @@ class WindRose {
   };
   explicit WindRose(const Sees& sees) : sees_(sees) {}
 
-  /// Shares the wind out over the sectors; a sum above 100 % leaves the table as it was, after its box. A share that is no
-  /// number leaves the sectors that need it as they were.
+  /// Shares the wind out over the sectors; a sum above 100 % leaves the table as it was, after its box. A share that is
+  /// no number leaves the sectors that need it as they were.
   ///
   ///   windHalf(2k) = 0.5 Givnwnd(k), windHalf(2k + 1) = 0.5 windHalf(2k) + 0.5 windHalf(2k + 2)
   ///   windFrac(j) = (windHalf(j) + windHalf(j) / windTotal) / 100

@@ -56,12 +56,39 @@ TEST_F(PlotCommand, writesZonesWithLegendAndInputs) {
 
 TEST_F(PlotCommand, drawsTheSideViewAndTheRose) {
   PlotRequest request;
-  request.fit = Fit::elevation;
+  request.kind = PlotKind::elevation;
   EXPECT_EQ(plot(request), "");
   EXPECT_TRUE(shows("Gr.Lvl."));
-  request.fit = Fit::rose;
+  request.kind = PlotKind::rose;
   EXPECT_EQ(plot(request), "");
   EXPECT_TRUE(shows("TEEL1: - 930.34 m"));
+}
+
+TEST_F(PlotCommand, drawsChartsAndABand) {
+  PlotRequest request;
+  request.kind = PlotKind::concentration;
+  EXPECT_EQ(plot(request), "");
+  EXPECT_TRUE(shows("Distance from source (km)"));
+  request.kind = PlotKind::percent;
+  EXPECT_EQ(plot(request), "");
+  EXPECT_TRUE(shows("Injury (%)"));
+  request.kind = PlotKind::pipeline;
+  request.trace = (folder / "trace.csv").string();
+  const struct {
+    const char* trace;
+    const char* error;
+  } traces[] = {{"0,0\n", "two points at least"},
+                {"0,0\n5\n", ":2: \"5\" is no point"},
+                {"1,1\n1,1\n", ":2: the same point again"},
+                {"1,1\n2,1\n3,1\n4,1\n5,1\n6,1\n7,1\n8,1\n9,1\n10,1\n11,1\n12,1\n", ":12: a pipeline has 11"},
+                {"# x,y\n0,0\n500,0\n800,300\n", ""}};
+  for (const auto& [trace, error] : traces) {
+    writeFile(folder / "trace.csv", trace);
+    const std::string told = plot(request);
+    EXPECT_EQ(told.empty(), *error == 0) << told;
+    EXPECT_NE(told.find(error), std::string::npos) << told;
+  }
+  EXPECT_TRUE(shows("Dist. : 61.50 m"));
 }
 
 TEST_F(PlotCommand, refusesWhatItCantTake) {
@@ -73,7 +100,7 @@ TEST_F(PlotCommand, refusesWhatItCantTake) {
       {[&](PlotRequest& r) { r.size = "A9"; }, ExitStatus::refused, "--size: \"A9\" is neither A4"},
       {[&](PlotRequest& r) { r.size = "10x1e9"; }, ExitStatus::refused, "--size"},
       {[&](PlotRequest& r) { r.chosen = "0,6"; }, ExitStatus::refused, "--levels: \"0,6\" is no list"},
-      {[&](PlotRequest& r) { r.fit = Fit::rose, r.wind = 5; }, ExitStatus::refused, "--wind goes with isopleths"},
+      {[&](PlotRequest& r) { r.kind = PlotKind::rose, r.wind = 5; }, ExitStatus::refused, "--wind goes with isopleths"},
       {[&](PlotRequest& r) { r.file = folder / "zones.jpg"; }, ExitStatus::refused, "is written as .svg"},
       {[&](PlotRequest& r) { r.file = folder / "no/zones.svg"; }, ExitStatus::failed, "no/zones.svg"},
   };
@@ -86,7 +113,7 @@ TEST_F(PlotCommand, refusesWhatItCantTake) {
   EXPECT_FALSE(fs::exists(folder / "zones.svg"));
   changeFromOutside(folder.study(), "UPDATE [dsptbl-1] SET givnwnd1 = 90, givnwnd2 = 30");
   PlotRequest rose;
-  rose.fit = Fit::rose;
+  rose.kind = PlotKind::rose;
   EXPECT_NE(plot(rose).find("1. Total Wind percentage can not be > 100%"), std::string::npos);
   EXPECT_EQ(status, ExitStatus::failed);
   EXPECT_FALSE(fs::exists(folder / "zones.svg"));

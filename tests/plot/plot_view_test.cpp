@@ -149,8 +149,6 @@ TEST(PlotView, zoomsFromLevelToLevelWithAnEnd) {
             "Scale:- 1 : " + Format(6216.94 / (8445 * 25.4 / 1440 - 20) * 10, "0.00") + " m");
   plot.run("click Drwfrm.ClrScrn");
   const auto cleared = plot.drawing().primitives.size();
-  plot.run("set zardzone.zonsplot(0) 1");
-  EXPECT_EQ(plot.drawing().primitives.size(), cleared);
   for (int i = 0; i < levelCount; ++i) plot.field("endpt(" + std::to_string(i) + ")").setText("N.A.");
   plot.record.clear();
   plot.run("click Drwfrm.fthiznt");

@@ -1,4 +1,5 @@
-// Chance that can be repeated by its seed or by given bytes, and what it does to other bytes. Tests and fuzzers share it.
+// Chance that can be repeated by its seed or by given bytes, and what it does to other bytes. Tests and fuzzers share
+// it.
 #pragma once
 
 #include <algorithm>

@@ -1,5 +1,6 @@
-// A widget that shows a field and tells what the user does there: one adapter a kind of widget, in a file of its own. What all
-// kinds have in common stands here. An adapter holds no rule; the binder makes it and carries its news to the field.
+// A widget that shows a field and tells what the user does there: one adapter a kind of widget, in a file of its own.
+// What all kinds have in common stands here. An adapter holds no rule; the binder makes it and carries its news to the
+// field.
 #pragma once
 
 #include <QObject>

@@ -1,6 +1,6 @@
-// A canvas: a drawing as a list of primitives in millimetres, made without a toolkit. The origin is the top left corner,
-// y grows downwards. Routines of the plots draw on it; a window, a file and a test read the list (replay.h). A canvas
-// is the picture of one field, whose place and size are in twips.
+// A canvas: a drawing as a list of primitives in millimetres, made without a toolkit. The origin is the top left
+// corner, y grows downwards. Routines of the plots draw on it; a window, a file and a test read the list (replay.h). A
+// canvas is the picture of one field, whose place and size are in twips.
 #pragma once
 
 #include <cstddef>
@@ -90,6 +90,7 @@ class Canvas {
   /// What draws the canvas anew when somebody looks at it after outdate(): for a drawing that not every front shows.
   void drawOnDemand(std::function<void()> draw) { draw_ = std::move(draw); }
   void outdate() { outdated_ = true; }
+  bool isOutdated() const { return outdated_; }
   /// To be called by whoever reads the drawing of a canvas that may be drawn on demand.
   void bringUpToDate() {
     if (std::exchange(outdated_, false) && draw_) draw_();

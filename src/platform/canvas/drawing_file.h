@@ -1,5 +1,5 @@
-// A drawing as a file: PNG and BMP are pixels, PDF and SVG keep lines as lines and texts as texts. All fronts write their
-// files here, so that the same list gives the same picture.
+// A drawing as a file: PNG and BMP are pixels, PDF and SVG keep lines as lines and texts as texts. All fronts write
+// their files here, so that the same list gives the same picture.
 #pragma once
 
 #include <filesystem>

@@ -283,12 +283,10 @@ const Image* MetafilePainter::imageOf(const wmfBMP& bitmap) const {
 }
 
 void MetafilePainter::fillWith(const Image& image, Point corner, double xScale, double yScale, cairo_extend_t extend) {
-  Image copy = image;  // the surface wants bytes that it may write to
-  cairo_surface_t* surface = cairo_image_surface_create_for_data(reinterpret_cast<unsigned char*>(copy.pixels.data()),
-                                                                 CAIRO_FORMAT_ARGB32,
-                                                                 copy.width,
-                                                                 copy.height,
-                                                                 copy.width * 4);
+  // A source is read only, whatever its type says.
+  auto* bytes = reinterpret_cast<unsigned char*>(const_cast<std::uint32_t*>(image.pixels.data()));
+  cairo_surface_t* surface =
+      cairo_image_surface_create_for_data(bytes, CAIRO_FORMAT_ARGB32, image.width, image.height, image.width * 4);
   cairo_matrix_t matrix;
   cairo_matrix_init(&matrix, 1 / xScale, 0, 0, 1 / yScale, -corner.x / xScale, -corner.y / yScale);
   cairo_set_source_surface(page_, surface, 0, 0);

@@ -1,5 +1,6 @@
-// What the player of a metafile meets, painted through Cairo. The player's units become pixels here; what lies far beyond
-// the picture is cut off before Cairo sees it, and all work is counted, so that no record takes unreasonably long.
+// What the player of a metafile meets, painted through Cairo. The player's units become pixels here; what lies far
+// beyond the picture is cut off before Cairo sees it, and all work is counted, so that no record takes unreasonably
+// long.
 #pragma once
 
 #include <cairo.h>

@@ -31,12 +31,10 @@ constexpr std::uint32_t played[]{
     0x012C, 0x0415, 0x0416, 0x0220,                                                                  // clips
     0x0213, 0x0214, 0x0324, 0x0325, 0x0538, 0x041B, 0x061C, 0x0418, 0x0817, 0x081A, 0x0830, 0x041F,  // shapes
     0x0521, 0x0A32,                                                                                  // texts
-    0x061D, 0x0228, 0x012B, 0x0940, 0x0B41, 0x0F43, 0x0D33};                                         // areas, bitmaps
-
+    0x061D, 0x0228, 0x012B, 0x0940, 0x0B41, 0x0F43, 0x0D33};
 bool isAmong(std::span<const std::uint32_t> functions, std::uint32_t function) {
   return std::find(functions.begin(), functions.end(), function) != functions.end();
 }
-// areas, bitmaps
 
 int signedWord(std::string_view bytes, std::size_t at) { return static_cast<std::int16_t>(littleEndian(bytes, at, 2)); }
 

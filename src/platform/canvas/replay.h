@@ -1,5 +1,5 @@
-// Plays a drawing on a painter of a screen or a file: follows the current point, the width and the font through the list,
-// joins lines that go on from one another to one stroke, and leaves out points that no eye tells apart.
+// Plays a drawing on a painter of a screen or a file: follows the current point, the width and the font through the
+// list, joins lines that go on from one another to one stroke, and leaves out points that no eye tells apart.
 #pragma once
 
 #include <algorithm>

@@ -60,7 +60,7 @@ std::string readPlaces(const AtRequest& request, std::istream& in, std::vector<P
 class Asker {
  public:
   explicit Asker(System& system)
-      : engine_(system.state()),
+      : engine_(static_cast<const EngineState&>(system.state())),
         level_(system.mainView().level),
         plume_({.model = engine_,
                 .query = engine_,

@@ -45,14 +45,16 @@ std::string readTrace(const std::string& file, std::vector<PlotPicture::TracePoi
   if (!lines) return file + ": can't be read";
   int number = 0;
   for (std::string line; std::getline(lines, line);) {
-    const std::string place = file + ":" + std::to_string(++number) + ": ";
+    const auto at = [&, place = ++number](const std::string& fault) {
+      return fmt::format("{}:{}: {}", file, place, fault);
+    };
     if (line.empty() || line[0] == '#') continue;
     const auto comma = line.find(',');
     const ParsedNumber x = parseNumber(line.substr(0, comma));
     const ParsedNumber y = parseNumber(comma == std::string::npos ? "" : line.substr(comma + 1));
-    if (!x.isNumber() || !y.isNumber()) return place + "\"" + line + "\" is no point";
-    if (!trace.empty() && trace.back().x == x.value && trace.back().y == y.value) return place + "the same point again";
-    if (trace.size() == tracePoints) return place + "a pipeline has " + std::to_string(tracePoints) + " points at most";
+    if (!x.isNumber() || !y.isNumber()) return at("\"" + line + "\" is no point");
+    if (!trace.empty() && trace.back().x == x.value && trace.back().y == y.value) return at("the same point again");
+    if (trace.size() == tracePoints) return at(fmt::format("a pipeline has {} points at most", tracePoints));
     trace.push_back({x.value, y.value});
   }
   return trace.size() < 2 ? file + ": a pipeline has two points at least" : "";

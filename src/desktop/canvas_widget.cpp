@@ -117,7 +117,8 @@ QPointF CanvasWidget::corner() const {
 QPointF CanvasWidget::pixelOf(double x, double y) const { return corner() + QPointF(x, y) * scale(); }
 
 QPointF CanvasWidget::placeOf(QPointF pixel) const {
-  const double pixels = canvas_ ? scale() : 0;
+  if (!canvas_) return {};
+  const double pixels = scale();
   return pixels > 0 ? (pixel - corner()) / pixels : QPointF();
 }
 

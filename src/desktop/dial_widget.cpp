@@ -36,7 +36,8 @@ QPointF DialWidget::pixelOf(double x, double y) const {
 }
 
 QPointF DialWidget::placeOf(QPointF pixel) const {
-  const double pixels = ground_ ? scale() : 0;
+  if (!ground_) return {};
+  const double pixels = scale();
   return pixels > 0 ? (pixel - QRectF(rect()).center()) / pixels + seen().center() : QPointF();
 }
 

@@ -51,7 +51,7 @@ KeyEvent keyEventOf(const QKeyEvent& key) {
   if (isLetter) name = QString(QChar(key.key())).toLower().toStdString();
   for (const auto& [modifier, before] :
        {std::pair{Qt::AltModifier, "Alt+"}, {Qt::ControlModifier, "Ctrl+"}, {Qt::ShiftModifier, "Shift+"}})
-    if (key.modifiers().testFlag(modifier)) name = before + name;
+    if (key.modifiers().testFlag(modifier)) name.insert(0, before);
   return {name};
 }
 

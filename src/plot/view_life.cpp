@@ -63,7 +63,8 @@ void PlotViewLife::Form_Load() {
   fields_.Drw1.setTag(click::none);
   for (Field* field : {&fields_.Xline.field, &fields_.GroundLvl, &fields_.mousetxt, &fields_.scleset})
     field->setVisible(false);
-  for (Field* field : {&fields_.mousetxt, &fields_.sclsdspl, &fields_.statuslbl}) field->setCaption("");
+  for (Field* field : {&fields_.mousetxt, &fields_.sclsdspl}) field->setCaption("");
+  fields_.statuslbl.setCaption("Choose a plot under \"" + menu_.insrtdwg.caption() + "\".");
   for (Field* field : {&fields_.lndFRme, &fields_.North_wndDialPic, &fields_.sclsdspl}) field->setVisible(true);
   sees_.query.drawMode = 0;
   takeLineWidth();

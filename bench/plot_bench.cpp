@@ -16,6 +16,7 @@
 #include <QApplication>
 
 #include "desktop/canvas_widget.h"
+#include "desktop/vector_state.h"
 #endif
 
 namespace {
@@ -63,6 +64,9 @@ struct Plot {
 void measure(benchmark::State& state, double mostSeconds, const std::function<void()>& work) {
   double total = 0;
   for ([[maybe_unused]] auto iteration : state) {
+#ifdef NOLDARZ_DESKTOP
+    clearVectorState();  // as the window does before it computes
+#endif
     const auto begin = Clock::now();
     work();
     const double time = seconds(Clock::now() - begin);
@@ -122,9 +126,13 @@ BENCHMARK(roseOnTheScreen)->Name("plot: rose, built and painted")->UseManualTime
 void builtListAgain(benchmark::State& state) {
   Plot plot;
   plot.run("click zardzone.DwgOnPic\nclick Drwfrm.fthiznt");
-  measure(state, 0.016, [&] { Screen{*plot.field("Drw1").canvas()}.paint(); });
+  Screen screen{*plot.field("Drw1").canvas()};
+  const auto begin = Clock::now();
+  screen.paint();
+  state.counters["first_ms"] = seconds(Clock::now() - begin) * 1e3;
+  measure(state, 0.016, [&] { screen.paint(); });
 }
-BENCHMARK(builtListAgain)->Name("plot: a built list painted")->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(builtListAgain)->Name("plot: a built list painted again")->UseManualTime()->Unit(benchmark::kMillisecond);
 #endif
 
 void chart(benchmark::State& state, const char* command, double most) {

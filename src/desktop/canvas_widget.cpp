@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "desktop/vector_state.h"
 #include "platform/canvas/stroke_clip.h"
 
 namespace noldarz {
@@ -35,7 +36,7 @@ class PixelPainter : public Painter {
                          std::max(stroke.width * strokePixel * scale_, pixel_),
                          Qt::SolidLine,
                          Qt::RoundCap,
-                         Qt::RoundJoin));
+                         points.size() > denseStroke ? Qt::BevelJoin : Qt::RoundJoin));
     painter_.setBrush(Qt::NoBrush);
     painter_.setRenderHint(QPainter::Antialiasing, !isStraight(points));
     for (const auto& piece : clipped(points, box_)) {
@@ -74,8 +75,9 @@ class PixelPainter : public Painter {
   QPointF on(Point point) const { return {point.x * scale_, point.y * scale_}; }
   QColor of(Colour colour) const { return onScreen(colour, palette_); }
 
-  static constexpr double margin = 10;    // mm, for the width of the strokes
-  static constexpr double leastText = 3;  // px
+  static constexpr std::size_t denseStroke = 100;  // points, from which on no eye sees the joins
+  static constexpr double margin = 10;             // mm, for the width of the strokes
+  static constexpr double leastText = 3;           // px
   QPainter painter_;
   double scale_;
   double pixel_;
@@ -156,6 +158,7 @@ void CanvasWidget::catchUp() {
 
 void CanvasWidget::paintEvent(QPaintEvent*) {
   if (!canvas_) return;
+  clearVectorState();
   canvas_->bringUpToDate();
   catchUp();
   QPainter painter(this);

@@ -22,6 +22,7 @@
 #include "desktop/forms.h"
 #include "desktop/help.h"
 #include "desktop/theme.h"
+#include "desktop/vector_state.h"
 #include "desktop/x11_window.h"
 #include "platform/canvas/drawing_file.h"
 #include "platform/canvas/picture_file.h"
@@ -127,6 +128,7 @@ void QtDesktop::deliver(const std::function<void()>& work) {
       sincePaint_.start();
     }
     const QScopedValueRollback<int> deeper{depth_, depth_ + 1};
+    clearVectorState();
     work();
   }
   followViews();

@@ -53,7 +53,7 @@ TEST(LocationQuery, tellsWhatArrivesAtAPlace) {
   ask.run("mouse down Drwfrm.Drw1 106 92 right\nmouse down Drwfrm.Drw1 100 100");
   const auto& texts = ask.drawing().texts;
   ASSERT_EQ(texts.size(), 6U);
-  // 100 m from the source, in any direction: worked out by hand from the formulas, 204.8846 ppm.
+  // 100 m from the source, in any direction: by the reference model 204.877656 ppm.
   EXPECT_EQ(texts[2], "  Distance : 100 m");
   EXPECT_EQ(texts[3], "  Conc.: 204.88 ppm");
   EXPECT_EQ(texts[4], "  Hazard LvL: Fatel Hazard");
@@ -113,7 +113,7 @@ TEST(ProfileCharts, drawTheConcentrationAlongTheAxis) {
     ASSERT_EQ(curve.size(), chart.samples);
     EXPECT_EQ(curve[0].x1, 10);
     EXPECT_NEAR(curve[99].x2, 10 + 100 / (strictNumber(chart.reach) / 180), 1e-9);
-    EXPECT_NEAR(curve[99].y2, 130 - 204.8846 / (2640.0 / 130), 1e-3);  // 100 m, worked out by hand
+    EXPECT_NEAR(curve[99].y2, 130 - 204.877656 / (2640.0 / 130), 1e-6);  // 100 m, by the reference model
   }
 }
 

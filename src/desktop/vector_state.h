@@ -1,5 +1,5 @@
-// Routines of the toolkit may leave the upper halves of the vector registers in use. The mathematics of the C library then
-// runs at a tenth of its speed on some processors, until they are cleared.
+// Routines of the toolkit may leave the upper halves of the vector registers in use. The mathematics of the C library
+// then runs at a tenth of its speed on some processors, until they are cleared.
 #pragma once
 
 namespace noldarz {

@@ -32,73 +32,24 @@ PlotPicture::PlotPicture(const Sees& sees)
                     .progress = progress_,
                     .desktop = desktop_}),
       share_({.shares = engine_, .in = sees.in, .result = result_, .desktop = desktop_}),
-      isopleths_({.plot = state_,
-                  .query = engine_,
-                  .model = engine_,
-                  .rawLimits = sees.rawLimits,
-                  .limits = sees.limits,
-                  .lineWidth = lineWidth_,
-                  .in = sees.in,
-                  .level = sees.level,
-                  .project = sees.project,
-                  .zone = zone_,
-                  .view = view_.fields,
-                  .menu = view_.menu,
-                  .progress = limitSearch_.profileProgress(),
-                  .plume = plume_,
-                  .outputs = outputs_,
-                  .desktop = desktop_}),
-      rose_({.plot = state_,
-             .rose = state_,
-             .shares = engine_,
-             .in = sees.in,
-             .level = sees.level,
-             .project = sees.project,
-             .zone = zone_,
-             .view = view_.fields,
-             .menu = view_.menu,
-             .wind = share_,
-             .desktop = desktop_}),
-      pipeline_({.plot = state_,
-                 .trace = state_,
-                 .query = engine_,
+      drawings_({.state = state_,
+                 .engineState = engine_,
+                 .search = toxicState_,
+                 .rawLimits = sees.rawLimits,
+                 .limits = sees.limits,
                  .lineWidth = lineWidth_,
+                 .in = sees.in,
                  .level = sees.level,
+                 .result = sees.result,
+                 .toxic = toxic_,
+                 .project = sees.project,
+                 .zone = zone_,
                  .view = view_,
-                 .desktop = desktop_}),
-      scale_({.plot = state_,
-              .clicks = state_,
-              .trace = state_,
-              .query = engine_,
-              .zone = zone_,
-              .view = view_,
-              .pipeline = pipeline_,
-              .desktop = desktop_}),
-      fit_({.plot = state_,
-            .clicks = state_,
-            .trace = state_,
-            .query = engine_,
-            .lineWidth = lineWidth_,
-            .in = sees.in,
-            .level = sees.level,
-            .zone = zone_,
-            .view = view_,
-            .scale = scale_,
-            .isopleths = isopleths_,
-            .rose = rose_,
-            .desktop = desktop_}),
-      charts_({.model = engine_,
-               .search = toxicState_,
-               .chart = state_,
-               .lineWidth = lineWidth_,
-               .level = sees.level,
-               .result = sees.result,
-               .toxic = toxic_,
-               .view = view_,
-               .plume = plume_,
-               .limits = limitSearch_,
-               .outputs = outputs_,
-               .desktop = desktop_}) {}
+                 .plume = plume_,
+                 .windShare = share_,
+                 .limitSearch = limitSearch_,
+                 .outputs = outputs_,
+                 .desktop = desktop_}) {}
 
 std::string PlotPicture::draw(const Wish& wish) {
   desktop_.forget();
@@ -111,8 +62,8 @@ std::string PlotPicture::draw(const Wish& wish) {
   view_.fields.canvas.Cls();
   bool drawn = false;
   switch (wish.kind) {
-    case PlotKind::concentration: drawn = charts_.drawConcProfile(); break;
-    case PlotKind::percent: drawn = charts_.drawPercentProfile(); break;
+    case PlotKind::concentration: drawn = drawings_.charts.drawConcProfile(); break;
+    case PlotKind::percent: drawn = drawings_.charts.drawPercentProfile(); break;
     case PlotKind::pipeline: drawn = drawPipeline(wish); break;
     default: drawn = drawZones(wish);
   }
@@ -138,7 +89,7 @@ bool PlotPicture::drawZones(const Wish& wish) {
   const Fit fit = wish.kind == PlotKind::elevation ? Fit::elevation
                   : wish.kind == PlotKind::rose    ? Fit::rose
                                                    : Fit::vertical;
-  const bool drawn = fit_.draw(fit, wish.wind);
+  const bool drawn = drawings_.fit.draw(fit, wish.wind);
   const bool tooMuchWind = fit == Fit::rose && engine_.windTotal > 100;  // of which the sectors know nothing
   return drawn && !tooMuchWind;
 }
@@ -154,13 +105,13 @@ bool PlotPicture::drawPipeline(const Wish& wish) {
                               (top->y - foot->y + 2 * r) / (wish.height - margin));
   const double middleX = (left->x + right->x) / 2;
   const double middleY = (foot->y + top->y) / 2;
-  pipeline_.pltFrPipe_Click();
+  drawings_.pipeline.pltFrPipe_Click();
   for (const TracePoint& point : wish.trace)
-    pipeline_.traceClick(wish.width / 2 + (point.x - middleX) / state_.plotScale,
-                         wish.height / 2 - (point.y - middleY) / state_.plotScale);
+    drawings_.pipeline.traceClick(wish.width / 2 + (point.x - middleX) / state_.plotScale,
+                                  wish.height / 2 - (point.y - middleY) / state_.plotScale);
   view_.fields.setTitle("NOLDA -RZ: Dispersion Model (Pipeline)");
   view_.fields.showScale(state_.plotScale);
-  return pipeline_.drawPipelineZones();
+  return drawings_.pipeline.drawPipelineZones();
 }
 
 }  // namespace noldarz

@@ -9,8 +9,7 @@
 
 #include "engine/progress.h"
 #include "platform/quiet_desktop.h"
-#include "plot/fit_commands.h"
-#include "plot/profile_charts.h"
+#include "plot/drawings.h"
 
 namespace noldarz {
 
@@ -75,12 +74,7 @@ class PlotPicture {
   Progress progress_;
   LimitSearch limitSearch_;
   WindShare share_;
-  IsoplethPlot isopleths_;
-  WindRose rose_;
-  Pipeline pipeline_;
-  ScaleDialog scale_;
-  FitCommands fit_;
-  ProfileCharts charts_;
+  PlotDrawings drawings_;
 };
 
 }  // namespace noldarz

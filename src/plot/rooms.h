@@ -1,11 +1,9 @@
 // The rooms of the plots, built and wired: the drawings, the dialog of the scale, and what the plot view does.
 #pragma once
 
-#include "plot/fit_commands.h"
+#include "plot/drawings.h"
 #include "plot/location_query.h"
-#include "plot/pipeline.h"
 #include "plot/pointer.h"
-#include "plot/profile_charts.h"
 #include "plot/view_commands.h"
 #include "plot/view_life.h"
 
@@ -37,13 +35,8 @@ struct PlotRooms {
   };
   explicit PlotRooms(const Sees& sees);
 
-  IsoplethPlot isopleths;
-  WindRose rose;
-  Pipeline pipeline;
-  ScaleDialog scale;
-  FitCommands fit;
+  PlotDrawings drawings;
   LocationQuery location;
-  ProfileCharts charts;
   PlotPointer pointer;
   PlotViewCommands commands;
   PlotViewLife life;

@@ -64,7 +64,7 @@ System::System(Desktop& desktop, Folders folders, const PressPorts* ports)
                  .studyState = state_,
                  .state = state_,
                  .contours = state_,
-                 .windRoseTable = [this] { plot_.rose.windRoseTable(); },
+                 .windRoseTable = [this] { plot_.drawings.rose.windRoseTable(); },
                  .study = study_,
                  .engine = engine_,
                  .toxic = toxic_,

@@ -1,30 +1,22 @@
-// What a user waits for while he looks at zones: lists built and painted, charts, an answer under the pointer, places by
-// the million. `ratio` is the time over what it may take; a release whose clouds reach 10 km.
+// What a user waits for while he looks at zones: lists built and painted, charts, an answer under the pointer, places
+// by the million. `ratio` is the time over what it may take; a release whose clouds reach 10 km.
 
-#include <benchmark/benchmark.h>
-
-#include <chrono>
 #include <cstdio>
 #include <fstream>
-#include <functional>
 #include <sstream>
 #include <string>
 
+#include "bench/measure.h"
 #include "cli/at.h"
 #include "cli/script.h"
 #ifdef NOLDARZ_DESKTOP
-#include <QApplication>
-
 #include "desktop/canvas_widget.h"
-#include "desktop/vector_state.h"
 #endif
 
 namespace {
 
 using namespace noldarz;
-using Clock = std::chrono::steady_clock;
-
-double seconds(Clock::duration duration) { return std::chrono::duration<double>(duration).count(); }
+using namespace noldarz::bench;
 
 const char* const release = R"(
 set scnrotypetxt PLUME
@@ -60,22 +52,6 @@ struct Plot {
   ScriptSession session;
 };
 
-/// Fires a command over and over; its mean time over `mostSeconds` is the ratio.
-void measure(benchmark::State& state, double mostSeconds, const std::function<void()>& work) {
-  double total = 0;
-  for ([[maybe_unused]] auto iteration : state) {
-#ifdef NOLDARZ_DESKTOP
-    clearVectorState();  // as the window does before it computes
-#endif
-    const auto begin = Clock::now();
-    work();
-    const double time = seconds(Clock::now() - begin);
-    total += time;
-    state.SetIterationTime(time);
-  }
-  state.counters["ratio"] = total / static_cast<double>(state.iterations()) / mostSeconds;
-}
-
 #ifdef NOLDARZ_DESKTOP
 /// Paints a canvas as the window does.
 class Screen {
@@ -84,16 +60,7 @@ class Screen {
   void paint() { benchmark::DoNotOptimize(widget_.grab().cacheKey()); }
 
  private:
-  static QApplication& application() {
-    static int count = 3;
-    static char name[] = "bench";
-    static char option[] = "-platform";
-    static char platform[] = "offscreen";
-    static char* words[] = {name, option, platform, nullptr};
-    static QApplication application(count, words);
-    return application;
-  }
-  QApplication& application_ = application();
+  QApplication& application_ = bench::application();
   CanvasWidget widget_;
 };
 

@@ -16,10 +16,13 @@
 #include <string>
 #include <vector>
 
+#include "bench/measure.h"
+
 namespace {
 
 namespace fs = std::filesystem;
-using Clock = std::chrono::steady_clock;
+using noldarz::bench::Clock;
+using noldarz::bench::medianOf;
 
 constexpr double wantedSeconds = 0.015;
 
@@ -41,11 +44,6 @@ double timedProcess(std::vector<std::string> words, long* memory = nullptr) {
     throw std::runtime_error(words[0] + " did not run");
   if (memory) *memory = std::max(*memory, usage.ru_maxrss);
   return std::chrono::duration<double>(Clock::now() - begin).count();
-}
-
-double medianOf(std::vector<double> values) {
-  std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2), values.end());
-  return values[values.size() / 2];
 }
 
 void runOnTheExampleStudy(benchmark::State& state) {

@@ -33,7 +33,8 @@ void readStudyText(Chance& chance);
 void openStranger(Chance& chance);
 void runQuery(Chance& chance);
 void useProgram(Chance& chance);
-/// The bytes of the case are the file.
+/// The bytes of the case are the file, here and below.
+void readDrawing(Chance& chance);
 void readPicture(Chance& chance);
 
 }  // namespace noldarz::fuzz

@@ -3,10 +3,9 @@
 #include <fmt/format.h>
 
 #include <cmath>
-#include <fstream>
 #include <iterator>
-#include <optional>
 
+#include "cli/points.h"
 #include "platform/failure.h"
 #include "platform/text.h"
 #include "platform/visible_text.h"
@@ -16,44 +15,19 @@ namespace noldarz {
 
 namespace {
 
-struct Place {
-  double x = 0;  ///< m from the source
-  double y = 0;  ///< m from the source
-};
-
-/// "X" or "X,Y"; nothing for any other text.
-std::optional<Place> placeOf(std::string_view text) {
-  const auto comma = text.find(',');
-  const ParsedNumber x = parseNumber(text.substr(0, comma));
-  const ParsedNumber y = comma == std::string_view::npos ? parseNumber("0") : parseNumber(text.substr(comma + 1));
-  if (!x.isNumber() || !y.isNumber() || !std::isfinite(std::hypot(x.value, y.value))) return {};
-  return Place{x.value, y.value};
-}
+constexpr const char* whatIsRead = "place: X or X,Y in metres";
 
 /// Reads the places of the request. Empty, or the fault.
-std::string readPlaces(const AtRequest& request, std::istream& in, std::vector<Place>& places) {
+std::string readPlaces(const AtRequest& request, std::istream& in, std::vector<GivenPoint>& places) {
   for (const std::string& word : request.places) {
     const auto place = placeOf(word);
-    if (!place) return "\"" + word + "\" is no place: X or X,Y in metres";
+    if (!place) return "\"" + word + "\" is no " + whatIsRead;
     places.push_back(*place);
   }
   if (request.file.empty()) return places.empty() ? "no place is given" : "";
   if (request.file == "-" && request.target == "-") return "--points and the script can't both be standard input";
-  std::ifstream file;
-  if (request.file != "-") file.open(request.file);
-  if (request.file != "-" && !file) return request.file + ": can't be read";
-  std::istream& lines = request.file == "-" ? in : file;
-  std::size_t number = 0;
-  for (std::string line; std::getline(lines, line);) {
-    ++number;
-    if (line.ends_with('\r')) line.pop_back();
-    if (line.empty() || line[0] == '#') continue;
-    const auto place = placeOf(line);
-    if (!place) return fmt::format("{}:{}: \"{}\" is no place: X or X,Y in metres", request.file, number, line);
-    places.push_back(*place);
-  }
-  if (lines.bad()) return request.file + ": can't be read";
-  return places.empty() ? request.file + ": holds no place" : "";
+  const std::string fault = readPoints(request.file, &in, placeOf, whatIsRead, places);
+  return fault.empty() && places.empty() ? request.file + ": holds no place" : fault;
 }
 
 /// The point query on a state of its own.
@@ -71,7 +45,7 @@ class Asker {
   }
 
   /// Distance from the source (m).
-  double distance(const Place& place) { return engine_.distAt = rounded(std::hypot(place.x, place.y), 2); }
+  double distance(const GivenPoint& place) { return engine_.distAt = rounded(std::hypot(place.x, place.y), 2); }
   /// Concentration there (ppm); false on the source itself, and where the inputs give none.
   bool concentration(double& ppm) {
     if (engine_.distAt <= 0) return false;
@@ -119,7 +93,7 @@ Layout layoutOf(ReportFormat format) {
   }
 }
 
-void print(const std::vector<Place>& places, System& system, ReportFormat format, std::ostream& out) {
+void print(const std::vector<GivenPoint>& places, System& system, ReportFormat format, std::ostream& out) {
   constexpr std::size_t chunk = 1U << 16U;
   const Layout layout = layoutOf(format);
   Asker asker{system};
@@ -149,7 +123,7 @@ bool isPlace(std::string_view word) { return placeOf(word).has_value(); }
 
 ExitStatus tellPlaces(const AtRequest& request, std::istream& in, std::ostream& out, std::ostream& errors,
                       const Folders& folders) {
-  std::vector<Place> places;
+  std::vector<GivenPoint> places;
   if (const std::string fault = readPlaces(request, in, places); !fault.empty()) {
     errors << visibleText(fault) << '\n';
     return ExitStatus::refused;

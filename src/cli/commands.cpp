@@ -234,7 +234,33 @@ void key(ScriptSession& session, const Words& words) {
   field.view().key(field, {words[2]});
 }
 
+/// The CAD drawing that the zone view drives, in the place of a field of it.
+constexpr std::string_view cadField{"zardzone.cad"};
+
+DxfDrawing& cadDrawing(ScriptSession& session) {
+  const auto open = session.cad().current();
+  if (!open) throw ScriptError("no CAD drawing is open");
+  return *open;
+}
+
+void save(ScriptSession& session, const Words& words) {
+  if (words[1] != cadField) throw ScriptError("the field " + words[1] + " is no CAD drawing");
+  DxfDrawing& drawing = cadDrawing(session);
+  try {
+    if (words.size() == 3)
+      drawing.saveAs(session.startFolder() / words[2]);
+    else
+      drawing.save();
+  } catch (const CadFailure& failure) {
+    throw ScriptError(failure.what());
+  }
+}
+
 void drawing(ScriptSession& session, const Words& words) {
+  if (words[1] == cadField) {
+    const Json entities = entitiesJson(cadDrawing(session).added());
+    return session.print(dumped({{"drawing", cadField}, {"entities", entities}}));
+  }
   const Field& field = fieldNamed(session, words[1]);
   if (!field.canvas()) throw ScriptError("the field " + field.fullName() + " is no canvas");
   field.canvas()->bringUpToDate();
@@ -365,7 +391,7 @@ constexpr std::array commands{
     Command{"state", 1, any, state},     Command{"table", 0, 0, table},     Command{"start", 0, 0, start},
     Command{"rows", 1, 1, rows},         Command{"setting", 3, 3, setting}, Command{"close", 0, 1, close},
     Command{"echo", 1, 1, echo},         Command{"mouse", 4, 5, mouse},     Command{"key", 2, 2, key},
-    Command{"drawing", 1, 1, drawing},
+    Command{"drawing", 1, 1, drawing},   Command{"save", 1, 2, save},
 };
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "cli/at.h"
+#include "cli/map.h"
 #include "cli/plot.h"
 #include "cli/record_json.h"
 #include "cli/run.h"
@@ -141,6 +142,27 @@ CLI::App* addAt(CLI::App& app, noldarz::AtRequest& request) {
   return at;
 }
 
+/// And of `map`.
+CLI::App* addMap(CLI::App& app, noldarz::MapRequest& request) {
+  auto* map = app.add_subcommand("map", "Compute as run does, and map the zones into a CAD drawing");
+  addTarget(*map, request);
+  map->add_option("--drawing", request.drawing, "Drawing to map into: DXF, or DWG where a converter is installed")
+      ->required();
+  map->add_option("--at", request.at, "Source: X,Y in drawing units")->required();
+  map->add_option("--wind", request.wind, "Where the wind blows to: degrees, 0 up, clockwise")
+      ->required()
+      ->check(CLI::Range(0, noldarz::wholeTurn));
+  map->add_option("--scale", request.scale, "Drawing units per metre")->required();
+  map->add_option(
+      "--locations", request.locations, "Places to mark with what arrives there: X,Y in drawing units a line");
+  map->add_option("-o,--output", request.file, "Drawing to write, .dxf or .dwg")->required();
+  map->footer(
+      "Exit status: 0 written, 1 no valid run, no study to open or a drawing that can't be mapped into, 2 a request "
+      "that "
+      "can't be taken");
+  return map;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) try {
@@ -160,6 +182,8 @@ int main(int argc, char** argv) try {
   const auto* atCommand = addAt(app, atRequest);
   noldarz::PlotRequest plotRequest;
   const auto* plotCommand = addPlot(app, plotRequest);
+  noldarz::MapRequest mapRequest;
+  const auto* mapCommand = addMap(app, mapRequest);
 
   std::string source;
   bool force = false;
@@ -183,6 +207,7 @@ int main(int argc, char** argv) try {
   if (runCommand->parsed()) status = noldarz::runAndReport(request, NOLDARZ_VERSION, std::cout, std::cerr);
   if (atCommand->parsed()) status = noldarz::tellPlaces(atRequest, std::cin, std::cout, std::cerr);
   if (plotCommand->parsed()) status = noldarz::plotToFile(plotRequest, NOLDARZ_VERSION, std::cerr);
+  if (mapCommand->parsed()) status = noldarz::mapIntoDrawing(mapRequest, std::cerr);
   if (create->parsed()) status = noldarz::createStudy(file, source, force, std::cerr);
   if (exportCommand->parsed()) status = noldarz::exportStudy(file, std::cout, std::cerr);
   if (check->parsed()) status = noldarz::checkStudy(file, std::cout, std::cerr);

@@ -2,10 +2,11 @@
 
 #include <fmt/format.h>
 
-#include <fstream>
+#include <algorithm>
 #include <ostream>
 #include <utility>
 
+#include "cli/points.h"
 #include "platform/canvas/drawing_kind.h"
 #include "platform/text.h"
 #include "platform/visible_text.h"
@@ -41,23 +42,14 @@ std::optional<Page> pageOf(const std::string& size) {
 
 /// Reads the points of a pipeline. Empty, or the fault.
 std::string readTrace(const std::string& file, std::vector<PlotPicture::TracePoint>& trace) {
-  std::ifstream lines(file);
-  if (!lines) return file + ": can't be read";
-  int number = 0;
-  for (std::string line; std::getline(lines, line);) {
-    const auto at = [&, place = ++number](const std::string& fault) {
-      return fmt::format("{}:{}: {}", file, place, fault);
-    };
-    if (line.empty() || line[0] == '#') continue;
-    const auto comma = line.find(',');
-    const ParsedNumber x = parseNumber(line.substr(0, comma));
-    const ParsedNumber y = parseNumber(comma == std::string::npos ? "" : line.substr(comma + 1));
-    if (!x.isNumber() || !y.isNumber()) return at("\"" + line + "\" is no point");
-    if (!trace.empty() && trace.back().x == x.value && trace.back().y == y.value) return at("the same point again");
-    if (trace.size() == tracePoints) return at(fmt::format("a pipeline has {} points at most", tracePoints));
-    trace.push_back({x.value, y.value});
-  }
-  return trace.size() < 2 ? file + ": a pipeline has two points at least" : "";
+  std::vector<GivenPoint> points;
+  if (std::string fault = readPoints(file, nullptr, pointOf, "point: X,Y in metres", points); !fault.empty())
+    return fault;
+  if (points.size() < 2) return file + ": a pipeline has two points at least";
+  if (points.size() > tracePoints) return fmt::format("{}: a pipeline has {} points at most", file, tracePoints);
+  if (std::ranges::adjacent_find(points) != points.end()) return file + ": the same point twice in a row";
+  for (const GivenPoint& point : points) trace.push_back({point.x, point.y});
+  return "";
 }
 
 /// The levels that are chosen; nothing when an index is none of a level.

@@ -20,7 +20,7 @@ struct BoxShown {
 };
 
 struct DialogShown {
-  std::string_view kind;  ///< "open", "save" or "printer"
+  std::string_view kind;  ///< "open", "save", "printer", or "point" of a CAD drawing
   FileDialog dialog;
   std::string reply;
 };

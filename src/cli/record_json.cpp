@@ -11,7 +11,7 @@ namespace {
 std::string line(const std::string& json) { return escapedText(json, Escapes::json) + '\n'; }
 
 Json dialogJson(const DialogShown& shown) {
-  if (shown.kind == "printer") return {{"kind", shown.kind}, {"reply", shown.reply}};
+  if (shown.kind == "printer" || shown.kind == "point") return {{"kind", shown.kind}, {"reply", shown.reply}};
   return {{"kind", shown.kind},
           {"title", shown.dialog.title},
           {"filter", shown.dialog.filter},
@@ -54,6 +54,52 @@ Json numberJson(double value) {
   constexpr double exact = 1e15;
   const bool whole = std::abs(value) < exact && std::trunc(value) == value;
   return whole ? Json(static_cast<std::int64_t>(value)) : Json(value);
+}
+
+namespace {
+
+Json pointsJson(const std::vector<CadPoint>& points) {
+  Json rows = Json::array();
+  for (const CadPoint& p : points) rows.push_back({numberJson(p.x), numberJson(p.y), numberJson(p.z)});
+  return rows;
+}
+
+/// Of an entity its kind, then layer and colour, then numbers and text.
+struct EntityToJson {
+  const AddedEntity& entity;
+
+  Json row(const char* kind, std::initializer_list<double> numbers) const {
+    Json row = Json::array({kind, entity.layer, entity.colour});
+    for (const double number : numbers) row.push_back(numberJson(number));
+    return row;
+  }
+  Json operator()(const AddedLine& line) const {
+    return row("Line", {line.start.x, line.start.y, line.start.z, line.end.x, line.end.y, line.end.z});
+  }
+  Json operator()(const AddedCircle& circle) const {
+    return row("Circle", {circle.centre.x, circle.centre.y, circle.centre.z, circle.radius});
+  }
+  Json operator()(const AddedText& text) const {
+    Json shown = row("Text", {text.at.x, text.at.y, text.at.z, text.height});
+    shown.push_back(text.text);
+    return shown;
+  }
+  Json operator()(const AddedSpline& spline) const {
+    Json shown = row("Spline", {});
+    shown.push_back({{"fit", pointsJson(spline.fit)},
+                     {"turned", numberJson(spline.turned)},
+                     {"control", pointsJson(spline.curve.control())},
+                     {"area", numberJson(spline.curve.area())}});
+    return shown;
+  }
+};
+
+}  // namespace
+
+Json entitiesJson(const std::deque<AddedEntity>& entities) {
+  Json rows = Json::array();
+  for (const AddedEntity& entity : entities) rows.push_back(std::visit(EntityToJson{entity}, entity.shape));
+  return rows;
 }
 
 Json primitivesJson(const Drawing& drawing) {

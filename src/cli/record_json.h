@@ -1,10 +1,12 @@
 // The record of a script as JSON, one object a line. The script front and `run --json` print it.
 #pragma once
 
+#include <deque>
 #include <nlohmann/json.hpp>
 #include <string>
 
 #include "cli/record.h"
+#include "platform/cad/entities.h"
 #include "platform/canvas/canvas.h"
 
 namespace noldarz {
@@ -25,5 +27,7 @@ Json numberJson(double value);
 
 /// The primitives of a drawing, in order: ["Line", x1, y1, x2, y2, colour].
 Json primitivesJson(const Drawing& drawing);
+/// What was added to a CAD drawing, in order: ["Circle", layer, colour index, x, y, z, radius].
+Json entitiesJson(const std::deque<AddedEntity>& entities);
 
 }  // namespace noldarz

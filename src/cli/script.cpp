@@ -35,7 +35,8 @@ ScriptSession::ScriptSession(TakeEntry record, Folders folders)
     : record_(std::move(record)),
       folders_(std::move(folders)),
       startFolder_(std::filesystem::current_path()),
-      desktop_(record_) {
+      desktop_(record_),
+      cad_(desktop_, [this] { return namedConverter(folders_); }) {
   makeSystem();
   system_->mainView().view.show();
   paint();
@@ -43,7 +44,7 @@ ScriptSession::ScriptSession(TakeEntry record, Folders folders)
 
 void ScriptSession::makeSystem() {
   desktop_.forgetFields();
-  system_ = std::make_unique<System>(desktop_, folders_);
+  system_ = std::make_unique<System>(desktop_, cad_, folders_);
   for (const auto& [key, value] : presets_) system_->settings().preset(key[0], key[1], key[2], value);
   desktop_.watchTimers(system_->views());
 }

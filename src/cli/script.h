@@ -61,6 +61,9 @@ class ScriptSession {
 
   System& system() { return *system_; }
   ScriptedDesktop& desktop() { return desktop_; }
+  DxfCad& cad() { return cad_; }
+  /// The folder in which the session began.
+  const std::filesystem::path& startFolder() const { return startFolder_; }
   /// A JSON object that a command prints.
   void print(std::string json) const { record_(Printed{std::move(json)}); }
 
@@ -72,6 +75,7 @@ class ScriptSession {
   Folders folders_;
   std::filesystem::path startFolder_;
   ScriptedDesktop desktop_;
+  DxfCad cad_;
   std::unique_ptr<System> system_;
   std::map<std::array<std::string, 3>, std::string> presets_;
   bool started_ = false;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "cli/picture_module.h"
+#include "cli/points.h"
 #include "cli/script_error.h"
 #include "platform/failure.h"
 #include "platform/process.h"
@@ -114,6 +115,37 @@ std::shared_ptr<const Image> ScriptedDesktop::loadPicture(const std::filesystem:
 
 void ScriptedDesktop::saveDrawing(const std::filesystem::path& file, const DrawingFile& what) {
   pictureModule().write(file, what);
+}
+
+void ScriptedDesktop::show(const std::shared_ptr<DxfDrawing>& drawing) {
+  if (std::find(drawings_.begin(), drawings_.end(), drawing) == drawings_.end()) drawings_.push_back(drawing);
+}
+
+CadPoint ScriptedDesktop::pickPoint(DxfDrawing&) {
+  const std::string reply = nextReply().value_or("cancel");
+  record_(DialogShown{"point", {}, reply});
+  if (reply == "cancel") throw CadFailure("No point was picked.", FailureNumber::cancelled);
+  const auto point = pointOf(reply);
+  if (!point) throw ScriptError("the pick of a point does not take the reply \"" + reply + "\"");
+  return {point->x, point->y, 0};
+}
+
+void ScriptedDesktop::drop(DxfDrawing& drawing) {
+  std::erase_if(drawings_, [&](const auto& shown) { return shown.get() == &drawing; });
+}
+
+void ScriptedDesktop::quit() {
+  const auto drawings = std::exchange(drawings_, {});
+  for (const auto& drawing : drawings) {
+    drawing->close();
+    if (!drawing->modified()) continue;
+    MessageBox box = information("Save the changes to \"" + drawing->name() + "\"?");
+    box.buttons = Buttons::yesNo;
+    box.defaultReply = Reply::no;
+    if (messageBox(box) != Reply::yes) continue;
+    Trap{[this](const RuntimeFailure& failure) { messageBox(critical(failure.what())); }}.step(
+        [&] { drawing->save(); });
+  }
 }
 
 void ScriptedDesktop::runTimers(std::optional<double> milliseconds) {

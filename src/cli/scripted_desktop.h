@@ -1,5 +1,6 @@
-// A desktop without a screen: boxes and dialogs take their replies from a queue and go on the record, the focus moves
-// with the events of a real screen, timers run on a clock of their own. The script front and the tests use it.
+// A desktop, and a CAD, without a screen: boxes, dialogs and picked points take their replies from a queue and go on
+// the record, the focus moves with the events of a real screen, timers run on a clock of their own. The script front
+// and the tests use it.
 #pragma once
 
 #include <deque>
@@ -9,6 +10,7 @@
 #include <vector>
 
 #include "cli/record.h"
+#include "platform/cad/dxf_drawing.h"
 #include "platform/desktop.h"
 #include "platform/focus.h"
 #include "platform/timers.h"
@@ -16,12 +18,13 @@
 
 namespace noldarz {
 
-class ScriptedDesktop : public Desktop {
+class ScriptedDesktop : public Desktop, public CadScreen {
  public:
   explicit ScriptedDesktop(TakeEntry record)
       : record_(std::move(record)), timers_([this] { return now_; }, [](Field& timer) { timer.fire(Event::timer); }) {}
 
-  /// Queues the reply to the next box ("yes", "no", "ok") or dialog ("ok", "cancel", a path).
+  /// Queues the reply to the next box ("yes", "no", "ok"), dialog ("ok", "cancel", a path) or pick of a point ("X,Y",
+  /// "cancel").
   void queueReply(std::string reply) { replies_.push_back(std::move(reply)); }
 
   /// What answers a question, a box of Yes and No, for which no reply is queued.
@@ -47,6 +50,14 @@ class ScriptedDesktop : public Desktop {
   /// Both load the module of pictures (picture_module.h).
   std::shared_ptr<const Image> loadPicture(const std::filesystem::path& file) override;
   void saveDrawing(const std::filesystem::path& file, const DrawingFile& what) override;
+
+  void show(const std::shared_ptr<DxfDrawing>& drawing) override;
+  /// A pick with no queued reply is given up.
+  CadPoint pickPoint(DxfDrawing& drawing) override;
+  void redraw(DxfDrawing&) override {}
+  void drop(DxfDrawing& drawing) override;
+  /// The question whether additions are to be saved has No as its default.
+  void quit() override;
 
   Pointer pointer() const { return pointer_; }
 
@@ -76,6 +87,7 @@ class ScriptedDesktop : public Desktop {
   Focus focus_;
   double now_ = 0;  // ms
   Timers timers_;
+  std::vector<std::shared_ptr<DxfDrawing>> drawings_;  // in the order in which they were shown first
 };
 
 }  // namespace noldarz

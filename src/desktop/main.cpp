@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <iostream>
 
-#include "desktop/qt_desktop.h"
+#include "desktop/cad_windows.h"
 #include "system/system.h"
 
 namespace {
@@ -60,8 +60,11 @@ int main(int argc, char** argv) {
     std::cerr << folder.string() << ": " << error.message() << '\n';
     return refused;
   }
+  const noldarz::Folders folders = noldarz::Folders::ofUser();
   noldarz::QtDesktop desktop;
-  noldarz::System system{desktop, noldarz::Folders::ofUser()};
+  noldarz::CadWindows drawings{desktop};
+  noldarz::DxfCad cad{drawings, [&] { return noldarz::namedConverter(folders); }};
+  noldarz::System system{desktop, cad, folders};
   desktop.attach(system.views(), system.settings());
   desktop.deliver([&] { system.start(); });
   return system.views().open().empty() ? 0 : QApplication::exec();

@@ -4,14 +4,17 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QStandardPaths>
 #include <QWindow>
 #include <algorithm>
 #include <array>
@@ -45,12 +48,28 @@ void fill(QMessageBox& message, const MessageBox& box) {
   message.setDefaultButton(box.defaultReply == Reply::yes ? QMessageBox::Yes : QMessageBox::No);
 }
 
+/// Where a user looks for a file first.
+QString firstFolder() {
+  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  return QDir(documents).exists() ? documents : QDir::homePath();
+}
+
+/// "Pictures|*.gif;*.bmp|..." as the toolkit writes it; a filter without patterns is its own.
+QStringList nameFilters(const QString& filter) {
+  const QStringList parts = filter.split('|');
+  QStringList filters;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
+    filters << parts[i].section(" (", 0, 0) + " (" + QString(parts[i + 1]).replace(';', ' ') + ")";
+  return filters.isEmpty() ? QStringList{filter} : filters;
+}
+
 }  // namespace
 
 QtDesktop::QtDesktop()
     : timers_([this] { return static_cast<double>(clock_.elapsed()); },
               [this](Field& timer) { deliver([&] { timer.fire(Event::timer); }); }, [this] { followTimers(); }) {
   followTheme();
+  folder_ = firstFolder();
   clock_.start();
   nextTimer_.setSingleShot(true);
   QObject::connect(&nextTimer_, &QTimer::timeout, &nextTimer_, [this] {
@@ -96,11 +115,7 @@ void QtDesktop::makeWindow(View& view) {
     window.setWindowFlag(Qt::Dialog);
     window.setAttribute(Qt::WA_ShowWithoutActivating);
   }
-  if (window.findChild<QMenuBar*>())
-    addHelp(window, [this](const auto& work) {
-      const QScopedValueRollback<bool> open{boxOpen_, true};
-      work();
-    });
+  if (window.findChild<QMenuBar*>()) addHelp(window, [this](const auto& work) { waitForUser(work); });
   bound.binder = std::make_unique<Binder>(view,
                                           window,
                                           Binder::Front{[this](Field& field) { return focusArrived(field); },
@@ -149,7 +164,12 @@ void QtDesktop::followViews() {
     if (view->visible() && bound.form->follow) bound.form->follow(*bound.window);
   }
   followFront();
-  if (depth_ == 0 && views_->open().empty()) QApplication::quit();
+  if (depth_ == 0 && views_->open().empty()) end();
+}
+
+void QtDesktop::end() {
+  if (const auto ask = std::exchange(beforeEnd_, nullptr)) waitForUser(ask);
+  QApplication::quit();
 }
 
 void QtDesktop::followFront() {
@@ -158,6 +178,16 @@ void QtDesktop::followFront() {
   if (!front_ || front_ == before || front_->isActiveWindow()) return;
   windowOf(front_->view())->raise();
   windowOf(front_->view())->activateWindow();
+}
+
+void QtDesktop::returnToFront() {
+  constexpr int arrival = 200;  // ms
+  QTimer::singleShot(arrival, &later_, [this] {
+    ViewWindow* front = busy() ? nullptr : frontWindow();
+    if (!front) return;
+    front->raise();
+    front->activateWindow();
+  });
 }
 
 void QtDesktop::windowArrived(View& view) {
@@ -222,28 +252,46 @@ Reply QtDesktop::messageBox(const MessageBox& box) {
 }
 
 Reply QtDesktop::show(QMessageBox& message, const MessageBox& box) {
-  const QScopedValueRollback<bool> open{boxOpen_, true};
-  const Pointer before = pointer_;
-  setPointer(Pointer::standard);
-  const int button = message.exec();
-  setPointer(before);
-  sincePaint_.start();  // the time of the user is not that of the logic
+  int button = 0;
+  waitForUser([&] { button = message.exec(); });
   if (button == QMessageBox::Yes) return Reply::yes;
   if (button == QMessageBox::No) return Reply::no;
   return box.defaultReply;
+}
+
+void QtDesktop::waitForUser(const std::function<void()>& wait) {
+  const QScopedValueRollback<bool> open{boxOpen_, true};
+  const Pointer before = pointer_;
+  setPointer(Pointer::standard);
+  const auto goOn = qScopeGuard([&] {
+    setPointer(before);
+    sincePaint_.start();  // the time of the user is not that of the logic
+    clearVectorState();
+  });
+  wait();
+}
+
+void QtDesktop::whileUserWorks(const std::function<void()>& wait) {
+  if (depth_ > 0) followViews();
+  waitForUser(wait);
 }
 
 std::filesystem::path QtDesktop::fileDialog(const FileDialog& dialog) {
   const QScopedValueRollback<bool> open{boxOpen_, true};
   QFileDialog chooser(QApplication::activeWindow(), qt(dialog.title));
   chooser.setAcceptMode(dialog.kind == FileDialog::Kind::open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
-  const QStringList filter = qt(dialog.filter).split('|');
   if (dialog.kind == FileDialog::Kind::open) chooser.setFileMode(QFileDialog::ExistingFile);
-  chooser.setNameFilter(filter.size() > 1 ? filter[0] + " (" + QString(filter[1]).replace(';', ' ') + ")"
-                                          : qt(dialog.filter));
+  chooser.setDirectory(folder_);
+  chooser.setNameFilters(nameFilters(qt(dialog.filter)));
   chooser.setDefaultSuffix(qt(dialog.extension).section(';', 0, 0));
+  // The suffix follows the kind of file that the user chooses.
+  QObject::connect(&chooser, &QFileDialog::filterSelected, &chooser, [&chooser](const QString& filter) {
+    const QString suffix = filter.section("*.", 1, 1).section(' ', 0, 0).section(')', 0, 0);
+    chooser.setDefaultSuffix(suffix);
+  });
   chooser.selectFile(qt(dialog.name));
   if (chooser.exec() != QDialog::Accepted || chooser.selectedFiles().isEmpty()) fail(FailureNumber::cancelled);
+  folder_ = chooser.directory().absolutePath();
   return chooser.selectedFiles().first().toStdString();
 }
 

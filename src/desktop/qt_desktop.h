@@ -42,6 +42,16 @@ class QtDesktop : public Desktop {
   std::shared_ptr<const Image> loadPicture(const std::filesystem::path& file) override;
   void saveDrawing(const std::filesystem::path& file, const DrawingFile& what) override;
 
+  /// Lets the user work in a window that is no view's: the screen follows the views first, and nothing of the logic
+  /// happens until `wait` has returned. Fails as `wait` does.
+  void whileUserWorks(const std::function<void()>& wait);
+  /// Brings the view in front back to the front of the screen, once the window of something else has come up.
+  void returnToFront();
+  /// Asks what is to be asked before the program ends.
+  void beforeEnd(std::function<void()> ask) { beforeEnd_ = std::move(ask); }
+  /// Null before a system is attached.
+  const Settings* settings() const { return settings_; }
+
   /// Runs a piece of the logic; the screen then follows what it has changed.
   void deliver(const std::function<void()>& work);
   ViewWindow* windowOf(const View& view) const;
@@ -59,6 +69,10 @@ class QtDesktop : public Desktop {
   /// Whether a piece of the logic runs, or waits in a box.
   bool busy() const { return boxOpen_ || depth_ > 0; }
   Reply show(QMessageBox& message, const MessageBox& box);
+  /// Runs what waits for the user: the pointer is his, and nothing of the logic happens meanwhile.
+  void waitForUser(const std::function<void()>& wait);
+  /// The last view has closed.
+  void end();
   /// The user acts: what his last step has asked for is done before.
   void settle();
   /// Waits for the timer that falls due next.
@@ -82,6 +96,7 @@ class QtDesktop : public Desktop {
 
   Views* views_ = nullptr;
   const Settings* settings_ = nullptr;
+  std::function<void()> beforeEnd_;
   std::map<const View*, Bound> bound_;
   Focus focus_;
   QElapsedTimer clock_;
@@ -96,6 +111,7 @@ class QtDesktop : public Desktop {
   QSet<QString> seen_;    // texts of boxes, since the piece of the logic began
   QSet<QString> muted_;   // of those the ones that the user wants no more
   Pointer pointer_ = Pointer::standard;
+  QString folder_;            // of the file that was chosen last; empty: none was
   QElapsedTimer sincePaint_;  // or since the piece of the logic began
 };
 

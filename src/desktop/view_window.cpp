@@ -3,19 +3,12 @@
 #include <QCloseEvent>
 #include <QLayout>
 #include <QScreen>
-#include <iostream>
 
 #include "desktop/form_sizes.h"
 #include "desktop/page.h"
+#include "desktop/window_place.h"
 
 namespace noldarz {
-
-namespace {
-
-constexpr const char* application = "noldarz";
-constexpr const char* section = "window";
-
-}  // namespace
 
 ViewWindow::ViewWindow(View& view, const Settings& settings, Front front)
     : view_(view), settings_(settings), front_(std::move(front)) {}
@@ -40,22 +33,14 @@ QSize ViewWindow::firstSize() const {
 
 void ViewWindow::appear() {
   if (!testAttribute(Qt::WA_Resized)) {
-    const std::string place = settings_.get(application, section, view_.name()).value_or("");
-    if (!restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(place)))) resize(firstSize());
+    if (!restorePlace(*this, settings_, view_.name())) resize(firstSize());
   }
   show();
 }
 
 void ViewWindow::disappear() {
   hide();
-  if (!findChild<Page*>()) return;  // of one size and in the middle
-  const std::string place = saveGeometry().toBase64().toStdString();
-  try {
-    if (settings_.get(application, section, view_.name()) != place)
-      settings_.set(application, section, view_.name(), place);
-  } catch (const std::exception& error) {
-    std::cerr << "The place of the window is not kept: " << error.what() << '\n';
-  }
+  if (findChild<Page*>()) keepPlace(*this, settings_, view_.name());  // others are of one size and in the middle
 }
 
 void ViewWindow::closeEvent(QCloseEvent* event) {

@@ -22,11 +22,29 @@ MappingRooms::MappingRooms(const Sees& sees)
                 .settings = sees.settings,
                 .desktop = sees.desktop,
                 .status = status}),
+      cadMapping({.plot = sees.plot,
+                  .clicks = sees.plot,
+                  .cadState = sees.cadState,
+                  .model = sees.engineState,
+                  .query = sees.engineState,
+                  .scenario = sees.scenario,
+                  .in = sees.main.in,
+                  .level = sees.main.level,
+                  .project = sees.main.project,
+                  .zone = sees.zone,
+                  .plume = sees.plume,
+                  .outputs = sees.study.outputs,
+                  .folders = sees.folders,
+                  .cad = sees.cad,
+                  .desktop = sees.desktop,
+                  .status = status}),
       thumbnail({.main = sees.main,
                  .engine = sees.engineState,
                  .rawLimits = sees.rawLimits,
                  .limits = sees.limits,
                  .outputs = sees.study.outputs,
-                 .settings = sees.settings}) {}
+                 .settings = sees.settings}) {
+  sees.plotView.view.onFront([this] { cadMapping.giveBackPlot(); });
+}
 
 }  // namespace noldarz

@@ -20,6 +20,9 @@ constexpr double hitWidth = 45;  // twips: 3 pixels of 1/96 inch
 constexpr int armWidth = 4;      // pixels
 constexpr int hoveredArmWidth = 6;
 
+/// Whether the text can be drawing units per metre.
+bool isScale(const Field& text) { return text.isNumeric() && rounded(text.number(), 2) > 0; }
+
 bool isOn(const LineField& arm, double x, double y) {
   return distanceToLine(x, y, arm.x1(), arm.y1(), arm.x2(), arm.y2()) <= hitWidth;
 }
@@ -70,6 +73,7 @@ void ZoneCommands::Form_Load() {
   sees_.dt_1.setDatabaseName(sees_.study.dbPath);
   skipping.steps([this] { sees_.queries.use(sees_.dt_1, &Queries::buildQryOrg, sees_.study.qryOrg); },
                  [this] { sees_.dt_1.refresh(); });
+  if (isScale(view_.sclenotxt)) sees_.scenario.mapScale = rounded(view_.sclenotxt.number(), 2);
 }
 
 void ZoneCommands::closeLink() {
@@ -163,7 +167,7 @@ void ZoneCommands::zonsplot_Click(int level) {
 
 void ZoneCommands::sclenotxt_LostFocus() {
   Field& scale = view_.sclenotxt;
-  if (!scale.isNumeric() || scale.number() <= 0 || rounded(scale.number(), 2) <= 0) {
+  if (!isScale(scale)) {
     sees_.desktop.messageBox(information("Enter number."));
     scale.setFault("Enter number.");
     silently([&] { sees_.desktop.setFocus(scale); });

@@ -10,13 +10,6 @@ Field& button(View& view, const char* name, const char* caption, const char* too
   return button;
 }
 
-/// A command of a drawing that this version doesn't have.
-Field& ofDrawing(View& view, const char* name, const char* caption) {
-  Field& later = button(view, name, caption, "CAD drawings are not part of this version");
-  later.disable();
-  return later;
-}
-
 }  // namespace
 
 ZoneView::ZoneView(Views& views)
@@ -38,14 +31,16 @@ ZoneView::ZoneView(Views& views)
       note1lbl(view.label("note1lbl", "NOTE: Assuming under direction, Base angle option \"East = 0\" is selected.")),
       Label3(view.label("Label3", "Select Concentration Zones for Plotting.")),
       clsfrm1(button(view, "clsfrm1", "&Close", "Go back")),
-      Drw1(ofDrawing(view, "Drw1", "&Map Hazard Zones")),
+      Drw1(button(view, "Drw1", "&Map Hazard Zones", "Map the zones at the source point of the drawing")),
       DwgOnPic(
           button(view, "DwgOnPic", "Map Hazard Zones on &Picture file", "Draw the zones, over a picture on request")),
       Image1(view.add(FieldKind::picture, "Image1")),
-      opndwg2(ofDrawing(view, "opndwg2", "&Open AutoCAD Drawing")),
-      nwdrg(ofDrawing(view, "nwdrg", "Open &Blank Drawing")),
-      getcoords(ofDrawing(view, "getcoords", "&Set source Point (Zones)")),
-      getcoords_1(ofDrawing(view, "getcoords_1", "&Set location Points (Conc.)")),
+      opndwg2(button(view, "opndwg2", "&Open AutoCAD Drawing", "Map Hazard Zones on AutoCAD file")),
+      nwdrg(button(view, "nwdrg", "Open &Blank Drawing", "Map Hazard Zones on a new drawing")),
+      getcoords(button(view, "getcoords", "&Set source Point (Zones)",
+                       "Pick the source in the drawing, and map the zones there")),
+      getcoords_1(button(view, "getcoords_1", "&Set location Points (Conc.)",
+                         "Pick places in the drawing, to be marked with what arrives there")),
       statuslbl(view.label("statuslbl")) {
   cirOrintn_1.setPlace(4605, 825, 1995, 1815);
   Image1.setToolTip("Double click to Map Hazard Zones on Picture file");

@@ -1,5 +1,5 @@
 // The zone view `zardzone`: which levels are mapped, where wind and north lie, the scale of a CAD drawing. From here
-// the user goes to the plot view. Places on it are in twips.
+// the user goes to the plot view, and maps into a drawing. Places on it are in twips.
 #pragma once
 
 #include "platform/view.h"

@@ -3,14 +3,16 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/uio.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <string>
 #include <system_error>
+#include <vector>
 
 namespace noldarz {
 
@@ -83,6 +85,26 @@ void NewFile::sweep() const {
   }
 }
 
+void NewFile::write(std::span<const std::string_view> pieces) {
+  constexpr std::size_t mostAtOnce = 1024;  // of the system call
+  std::vector<iovec> parts;
+  for (; !pieces.empty(); pieces = pieces.subspan(parts.size())) {
+    parts.clear();
+    for (const auto piece : pieces.first(std::min(pieces.size(), mostAtOnce)))
+      parts.push_back({const_cast<char*>(piece.data()), piece.size()});  // it is only read
+    for (std::span<iovec> left{parts}; !left.empty();) {
+      const ssize_t count = writev(handle_, left.data(), static_cast<int>(left.size()));
+      if (count < 0 && errno == EINTR) continue;
+      if (count < 0) failed("can't be written", target_);
+      auto done = static_cast<std::size_t>(count);
+      for (; !left.empty() && done >= left.front().iov_len; left = left.subspan(1)) done -= left.front().iov_len;
+      if (left.empty()) break;
+      left.front().iov_base = static_cast<char*>(left.front().iov_base) + done;
+      left.front().iov_len -= done;
+    }
+  }
+}
+
 void NewFile::putInPlace(Existing existing) {
   bringToDisk(path_);
   if (existing == Existing::keep) {
@@ -97,16 +119,9 @@ void NewFile::putInPlace(Existing existing) {
   bringToDisk(folderOf(target_));
 }
 
-void replaceFile(const fs::path& target, std::string_view bytes) {
+void replaceFile(const fs::path& target, std::span<const std::string_view> pieces) {
   NewFile file{target};
-  errno = 0;
-  std::ofstream stream(file.path(), std::ios::binary | std::ios::trunc);
-  stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  stream.close();
-  if (!stream) {
-    if (errno == 0) errno = EIO;
-    failed("can't be written", target);
-  }
+  file.write(pieces);
   file.putInPlace(NewFile::Existing::replace);
 }
 

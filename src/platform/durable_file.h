@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <span>
 #include <string_view>
 
 namespace noldarz {
@@ -18,6 +19,8 @@ class NewFile {
   ~NewFile();
 
   const std::filesystem::path& path() const { return path_; }
+  /// Writes the pieces one behind the other. Throws std::filesystem::filesystem_error.
+  void write(std::span<const std::string_view> pieces);
 
   enum class Existing { replace, keep };
   /// Puts the file in its place. Throws std::filesystem::filesystem_error when the disk doesn't take it, and for `keep`
@@ -34,7 +37,11 @@ class NewFile {
   int handle_ = -1;
 };
 
-/// Replaces the file by the bytes. Throws std::filesystem::filesystem_error; the file is then the old or the new one.
-void replaceFile(const std::filesystem::path& target, std::string_view bytes);
+/// Replaces the file by the bytes, one piece behind the other. Throws std::filesystem::filesystem_error; the file is
+/// then the old or the new one.
+void replaceFile(const std::filesystem::path& target, std::span<const std::string_view> pieces);
+inline void replaceFile(const std::filesystem::path& target, std::string_view bytes) {
+  replaceFile(target, std::span{&bytes, 1});
+}
 
 }  // namespace noldarz

@@ -22,6 +22,7 @@ const char* RuntimeFailure::what() const noexcept {
     case FailureNumber::noSuchColumn: return "no such column";
     case FailureNumber::notAStudy: return "the file is no study";
     case FailureNumber::storeFull: return "the disk is full";
+    case FailureNumber::cadFailed: return "the CAD failed";
     case FailureNumber::storeFailed: return "the database engine failed";
     case FailureNumber::cancelled: return "cancelled by the user";
   }

@@ -31,6 +31,7 @@ enum class FailureNumber : int {
   notAStudy = 3343,
   storeFull = 3414,
   storeFailed = 3000,  ///< any other failure of the database engine
+  cadFailed = 32000,   ///< any failure of the CAD; its text tells which
   cancelled = 32755,   ///< a file or printer dialog that the user cancelled
 };
 

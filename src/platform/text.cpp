@@ -112,6 +112,15 @@ ParsedNumber parseNumber(std::string_view text) noexcept {
   return {ParsedNumber::Outcome::number, negative ? -value : value};
 }
 
+std::optional<std::array<double, 2>> parsePoint(std::string_view text) noexcept {
+  const auto comma = text.find(',');
+  if (comma == std::string_view::npos) return {};
+  const ParsedNumber x = parseNumber(text.substr(0, comma));
+  const ParsedNumber y = parseNumber(text.substr(comma + 1));
+  if (!x.isNumber() || !y.isNumber() || !std::isfinite(std::hypot(x.value, y.value))) return {};
+  return std::array{x.value, y.value};
+}
+
 double strictNumber(std::string_view text) { return parseNumber(text).number(); }
 
 bool isNumeric(std::string_view text) noexcept { return parseNumber(text).outcome == ParsedNumber::Outcome::number; }

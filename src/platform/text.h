@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <optional>
 #include <span>
@@ -36,6 +37,9 @@ struct ParsedNumber {
 /// Strict reading: blanks around it, a sign, digits with ".", an exponent. Nothing else: not "", "N.A.", "1,5",
 /// "inf", "0x10". A value too small for a double reads as 0.
 ParsedNumber parseNumber(std::string_view text) noexcept;
+
+/// "X,Y", each as parseNumber() reads it; nothing for any other text, and for a place that is out of range.
+std::optional<std::array<double, 2>> parsePoint(std::string_view text) noexcept;
 
 /// The number that the text holds. Fails as ParsedNumber::number() does.
 double strictNumber(std::string_view text);

@@ -1,5 +1,5 @@
-// The drawings of the plot view, built and wired as one: what a fit, a scale or a chart draws on its canvas. The plot view
-// has one on the state of the program, a plot without its view (plot_picture.h) one on a state of its own.
+// The drawings of the plot view, built and wired as one: what a fit, a scale or a chart draws on its canvas. The plot
+// view has one on the state of the program, a plot without its view (plot_picture.h) one on a state of its own.
 #pragma once
 
 #include "plot/fit_commands.h"

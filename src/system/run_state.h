@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/state.h"
+#include "mapping/state.h"
 #include "platform/variables.h"
 #include "plot/state.h"
 #include "scenario/state.h"
@@ -10,6 +11,6 @@
 
 namespace noldarz {
 
-struct RunState : Joined<EngineState, ToxicState, StudyState, ContourState, ScenarioState, PlotRunState> {};
+struct RunState : Joined<EngineState, ToxicState, StudyState, ContourState, ScenarioState, PlotRunState, CadState> {};
 
 }  // namespace noldarz

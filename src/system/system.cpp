@@ -2,7 +2,7 @@
 
 namespace noldarz {
 
-System::System(Desktop& desktop, Folders folders, const PressPorts* ports)
+System::System(Desktop& desktop, Cad& cad, Folders folders, const PressPorts* ports)
     : folders_(std::move(folders)),
       settings_(folders_.configuration),
       main_(views_),
@@ -77,12 +77,16 @@ System::System(Desktop& desktop, Folders folders, const PressPorts* ports)
                 .engineState = state_,
                 .studyState = state_,
                 .scenario = state_,
+                .cadState = state_,
                 .rawLimits = state_,
                 .limits = state_,
                 .zone = zoneView_,
                 .plotView = plotView_,
+                .plume = engine_.plume,
                 .study = study_,
+                .folders = folders_,
                 .settings = settings_,
+                .cad = cad,
                 .desktop = desktop}) {
   ports_ = ports ? *ports : PressPorts{&toxic_.effects, &scenario_.runRow};
   views_.onAct([this] { study_.databases.beginAct(); });

@@ -19,7 +19,7 @@ namespace noldarz {
 class System {
  public:
   /// `ports`: what a press asks of in place of the program's own toxic effects and rows.
-  System(Desktop& desktop, Folders folders, const PressPorts* ports = nullptr);
+  System(Desktop& desktop, Cad& cad, Folders folders, const PressPorts* ports = nullptr);
   System(const System&) = delete;
   System& operator=(const System&) = delete;
 

@@ -79,8 +79,8 @@ TEST_F(PlotCommand, drawsChartsAndABand) {
     const char* error;
   } traces[] = {{"0,0\n", "two points at least"},
                 {"0,0\n5\n", ":2: \"5\" is no point"},
-                {"1,1\n1,1\n", ":2: the same point again"},
-                {"1,1\n2,1\n3,1\n4,1\n5,1\n6,1\n7,1\n8,1\n9,1\n10,1\n11,1\n12,1\n", ":12: a pipeline has 11"},
+                {"1,1\n1,1\n", ": the same point twice in a row"},
+                {"1,1\n2,1\n3,1\n4,1\n5,1\n6,1\n7,1\n8,1\n9,1\n10,1\n11,1\n12,1\n", ": a pipeline has 11"},
                 {"# x,y\n0,0\n500,0\n800,300\n", ""}};
   for (const auto& [trace, error] : traces) {
     writeFile(folder / "trace.csv", trace);

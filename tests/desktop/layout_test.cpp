@@ -104,7 +104,9 @@ TEST(DesktopLayout, comesBackWhereItWas) {
   ASSERT_TRUE(user.ended());
   fs::current_path(user.folder / "start");
   QtDesktop later;
-  System system{later, user.folder.folders()};
+  CadWindows drawings{later};
+  DxfCad cad{drawings, [] { return std::string{}; }};
+  System system{later, cad, user.folder.folders()};
   later.attach(system.views(), system.settings());
   later.deliver([&] { system.start(); });
   EXPECT_EQ(later.windowOf(system.mainView().view)->geometry(), place);

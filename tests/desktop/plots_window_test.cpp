@@ -246,10 +246,12 @@ TEST(ZoneWindow, goesThroughItsFieldsInTheOrderOfTheWork) {
                    "wndsld1",
                    "NorthSld",
                    "sclenotxt",
+                   "opndwg2",
+                   "nwdrg",
+                   "Drw1",
                    "DwgOnPic",
                    "clsfrm1"}));
-  EXPECT_FALSE(user.widget("zardzone.opndwg2").isEnabled());
-  EXPECT_FALSE(user.widget("zardzone.opndwg2").toolTip().isEmpty());
+  EXPECT_FALSE(user.widget("zardzone.getcoords").isEnabled());
 }
 
 TEST(ZoneWindow, leadsToThePlotAndBackToTheMainWindow) {

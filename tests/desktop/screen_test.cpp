@@ -27,6 +27,14 @@ QString activeTitle() {
   return process.readAllStandardOutput().trimmed();
 }
 
+/// Types the text and Return into what comes up next.
+void typeLater(const std::string& text) {
+  QTimer::singleShot(800, [text] {
+    xdotool({"type", "--delay", "10", "--", QString::fromStdString(text)});
+    xdotool({"key", "Return"});
+  });
+}
+
 /// A user whose keys and clicks go through the screen.
 struct User : Window {
   explicit User(const std::string& study = exampleStudy("lpg")) : Window(study) {
@@ -73,6 +81,12 @@ struct User : Window {
     EXPECT_TRUE(shows("Concentration distances computed."));
     EXPECT_TRUE(waitFor([&] { return widget<QComboBox>("prntprv").view()->isVisible(); }));
   }
+  bool isFront(const char* name) const {
+    return waitFor([&] {
+      const ViewWindow* shown = desktop.windowOf(*system->views().find(name));
+      return shown && shown->isActiveWindow();
+    });
+  }
   bool waitFor(const std::function<bool()>& condition) const { return QTest::qWaitFor(condition, 5000); }
 };
 
@@ -89,12 +103,7 @@ TEST(Screen, computesByKeyboardAloneAndCloses) {
 
 TEST(Screen, drawsAndSavesAPlotByKeysAndClicks) {
   const User user;
-  const auto isFront = [&](const char* name) {
-    return user.waitFor([&] {
-      const ViewWindow* window = user.desktop.windowOf(*user.system->views().find(name));
-      return window && window->isActiveWindow();
-    });
-  };
+  const auto isFront = [&](const char* name) { return user.isFront(name); };
   user.compute();
   user.press({"Down", "Down", "Down", "Down", "Return"});
   ASSERT_TRUE(isFront("zardzone"));
@@ -115,10 +124,7 @@ TEST(Screen, drawsAndSavesAPlotByKeysAndClicks) {
   EXPECT_FALSE(drawing.texts.empty());
 
   const fs::path file = user.folder / "plot.bmp";
-  QTimer::singleShot(800, [&] {
-    xdotool({"type", "--delay", "10", "--", QString::fromStdString(file.string())});
-    xdotool({"key", "Return"});
-  });
+  typeLater(file.string());
   user.press({"F10", "Down", "Return"});
   EXPECT_TRUE(user.waitFor([&] { return fs::exists(file); }));
   EXPECT_TRUE(user.waitFor([&] { return user.text("Drwfrm.statuslbl") == "Saved: " + file.string(); }));
@@ -127,6 +133,33 @@ TEST(Screen, drawsAndSavesAPlotByKeysAndClicks) {
   user.press({"alt+F4"});
   EXPECT_TRUE(isFront("dspmnfrm"));
   EXPECT_EQ(user.boxes, Texts{});
+}
+
+TEST(Screen, mapsIntoADrawingByKeys) {
+  const User user;
+  user.folder.provideTemplate();
+  user.compute();
+  user.press({"Down", "Down", "Down", "Down", "Return"});
+  ASSERT_TRUE(user.isFront("zardzone"));
+  const fs::path file = user.folder / "plan.dxf";
+  typeLater(file.string());
+  user.press({"alt+b"});
+  ASSERT_TRUE(user.waitFor([&] { return user.text("zardzone.actdoctxt") == "plan.dxf"; }));
+  ASSERT_TRUE(user.isFront("zardzone"));  // and not the drawing, which has come up meanwhile
+  QTest::qWait(300);
+  ASSERT_TRUE(user.isFront("zardzone"));
+  const auto blank = fs::file_size(file);
+
+  typeLater("100,50");
+  user.press({"alt+s", "space"});
+  EXPECT_TRUE(user.waitFor([&] { return user.text("zardzone.sveflnote").starts_with("Mapping completed"); }));
+  EXPECT_EQ(user.text("zardzone.coordx"), "100");
+  EXPECT_GT(user.system->state().splinePts[0], 100);
+  ASSERT_TRUE(user.isFront("zardzone"));
+  user.press({"alt+F4"});
+  EXPECT_TRUE(user.isFront("dspmnfrm"));
+  EXPECT_EQ(user.boxes, Texts{"Save the changes to \"plan.dxf\"?"});
+  EXPECT_GT(fs::file_size(file), blank);
 }
 
 TEST(Screen, refusesAWrongTextInEveryInput) {

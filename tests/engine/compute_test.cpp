@@ -112,7 +112,8 @@ TEST(Compute, asksTheRoomsAboveInOrderAlsoWhenTheyFail) {
     effects.failing = failing;
     ScriptedDesktop desktop{[](const RecordEntry&) {}};
     const PressPorts rooms{&effects, &effects};
-    System system{desktop, Folders{}, &rooms};
+    DxfCad cad{desktop, [] { return std::string{}; }};
+    System system{desktop, cad, Folders{}, &rooms};
     MainView& main = system.mainView();
     main.view.show();
     const auto press = [&] {

@@ -49,15 +49,20 @@ def ask(cli, script):
 class Run:
     def __init__(self, figures):
         self.f = figures
-        self.numbers = {name: model.number(figures[name]) for name in INPUTS[1:4] + LEVELS[:6] + SHARES}
+        self.numbers = {name: model.number(figures[name]) for name in INPUTS[1:4] + LEVELS[:6] + SHARES if name in figures}
+
+    def sigmas(self, x):
+        cls = self.f["stblclscbo"]
+        return model.sigma_y(cls, x), model.sigma_z(cls, x, self.numbers["vapordnstytxt"], model.sigma_z_base(cls, x))
+
+    def concentration(self, x):
+        f, n = self.f, self.numbers
+        return model.concentration(f["scnrotypetxt"], n["QntyRelstxt"], n["molwttxt"], 300, f["htRelease"],
+                                   f["htSimul"], f["windAtHeight"], *self.sigmas(x))
 
     def half_width(self, x, level, elevated):
-        f, n, cls = self.f, self.numbers, self.f["stblclscbo"]
-        sy = model.sigma_y(cls, x)
-        sz = model.sigma_z(cls, x, n["vapordnstytxt"], model.sigma_z_base(cls, x))
-        conc = model.concentration(f["scnrotypetxt"], n["QntyRelstxt"], n["molwttxt"], 300, f["htRelease"],
-                                   f["htSimul"], f["windAtHeight"], sy, sz)
-        wanted = model.rounded(n[f"constn({level})"])
+        conc, (sy, sz) = self.concentration(x), self.sigmas(x)
+        wanted = model.rounded(self.numbers[f"constn({level})"])
         width = (sz if elevated else sy) * sqrt(2 * log(conc / wanted)) if wanted < conc else 0
         return model.rounded(width)
 

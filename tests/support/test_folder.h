@@ -46,6 +46,12 @@ class TestFolder {
 
   fs::path operator/(const char* name) const { return path_ / name; }
   fs::path study() const { return path_ / "data" / "orgtn.mdb"; }
+  /// Lays the empty drawing down where it is installed.
+  void provideTemplate() const {
+    fs::create_directories(path_ / "programs/bin/AutoCadVBA");
+    fs::copy_file(NOLDARZ_SOURCE_DIR "/share/AutoCadVBA/AutocadDwg1.dwg",
+                  path_ / "programs/bin/AutoCadVBA/AutocadDwg1.dwg");
+  }
   Folders folders() const { return {path_ / "programs/bin", path_ / "documents", path_ / "config"}; }
 
  private:

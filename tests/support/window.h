@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 
+#include "desktop/cad_windows.h"
 #include "desktop/qt_desktop.h"
 #include "support/test_study.h"
 
@@ -18,7 +19,7 @@ class Window {
  public:
   explicit Window(const std::string& text = exampleStudy("lpg"), const PressPorts* effects = nullptr) {
     makeStudy(folder.study(), text);
-    system = std::make_unique<System>(desktop, folder.folders(), effects);
+    system = std::make_unique<System>(desktop, cad, folder.folders(), effects);
     desktop.attach(system->views(), system->settings());
     QObject::connect(&watch_, &QTimer::timeout, [this] { answerBox(); });
   }
@@ -56,6 +57,8 @@ class Window {
 
   TestFolder folder;
   QtDesktop desktop;
+  CadWindows drawings{desktop};
+  DxfCad cad{drawings, [this] { return namedConverter(folder.folders()); }};
   std::unique_ptr<System> system;
   std::vector<std::string> boxes;
 

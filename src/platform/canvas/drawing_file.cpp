@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <fstream>
 #include <iterator>
 #include <span>
 #include <stdexcept>
@@ -422,13 +421,7 @@ void writeDrawing(const std::filesystem::path& file, const DrawingFile& what) {
       std::find_if(kinds.begin(), kinds.end(), [&](const auto& known) { return known.first == extension; });
   if (kind == kinds.end())
     throw std::invalid_argument(file.string() + ": a drawing is written as .svg, .pdf, .png or .bmp");
-  const std::string bytes = kind->second(what);
-  NewFile fresh{file};
-  std::ofstream stream(fresh.path(), std::ios::binary | std::ios::trunc);
-  stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  stream.close();
-  if (!stream) throw std::filesystem::filesystem_error("can't write", file, std::make_error_code(std::errc::io_error));
-  fresh.putInPlace(NewFile::Existing::replace);
+  replaceFile(file, kind->second(what));
 }
 
 }  // namespace noldarz

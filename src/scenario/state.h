@@ -12,7 +12,7 @@ struct ScenarioState {
   std::string stblClassStored;    ///< stability class that the working scenario asks for
   std::int32_t scnrListLast = 0;  ///< base index of the last run of the list, five slots a run
 
-  double mapScale = 0;        ///< drawing units per metre
+  double mapScale = 1;        ///< drawing units per metre
   std::uint64_t mainWnd = 0;  ///< window of the main module, found at the end; 0: none
 };
 

@@ -32,8 +32,9 @@ def ask(cli, script, wind, scale):
     lines = ["set scnrotxtlbl caption Hose"]
     lines += [f"show {field}" for field in INPUTS + LEVELS] + ["state " + " ".join(STATES)]
     lines += [f"show conclbl({i}) caption" for i in range(6)]
-    lines += ['choose prntprv "Plot Hazard Zones"', f"slide zardzone.wndsld1 {wind}", f"enter zardzone.sclenotxt {scale}",
-              "answer blank.dxf", "click zardzone.nwdrg", pick(SOURCE), "click zardzone.getcoords",
+    lines += ['choose prntprv "Plot Hazard Zones"', f"slide zardzone.wndsld1 {wind}"]
+    lines += [] if scale == 1 else [f"enter zardzone.sclenotxt {scale}"]
+    lines += ["answer blank.dxf", "click zardzone.nwdrg", pick(SOURCE), "click zardzone.getcoords",
               pick(SOURCE), "answer ok", pick(PLACES[0]), "answer yes", pick(PLACES[1]), "answer no",
               "click zardzone.getcoords_1", "drawing zardzone.cad"]
     lines += [f"show isoparea({i})" for i in range(6)]

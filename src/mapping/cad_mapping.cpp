@@ -232,8 +232,13 @@ std::array<std::optional<double>, levelCount> CadMapping::circleRadii() const {
 bool CadMapping::cadZones() {
   bool drawn = false;
   bool failed = false;
+  const StatusLine::Act act{sees_.status};
   const Trap failing{[&](const RuntimeFailure& failure) {
-    if (drawn || std::exchange(failed, true)) return;  // once there is a zone, the rest goes on as far as it can
+    if (drawn) {  // the other levels go on, but nobody may miss this one
+      const std::string& caption = sees_.level.conclbl[sees_.query.plotLevel].caption();
+      return sees_.status.say("Not mapped: " + caption + " " + failure.what() + ".");
+    }
+    if (std::exchange(failed, true)) return;
     tell(failure);
     sees_.desktop.messageBox(information("Unable to plot Hazard Zones."));
     view().show();
@@ -251,7 +256,8 @@ bool CadMapping::cadZones() {
   }
   if (failed) return false;
   sees_.cadState.splineIdx = 0;
-  failing.steps([this] { drawing().updateApplication(); }, [this] { drawing().regen(); });
+  const Trap last = drawn ? Trap::ignoring() : failing;
+  last.steps([this] { drawing().updateApplication(); }, [this] { drawing().regen(); });
   if (failed) return false;
   view().show();
   return true;

@@ -169,6 +169,15 @@ TEST(CadMapping, tellsWhatFails) {
   }
 }
 
+TEST(CadMapping, namesALevelThatIsLeftOut) {
+  Mapping mapping;
+  mapping.openBlank();
+  mapping.run("set isoplngt(2) N.A.\nset isoplngt(1) x\nanswer 0,0\nclick zardzone.getcoords");
+  const std::string status = mapping.field("zardzone.statuslbl").caption();
+  for (const char* level : {"Not mapped: TEEL3/IDLH: the text is no number.", "Not mapped: Conc. 1 "})
+    EXPECT_NE(status.find(level), std::string::npos) << status;
+}
+
 TEST(CadMapping, drawsNoOutlineOfALevelThatHasNone) {
   const struct {
     std::string lines;

@@ -269,6 +269,8 @@ void drawing(ScriptSession& session, const Words& words) {
 
 void answer(ScriptSession& session, const Words& words) { session.desktop().queueReply(words[1]); }
 
+void clipboard(ScriptSession& session, const Words& words) { session.desktop().takeClipboard(words[1]); }
+
 void wait(ScriptSession& session, const Words& words) {
   std::optional<double> milliseconds;
   if (words.size() == 2) milliseconds = integer(words[1]);
@@ -391,7 +393,7 @@ constexpr std::array commands{
     Command{"state", 1, any, state},     Command{"table", 0, 0, table},     Command{"start", 0, 0, start},
     Command{"rows", 1, 1, rows},         Command{"setting", 3, 3, setting}, Command{"close", 0, 1, close},
     Command{"echo", 1, 1, echo},         Command{"mouse", 4, 5, mouse},     Command{"key", 2, 2, key},
-    Command{"drawing", 1, 1, drawing},   Command{"save", 1, 2, save},
+    Command{"drawing", 1, 1, drawing},   Command{"save", 1, 2, save},       Command{"clipboard", 1, 1, clipboard},
 };
 
 }  // namespace

@@ -33,12 +33,12 @@ std::string faultOfList(const char* option, const std::vector<std::string>& numb
   return "";
 }
 
-namespace {
-
 bool isScript(const RunTarget& request) {
   std::error_code error;
   return request.target == "-" || fs::is_regular_file(request.target, error);
 }
+
+namespace {
 
 /// Why the request can't be taken; empty when it can.
 std::string refusal(const RunTarget& request) {

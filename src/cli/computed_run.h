@@ -27,6 +27,9 @@ struct RunTarget {
   std::optional<std::string> limits;
 };
 
+/// Whether a script is computed, in place of a study.
+bool isScript(const RunTarget& request);
+
 struct ComputedRun {
   Folders folders;
   bool ofStudy = false;

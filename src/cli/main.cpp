@@ -16,6 +16,7 @@
 #include "cli/script.h"
 #include "cli/study.h"
 #include "platform/visible_text.h"
+#include "population/state.h"
 
 namespace {
 
@@ -79,12 +80,17 @@ CLI::App* addRun(CLI::App& app, noldarz::RunRequest& request) {
          "Limits by probit equation or by lethal concentration (default: the user's setting, and the page says so)")
       ->check(CLI::IsMember({"probit", "lethal"}));
   run->add_flag("--table", request.table, "Print fatality and injury by distance");
-  run->add_option(
+  run->add_option_function<std::string>(
          "--density",
-         request.densities,
-         "Persons per hectare in the rings up to 2, 4, 6, 8 and 10 km, separated by commas: the table with the "
-         "numbers of people")
-      ->each([&request](const std::string&) { request.table = true; });
+         [&request](const std::string& densities) {
+           request.densities = densities;
+           request.table = true;
+         },
+         "Persons per hectare in the rings up to 2, 4, 6, 8 and 10 km, separated by commas (behind the folder, without "
+         "them: those of the study's grid): the table with the numbers of people")
+      ->expected(0, 1);
+  run->add_option("--sector", request.sector, "Sector of the study's grid, 1 (north) to 8, clockwise")
+      ->check(CLI::Range(1, noldarz::gridSectors));
   run->footer(
       "Exit status: 0 computed (and stored, in a study), 1 no valid run or no study to open, 2 a request that can't be "
       "taken");

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <optional>
 #include <string>
 
 #include "cli/computed_run.h"
@@ -12,10 +13,13 @@ namespace noldarz {
 
 struct RunRequest : RunTarget {
   ReportFormat format = ReportFormat::page;
-  /// Whether the report table is printed, and for which population densities (persons/Ha): five, separated by commas,
-  /// or none.
+  /// Whether the report table is printed.
   bool table = false;
-  std::string densities;
+  /// For which population densities (persons/Ha): five, separated by commas; "": those of the study's grid; nothing:
+  /// without people.
+  std::optional<std::string> densities;
+  /// The sector of the grid, 1 to 8; nothing: the one that the user has chosen last.
+  std::optional<int> sector;
 };
 
 /// Computes (cli/computed_run.h) and prints. A run that is none has the status `failed` after its report, and so has

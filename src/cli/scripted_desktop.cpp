@@ -97,7 +97,12 @@ void ScriptedDesktop::forgetFields() {
 
 void ScriptedDesktop::openDropDown(Field& field) { record_(Happened{"dropDown", field.fullName()}); }
 
-void ScriptedDesktop::clearClipboard() { record_(Happened{"clipboard", ""}); }
+void ScriptedDesktop::clearClipboard() { setClipboard(""); }
+
+void ScriptedDesktop::setClipboard(const std::string& text) {
+  clipboard_ = text;
+  record_(Happened{"clipboard", text});
+}
 
 std::uint64_t ScriptedDesktop::activateWindow(const std::string& title) {
   record_(Happened{"activate", title});

@@ -44,6 +44,10 @@ class ScriptedDesktop : public Desktop, public CadScreen {
   /// 1920 x 1080 pixels of 1/96 inch.
   ScreenSize screenSize(const View&) override { return {28800, 16200}; }
   void clearClipboard() override;
+  void setClipboard(const std::string& text) override;
+  std::string clipboard() override { return clipboard_; }
+  /// Another program has put the text there.
+  void takeClipboard(std::string text) { clipboard_ = std::move(text); }
   /// Goes on the record; there is no other window.
   std::uint64_t activateWindow(const std::string& title) override;
   void runProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments) override;
@@ -83,6 +87,7 @@ class ScriptedDesktop : public Desktop, public CadScreen {
   TakeEntry record_;
   std::deque<std::string> replies_;
   std::function<Reply(const MessageBox&)> answerQuestion_;
+  std::string clipboard_;
   Pointer pointer_ = Pointer::standard;
   Focus focus_;
   double now_ = 0;  // ms

@@ -9,6 +9,7 @@
 #include "platform/store/data_link.h"
 #include "platform/text.h"
 #include "platform/visible_text.h"
+#include "population/grid.h"
 #include "study/queries.h"
 
 namespace noldarz {
@@ -17,9 +18,10 @@ namespace {
 
 constexpr std::string_view projects{"dsptbl-1"};
 constexpr std::string_view scenarios{"scenr1"};
+constexpr std::string_view populationGrid{"poplatndnstytbl"};
 
-/// Why a column can't hold the value; empty when it can.
-std::string faultOfCell(const Column& column, const Cell& cell) {
+/// Why a column of the table can't hold the value; empty when it can.
+std::string faultOfCell(const Table& table, const Column& column, const Cell& cell) {
   const auto* text = std::get_if<std::string>(&cell);
   const auto* number = std::get_if<double>(&cell);
   const auto holding = [&](const std::string& what) {
@@ -28,6 +30,9 @@ std::string faultOfCell(const Column& column, const Cell& cell) {
   if (text && !isPlainText(*text)) return holding("bytes that are no text");
   if (number && !std::isfinite(*number)) return holding("no finite number");
   if (text && column.type == ColumnType::boolean) return holding("\"" + *text + "\"");
+  const bool density = table.name == populationGrid && column.type == ColumnType::number && !holdsNothing(cell);
+  if (density && !faultOfDensity(textOf(cell)).empty())
+    return fmt::format("holds \"{}\" in column \"{}\", which takes persons per hectare", textOf(cell), column.name);
   return "";
 }
 
@@ -55,7 +60,7 @@ std::string_view typeName(ColumnType type) {
 std::string StudyRules::faultOfRow(const Table& table, const std::vector<Cell>& cells) {
   if (std::all_of(cells.begin(), cells.end(), holdsNothing)) return "is empty";
   for (std::size_t i = 0; i < cells.size(); ++i)
-    if (std::string fault = faultOfCell(table.columns[i], cells[i]); !fault.empty()) return fault;
+    if (std::string fault = faultOfCell(table, table.columns[i], cells[i]); !fault.empty()) return fault;
   if (std::string fault = faultOfKey(table, cells); !fault.empty()) return fault;
   if (table.name == projects && isTrue(cellOf(table, cells, "actvproj")) && ++activeProjects_ > 1)
     return "is a second active project: only one has actvproj = true";

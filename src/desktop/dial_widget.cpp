@@ -9,10 +9,9 @@ namespace {
 
 constexpr double roomForLetters = 440;  // twips around a circle
 
-/// A shape without a width of its line.
-bool isCircle(const Field& part) { return part.kind() == FieldKind::shape && part.value() == 0; }
-
 }  // namespace
+
+bool isCircle(const Field& part) { return part.kind() == FieldKind::shape && part.value() == 0; }
 
 void DialWidget::setParts(const Field& ground, std::vector<const Field*> parts) {
   ground_ = &ground;
@@ -35,6 +34,10 @@ QPointF DialWidget::pixelOf(double x, double y) const {
   return (QPointF(x, y) - seen().center()) * scale() + QRectF(rect()).center();
 }
 
+QRectF DialWidget::pixelsOf(const Field& part) const {
+  return {pixelOf(part.left(), part.top()), pixelOf(part.left() + part.width(), part.top() + part.height())};
+}
+
 QPointF DialWidget::placeOf(QPointF pixel) const {
   if (!ground_) return {};
   const double pixels = scale();
@@ -45,26 +48,28 @@ void DialWidget::paintEvent(QPaintEvent*) {
   if (!ground_) return;
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  paintDisc(painter);
+  paintGround(painter);
+  paintCircles(painter);
   for (const Field* part : parts_)
     if (part->visible() && part->kind() == FieldKind::shape && !isCircle(*part)) paintArm(painter, *part);
   for (const Field* part : parts_)
     if (part->visible() && part->kind() == FieldKind::label) paintLetter(painter, *part);
 }
 
-void DialWidget::paintDisc(QPainter& painter) const {
+void DialWidget::paintGround(QPainter& painter) const {
   constexpr double focusLine = 2;
   constexpr double corner = 4;
   const QColor edge = palette().color(hasFocus() ? QPalette::Highlight : QPalette::Mid);
   painter.setPen(QPen(edge, hasFocus() ? focusLine : 1));
   painter.setBrush(palette().color(QPalette::Base));
   painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), corner, corner);
+}
+
+void DialWidget::paintCircles(QPainter& painter) const {
   painter.setPen(palette().color(QPalette::Mid));
   painter.setBrush(Qt::NoBrush);
   for (const Field* part : parts_)
-    if (isCircle(*part))
-      painter.drawEllipse(QRectF(pixelOf(part->left(), part->top()),
-                                 pixelOf(part->left() + part->width(), part->top() + part->height())));
+    if (isCircle(*part)) painter.drawEllipse(pixelsOf(*part));
 }
 
 void DialWidget::paintArm(QPainter& painter, const Field& arm) const {

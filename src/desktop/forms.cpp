@@ -6,6 +6,7 @@
 
 #include "desktop/plot_window.h"
 #include "ui_Drwfrm.h"
+#include "ui_absltftlyfrm.h"
 #include "ui_aniwait1.h"
 #include "ui_dspmnfrm.h"
 #include "ui_progrsBar.h"
@@ -26,7 +27,8 @@ constexpr std::array forms{Form{"dspmnfrm", setUp<Ui::dspmnfrm>},
                            Form{"reqfrm", setUp<Ui::reqfrm>},
                            Form{"progrsBar", setUp<Ui::progrsBar>, true},
                            Form{"Drwfrm", setUp<Ui::Drwfrm>, false, followExpansion},
-                           Form{"zardzone", setUp<Ui::zardzone>}};
+                           Form{"zardzone", setUp<Ui::zardzone>},
+                           Form{"absltftlyfrm", setUp<Ui::absltftlyfrm>}};
 
 }  // namespace
 

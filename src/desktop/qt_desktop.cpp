@@ -20,6 +20,7 @@
 #include <array>
 #include <utility>
 
+#include "desktop/binder/group.h"
 #include "desktop/canvas_widget.h"
 #include "desktop/form_sizes.h"
 #include "desktop/forms.h"
@@ -195,13 +196,20 @@ void QtDesktop::windowArrived(View& view) {
   deliver([&view] { view.activate(); });
 }
 
-void QtDesktop::showWindow(ViewWindow& window, bool visible) const {
+void QtDesktop::showWindow(ViewWindow& window, bool visible) {
   if (!visible) return window.disappear();
   window.winId();  // makes the handle
   const ViewWindow* below = frontWindow();
   if (below && window.testAttribute(Qt::WA_ShowWithoutActivating))
     window.windowHandle()->setTransientParent(below->windowHandle());
   window.appear();
+  if (window.property("initialFocus").isValid()) QTimer::singleShot(0, &window, [this, &window] { beginIn(window); });
+}
+
+void QtDesktop::beginIn(const ViewWindow& window) {
+  const QWidget* begin = pressedOf(window, window.property("initialFocus").toString());
+  for (Field& field : window.view().fields())
+    if (begin && widgetOf(field) == begin && !busy() && field.usable()) return deliver([&] { focus_.moveTo(&field); });
 }
 
 ViewWindow* QtDesktop::frontWindow() const {
@@ -339,6 +347,8 @@ ScreenSize QtDesktop::screenSize(const View& view) {
 }
 
 void QtDesktop::clearClipboard() { QApplication::clipboard()->clear(); }
+void QtDesktop::setClipboard(const std::string& text) { QApplication::clipboard()->setText(qt(text)); }
+std::string QtDesktop::clipboard() { return QApplication::clipboard()->text().toStdString(); }
 
 std::uint64_t QtDesktop::activateWindow(const std::string& title) { return activateTopLevel(title); }
 

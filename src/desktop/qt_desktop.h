@@ -37,6 +37,8 @@ class QtDesktop : public Desktop {
   void setPointer(Pointer pointer) override;
   ScreenSize screenSize(const View& view) override;
   void clearClipboard() override;
+  void setClipboard(const std::string& text) override;
+  std::string clipboard() override;
   std::uint64_t activateWindow(const std::string& title) override;
   void runProgram(const std::filesystem::path& program, const std::vector<std::string>& arguments) override;
   std::shared_ptr<const Image> loadPicture(const std::filesystem::path& file) override;
@@ -86,7 +88,9 @@ class QtDesktop : public Desktop {
   /// The window of a view that has a form and none yet.
   void makeWindow(View& view);
   void followViews();
-  void showWindow(ViewWindow& window, bool visible) const;
+  void showWindow(ViewWindow& window, bool visible);
+  /// The user begins at the button that is down of the group that a form names as `initialFocus`.
+  void beginIn(const ViewWindow& window);
   /// The view that has come to the front gets the focus of the screen.
   void followFront();
   /// The user has gone to the window.

@@ -26,6 +26,8 @@ class OwnStyle : public QProxyStyle {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     if (element == PE_IndicatorCheckBox || element == PE_FrameLineEdit || element == PE_Frame)
       outline(*option, *painter);
+    if (element == PE_PanelButtonCommand && option->state.testFlags(State_On | State_HasFocus))
+      markFocus(*option, *painter);
   }
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                           const QWidget* widget) const override {
@@ -34,6 +36,15 @@ class OwnStyle : public QProxyStyle {
   }
 
  private:
+  /// A button that is down has the colour of the style's own mark of the focus.
+  static void markFocus(const QStyleOption& option, QPainter& painter) {
+    constexpr double inside = 2.5;  // px
+    painter.save();
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(option.palette.color(QPalette::ButtonText));
+    painter.drawRect(QRectF(option.rect).adjusted(inside, inside, -inside, -inside));
+    painter.restore();
+  }
   static void outline(const QStyleOption& option, QPainter& painter) {
     const bool focused = (option.state & State_HasFocus) != 0;
     if (!isDark(option.palette) || focused) return;  // the style marks the focus

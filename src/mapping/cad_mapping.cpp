@@ -393,10 +393,7 @@ void CadMapping::markLocation() {
 }
 
 bool CadMapping::wantsMore() const {
-  MessageBox box = information("Select another Location points for Concentration");
-  box.buttons = Buttons::yesNo;
-  box.defaultReply = Reply::no;
-  return sees_.desktop.messageBox(box) == Reply::yes;
+  return sees_.desktop.messageBox(question("Select another Location points for Concentration")) == Reply::yes;
 }
 
 void CadMapping::noteCompletion() const {

@@ -2,10 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
-#include <exception>
 
-#include "platform/canvas/hit.h"
 #include "platform/failure.h"
 #include "platform/text.h"
 #include "study/row_edit.h"
@@ -16,27 +13,21 @@ namespace {
 
 constexpr Colour unmappedText = SystemColour::disabledText;
 constexpr Colour mappedText = SystemColour::buttonText;
-constexpr double hitWidth = 45;  // twips: 3 pixels of 1/96 inch
-constexpr int armWidth = 4;      // pixels
-constexpr int hoveredArmWidth = 6;
 
 /// Whether the text can be drawing units per metre.
 bool isScale(const Field& text) { return text.isNumeric() && rounded(text.number(), 2) > 0; }
 
-bool isOn(const LineField& arm, double x, double y) {
-  return distanceToLine(x, y, arm.x1(), arm.y1(), arm.x2(), arm.y2()) <= hitWidth;
-}
-
 }  // namespace
 
-int dialDegrees(double x, double y, double centreX, double centreY) {
-  constexpr double degreesPerRadian = 57.25;
-  const int T = toInteger(rounded(uprightAngle(centreX + 0.001 - x, centreY + 0.001 - y) * degreesPerRadian, 0));
-  if (y > centreY) return wholeTurn / 2 - T;
-  return x > centreX ? -T : wholeTurn - T;
-}
-
-ZoneCommands::ZoneCommands(const Sees& sees) : sees_(sees), view_(sees.zone) {
+ZoneCommands::ZoneCommands(const Sees& sees)
+    : sees_(sees),
+      view_(sees.zone),
+      wind_({.state = sees.plot,
+             .arm = sees.zone.dial,
+             .slider = sees.zone.zone.wndsld1,
+             .caption = sees.zone.wnddeg,
+             .tell = [status = &sees.status](const std::string& text) { status->say(text); },
+             .settings = sees.settings}) {
   View& view = view_.ground.view();
   view.onLoad([this] { Form_Load(); });
   view.onFront([this] { Form_Activate(); });
@@ -108,13 +99,10 @@ void ZoneCommands::Form_Activate() {
 
 void ZoneCommands::takeSettings() {
   Field& wind = view_.zone.wndsld1;
-  const std::string kept =
-      sees_.settings.get(windSetting::application, windSetting::section, windSetting::key).value_or("0");
-  const int degrees = toInteger(strictNumber(kept));
+  const int degrees = toInteger(wind_.kept());
   if (!wind.isInRange(degrees)) fail(FailureNumber::invalidArgument);
   wind.setValue(degrees);
-  view_.dial.showWind(degrees);
-  view_.wnddeg.setCaption(plainText(degrees));
+  wind_.show(degrees);
   sees_.plot.windDeg = degrees;
   view_.zone.NorthSld.setValue(toInteger(sees_.plot.northDeg));
   view_.rotdeg.setCaption(plainText(sees_.plot.northDeg));
@@ -129,16 +117,8 @@ void ZoneCommands::zoneOuterLevel() {
 }
 
 void ZoneCommands::wndsld1_Change() {
-  const int degrees = view_.zone.wndsld1.value();
-  view_.dial.showWind(degrees);
-  view_.wnddeg.setCaption(plainText(degrees));
-  sees_.plot.windDeg = degrees;
   sees_.plotView.fields.canvas.Cls();
-  try {
-    sees_.settings.set(windSetting::application, windSetting::section, windSetting::key, plainText(degrees));
-  } catch (const std::exception& error) {  // the direction holds until this view comes to the front again
-    view_.statuslbl.setCaption(std::string{"The wind direction is not kept: "} + error.what());
-  }
+  wind_.wndsld1_Change();
 }
 
 void ZoneCommands::NorthSld_Change() {
@@ -218,17 +198,16 @@ void ZoneCommands::press(const PointerEvent& event) {
   if (!isInDialArea(event.x, event.y))
     dragged_ = Dragged::none;
   else
-    dragged_ = isOn(view_.dial.NorthArm, event.x, event.y) ? Dragged::north : Dragged::wind;
+    dragged_ = view_.dial.NorthArm.isUnder(event.x, event.y) ? Dragged::north : Dragged::wind;
 }
 
 void ZoneCommands::drag(const PointerEvent& event) {
-  const bool onNorth = isOn(view_.dial.NorthArm, event.x, event.y);
-  const bool onWind = !onNorth && isOn(view_.dial.wndarm, event.x, event.y);
-  view_.dial.wndarm.field.setValue(onWind ? hoveredArmWidth : armWidth);
-  view_.dial.NorthArm.field.setValue(onNorth ? hoveredArmWidth : armWidth);
+  const bool onNorth = view_.dial.NorthArm.isUnder(event.x, event.y);
+  view_.dial.NorthArm.showGrip(onNorth);
+  view_.dial.wndarm.showGrip(!onNorth && view_.dial.wndarm.isUnder(event.x, event.y));
   if (dragged_ == Dragged::none || !isInDialArea(event.x, event.y)) return;
-  turn(dragged_ == Dragged::wind ? view_.zone.wndsld1 : view_.zone.NorthSld,
-       dialDegrees(event.x, event.y, view_.dial.size.centreX, view_.dial.size.centreY));
+  turnDial(dragged_ == Dragged::wind ? view_.zone.wndsld1 : view_.zone.NorthSld,
+           dialDegrees(event.x, event.y, view_.dial.size.centreX, view_.dial.size.centreY));
 }
 
 void ZoneCommands::key(const KeyEvent& event) {
@@ -239,13 +218,7 @@ void ZoneCommands::key(const KeyEvent& event) {
   const std::string_view name = std::string_view{event.name}.substr(north ? ofNorth.size() : 0);
   Field& slider = north ? view_.zone.NorthSld : view_.zone.wndsld1;
   for (const auto& [key, step] : steps)
-    if (key == name) return turn(slider, (slider.value() + step + wholeTurn) % wholeTurn);
-}
-
-void ZoneCommands::turn(Field& slider, int degrees) {
-  if (slider.value() == degrees || !slider.isInRange(degrees)) return;
-  slider.setValue(degrees);
-  slider.fire(Event::change);
+    if (key == name) return turnDial(slider, (slider.value() + step + wholeTurn) % wholeTurn);
 }
 
 }  // namespace noldarz

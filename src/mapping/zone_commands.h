@@ -10,6 +10,7 @@
 #include "platform/settings.h"
 #include "platform/status_line.h"
 #include "plot/state.h"
+#include "population/wind_direction.h"
 #include "scenario/state.h"
 #include "study/outputs.h"
 #include "study/queries.h"
@@ -68,25 +69,13 @@ class ZoneCommands {
   void drag(const PointerEvent& pointer);
   void key(const KeyEvent& key);
   bool isInDialArea(double x, double y) const;
-  /// The user turns a dial: it takes a whole number of degrees.
-  void turn(Field& slider, int degrees);
 
   enum class Dragged : std::uint8_t { none, wind, north };
 
   Sees sees_;
   const ZoneView& view_;
+  WindDirection wind_;
   Dragged dragged_ = Dragged::none;
 };
-
-/// Where the wind direction is kept for the user.
-namespace windSetting {
-inline constexpr const char* application = "noldarz";
-inline constexpr const char* section = "wnddegstr";
-inline constexpr const char* key = "wnddegstr1";
-}  // namespace windSetting
-
-/// Direction (whole degrees, 0 up, clockwise) of a point seen from the centre of a dial; 57.25 degrees are a radian
-/// here.
-int dialDegrees(double x, double y, double centreX, double centreY);
 
 }  // namespace noldarz

@@ -17,7 +17,7 @@ ZoneView::ZoneView(Views& views)
       zone(view),
       ground(view.add(FieldKind::picture, "zardzone")),
       cirOrintn_1(view.add(FieldKind::shape, "cirOrintn_1").in(ground)),
-      dial(ground, {.wind = 1100, .barb = 1000, .cross = 885, .centreX = 5610, .centreY = 1710}),
+      dial(ground, {.wind = 1100, .barb = 1000, .centreX = 5610, .centreY = 1710}, 885),
       wnddeg(view.label("wnddeg")),
       rotdeg(view.label("rotdeg")),
       sclenotxt(view.text("sclenotxt")),

@@ -32,6 +32,8 @@ struct MessageBox {
 
 inline MessageBox information(std::string text) { return {std::move(text), Icon::information}; }
 inline MessageBox critical(std::string text) { return {std::move(text), Icon::critical}; }
+/// Yes or No, and No unless the user chooses.
+inline MessageBox question(std::string text) { return {std::move(text), Icon::information, Buttons::yesNo, Reply::no}; }
 
 /// The common dialog, set up before it opens. `filter` as the dialog shows it.
 struct FileDialog {
@@ -79,6 +81,9 @@ class Desktop {
   virtual void saveDrawing(const std::filesystem::path& file, const DrawingFile& what) = 0;
 
   virtual void clearClipboard() = 0;
+  virtual void setClipboard(const std::string& text) = 0;
+  /// The text on the clipboard; empty when there is none.
+  virtual std::string clipboard() = 0;
   /// Activates the top-level window with that title. Its handle; 0 when there is none.
   virtual std::uint64_t activateWindow(const std::string& title) = 0;
   /// Starts a program without waiting for it. Fails with invalidArgument when it can't be started.

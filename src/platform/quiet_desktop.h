@@ -28,6 +28,8 @@ class QuietDesktop : public Desktop {
   std::shared_ptr<const Image> loadPicture(const std::filesystem::path&) override { fail(FailureNumber::noSuchFile); }
   void saveDrawing(const std::filesystem::path&, const DrawingFile&) override { fail(FailureNumber::noSuchFile); }
   void clearClipboard() override {}
+  void setClipboard(const std::string&) override {}
+  std::string clipboard() override { return {}; }
   std::uint64_t activateWindow(const std::string&) override { return 0; }
   void runProgram(const std::filesystem::path&, const std::vector<std::string>&) override {
     fail(FailureNumber::invalidArgument);

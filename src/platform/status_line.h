@@ -61,6 +61,7 @@ class StatusLine {
   }
   void clearFault() { fault_.clear(); }
   bool hasFault() const { return !fault_.empty(); }
+  const std::string& fault() const { return fault_; }
 
   /// What stands in front of all that is told, until the same keeper lets it go by an empty text.
   void hold(const std::string& keeper, const std::string& text) {

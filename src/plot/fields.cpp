@@ -9,20 +9,6 @@ namespace noldarz {
 
 namespace {
 
-constexpr double radian = 0.0175;      // degrees to radians of the dials
-constexpr double barbAngle = 5;        // degrees beside the wind arm
-constexpr double windLabelLift = 180;  // twips above the tip
-
-LineField line(View& view, const char* name, Field& on) { return {view.add(FieldKind::shape, name).in(on)}; }
-
-LineField arm(Field& picture, const char* name, Colour colour) {
-  constexpr int armWidth = 4;  // px
-  const LineField arm = line(picture.view(), name, picture);
-  arm.field.setForeColour(colour);
-  arm.field.setValue(armWidth);
-  return arm;
-}
-
 /// Elements of an array within a box.
 template <std::size_t N>
 FieldArray<N> arrayIn(Field& box, const char* name) {
@@ -33,35 +19,18 @@ FieldArray<N> arrayIn(Field& box, const char* name) {
 
 }  // namespace
 
-void LineField::setEnds(double x1, double y1, double x2, double y2) const { field.setPlace(x1, y1, x2 - x1, y2 - y1); }
-
-DialFields::DialFields(Field& picture, const Size& sizes)
-    : size(sizes),
-      wndarm(arm(picture, "wndarm", windArmColour)),
-      wndarm_1(arm(picture, "wndarm_1", windArmColour)),
-      wndarm_2(arm(picture, "wndarm_2", windArmColour)),
-      NorthArm(arm(picture, "NorthArm", northArmColour)),
-      axs1(arm(picture, "axs1", SystemColour::windowText)),
-      axs2(arm(picture, "axs2", SystemColour::windowText)),
-      axs3(arm(picture, "axs3", SystemColour::windowText)),
-      wndlbl(picture.view().label("wndlbl", "WIND").in(picture)),
+DialFields::DialFields(Field& picture, const Size& sizes, double crossLength)
+    : WindArm(picture, sizes),
+      cross(crossLength),
+      NorthArm(armIn(picture, "NorthArm", northArmColour)),
+      axs1(armIn(picture, "axs1", SystemColour::windowText)),
+      axs2(armIn(picture, "axs2", SystemColour::windowText)),
+      axs3(armIn(picture, "axs3", SystemColour::windowText)),
       nlbl(picture.view().label("nlbl", "N").in(picture)),
       elbl(picture.view().label("elbl", "E").in(picture)),
       slbl(picture.view().label("slbl", "S").in(picture)),
       wlbl(picture.view().label("wlbl", "W").in(picture)) {
-  showWind(0);
   showNorth(0);
-}
-
-void DialFields::showWind(double degrees) const {
-  const auto x = [&](double length, double angle) { return size.centreX + length * std::cos(angle * radian); };
-  const auto y = [&](double length, double angle) { return size.centreY + length * std::sin(angle * radian); };
-  const double arm = degrees - 90;  // the axes begin at the right
-  wndarm.setEnds(x(size.wind, arm), y(size.wind, arm), size.centreX, size.centreY);
-  for (const auto& [barb, angle] : {std::pair{wndarm_1, arm - barbAngle}, std::pair{wndarm_2, arm + barbAngle}})
-    barb.setEnds(wndarm.x1(), wndarm.y1(), x(size.barb, angle), y(size.barb, angle));
-  wndlbl.setLeft(wndarm.x1());
-  wndlbl.setTop(wndarm.y1() - windLabelLift);
 }
 
 void DialFields::showNorth(double degrees) const {
@@ -74,8 +43,8 @@ void DialFields::showNorth(double degrees) const {
   for (const auto& [arm, letter, angle] : arms) {
     arm.setEnds(size.centreX,
                 size.centreY,
-                size.centreX + size.cross * std::cos(angle * radian),
-                size.centreY + size.cross * std::sin(angle * radian));
+                size.centreX + cross * std::cos(angle * dialRadian),
+                size.centreY + cross * std::sin(angle * dialRadian));
     letter.setLeft(arm.x2());
     letter.setTop(arm.y2());
   }
@@ -99,7 +68,7 @@ PlotFields::PlotFields(View& view)
       sclsdspl(view.label("sclsdspl")),
       dt(view.label("dt")),
       statuslbl(view.label("statuslbl")),
-      Xline(line(view, "Xline", Drw1)),
+      Xline(lineIn(Drw1, "Xline")),
       GroundLvl(view.add(FieldKind::shape, "GroundLvl").in(Drw1)),
       mousetxt(view.label("mousetxt").in(Drw1)),
       scleset(view.add(FieldKind::picture, "scleset").in(Drw1)),
@@ -107,7 +76,7 @@ PlotFields::PlotFields(View& view)
       eqlvalu(view.text("eqlvalu", "0").in(scleset)),
       clssetbox(view.add(FieldKind::button, "clssetbox", "Select Source").in(scleset)),
       North_wndDialPic(view.add(FieldKind::picture, "North_wndDialPic")),
-      dial(North_wndDialPic, {.wind = 550, .barb = 500, .cross = 400, .centreX = 900, .centreY = 900}),
+      dial(North_wndDialPic, {.wind = 550, .barb = 500, .centreX = 900, .centreY = 900}, 400),
       lndFRme(view.add(FieldKind::picture, "lndFRme")),
       linelbl2(arrayIn<levelCount>(lndFRme, "linelbl2")),
       LblDsply(arrayIn<levelCount>(lndFRme, "LblDsply")),

@@ -3,21 +3,15 @@
 #pragma once
 
 #include <array>
-#include <cmath>
 #include <string>
 #include <string_view>
 
 #include "engine/fields.h"
 #include "platform/canvas/canvas.h"
+#include "platform/dial.h"
 #include "platform/view.h"
 
 namespace noldarz {
-
-/// Degrees of a dial, 0 up, clockwise.
-inline constexpr int wholeTurn = 360;
-
-/// atan(across / up) in radians: the angle of a way against the upright, a quarter turn where it leads straight across.
-inline double uprightAngle(double across, double up) { return across == 0 ? 0 : std::atan(across / up); }
 
 /// What is drawn and how it is turned, of the zone view.
 struct ZoneFields {
@@ -29,50 +23,20 @@ struct ZoneFields {
   Field& NorthSld;                  // north direction (whole degrees, 0 to 360)
 };
 
-/// A line on a view: left and top are its start, width and height lead from there to its end and may be below 0.
-struct LineField {
-  Field& field;
+/// The two dials on one centre: the wind arm, and the cross of the compass with its letters. They are drawn on a
+/// picture, or on the ground of a view.
+struct DialFields : WindArm {
+  /// `cross`: length of its arms (twips).
+  DialFields(Field& picture, const Size& size, double cross);
 
-  double x1() const { return field.left(); }
-  double y1() const { return field.top(); }
-  double x2() const { return field.left() + field.width(); }
-  double y2() const { return field.top() + field.height(); }
-  void setEnds(double x1, double y1, double x2, double y2) const;
-  void setStart(double x, double y) const { setEnds(x, y, x2(), y2()); }
-  void setEnd(double x, double y) const { setEnds(x1(), y1(), x, y); }
-};
-
-/// Colours of the arms by which the dials are turned, as the pointer finds them.
-inline constexpr Colour windArmColour = Colour::fromScreen(49152);
-inline constexpr Colour northArmColour = Colour::fromScreen(255);
-
-/// The two dials on one centre: the wind arm with its barbs, and the cross of the compass with its letters. They are
-/// drawn on a picture, or on the ground of a view.
-struct DialFields {
-  /// Lengths of the arms, and the centre (twips, on the picture).
-  struct Size {
-    double wind;
-    double barb;
-    double cross;
-    double centreX;
-    double centreY;
-  };
-  DialFields(Field& picture, const Size& size);
-
-  /// Turns the wind arm.
-  void showWind(double degrees) const;
   /// Turns the cross.
   void showNorth(double degrees) const;
 
-  Size size;
-  LineField wndarm;
-  LineField wndarm_1;  // barbs
-  LineField wndarm_2;
+  double cross;
   LineField NorthArm;
   LineField axs1;
   LineField axs2;
   LineField axs3;
-  Field& wndlbl;
   Field& nlbl;
   Field& elbl;
   Field& slbl;

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "platform/failure.h"
+#include "platform/plane.h"
 #include "platform/text.h"
 
 namespace noldarz {

@@ -141,10 +141,8 @@ void ProfileCharts::ftlinjryprofl_Click() {
   }
   const bool far = outermost.number() > farProfile;
   if (far) {
-    MessageBox box = information(
+    const MessageBox box = question(
         "Plotting of Injury-Fatality Profile may take longer to display.\nNOTE : Limit simulation to 10000 m ");
-    box.buttons = Buttons::yesNo;
-    box.defaultReply = Reply::no;
     if (sees_.desktop.messageBox(box) != Reply::yes) return;
   }
   fields_.canvas.Cls();

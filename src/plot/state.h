@@ -7,10 +7,11 @@
 #include <string>
 
 #include "platform/variables.h"
+#include "population/state.h"
 
 namespace noldarz {
 
-struct PlotState {
+struct PlotState : WindState {
   double sourceX = 0;    ///< source point on the canvas (mm)
   double sourceY = 0;    ///< the same (mm)
   double plotScale = 0;  ///< ground (m) a millimetre of the canvas
@@ -20,7 +21,6 @@ struct PlotState {
   std::int16_t plotColour = 0;  ///< its colour, index in the basic palette
   std::int16_t roseColour = 0;  ///< the same in a rose
 
-  double windDeg = 0;          ///< wind direction of the dial (degrees)
   double northDeg = 0;         ///< north direction of the dial (degrees)
   std::int16_t zoomLevel = 0;  ///< level that a fit command fits to the page
 };

@@ -53,6 +53,7 @@ ScenarioFields::ScenarioFields(View& view)
       lnwdth(view.add(FieldKind::menu, "lnwdth", "Contour line width")),
       no2(view.add(FieldKind::menu, "no2", "2")),
       no4(view.add(FieldKind::menu, "no4", "4")),
+      popdnsty(view.add(FieldKind::menu, "popdnsty", "&Population density...")),
       exit(view.add(FieldKind::menu, "exit", "&Exit")),
       helpVinf(view.add(FieldKind::button, "helpVinf", "More information...")),
       headings(tableHeads(view)),

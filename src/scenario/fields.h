@@ -18,7 +18,8 @@ struct ScenarioFields {
   Field& lnwdth;           // menu: width of the contours
   Field& no2;              // 2 pixels
   Field& no4;              // 4 pixels
-  Field& exit;             // the same from the menu
+  Field& popdnsty;         // menu: the population around the source
+  Field& exit;             // closes the view, from the menu
   Field& helpVinf;         // explanation of the isopleth columns
   FieldArray<8> headings;  // heads of the isopleth table; a double click explains them
   Field& conctxt1;         // editor of a level's caption, hidden until used

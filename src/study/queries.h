@@ -43,13 +43,19 @@ class Queries {
 
   /// Builds a text and makes it the record source of the link. Fails with querySyntax when a name in it holds a single
   /// quote: the link then has no record source.
-  template <class Build>
-  void use(DataLink& link, Build build, const std::string& text) {
+  template <class Build, class... Arguments>
+  void use(DataLink& link, Build buildText, const std::string& text, const Arguments&... arguments) {
     link.setRecordSource({});
-    names_.clear();
-    (this->*build)();
-    for (const auto& name : names_) requirePlain(name);
+    build(buildText, arguments...);
     link.setRecordSource(text);
+  }
+
+  /// Builds a text. Fails with querySyntax when a name in it holds a single quote.
+  template <class Build, class... Arguments>
+  void build(Build buildText, const Arguments&... arguments) {
+    names_.clear();
+    (this->*buildText)(arguments...);
+    for (const auto& name : names_) requirePlain(name);
   }
 
   /// Key text of the run of the scenario and class in force: scenario text, reference number and class.

@@ -5,12 +5,14 @@
 #include "mapping/state.h"
 #include "platform/variables.h"
 #include "plot/state.h"
+#include "population/state.h"
 #include "scenario/state.h"
 #include "study/state.h"
 #include "toxic/state.h"
 
 namespace noldarz {
 
-struct RunState : Joined<EngineState, ToxicState, StudyState, ContourState, ScenarioState, PlotRunState, CadState> {};
+struct RunState : Joined<EngineState, ToxicState, StudyState, ContourState, ScenarioState, PopulationState,
+                         PlotRunState, CadState> {};
 
 }  // namespace noldarz

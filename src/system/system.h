@@ -9,6 +9,8 @@
 #include "platform/settings.h"
 #include "platform/view.h"
 #include "plot/rooms.h"
+#include "population/rooms.h"
+#include "reports/results_report.h"
 #include "scenario/rooms.h"
 #include "study/rooms.h"
 #include "system/run_state.h"
@@ -34,6 +36,7 @@ class System {
   ToxicRooms& toxic() { return toxic_; }
   ScenarioRooms& scenario() { return scenario_; }
   PlotView& plotView() { return plotView_; }
+  const PopulationRooms& population() const { return population_; }
   Settings& settings() { return settings_; }
   const StatusLine& status() const { return status_; }
   /// The study, null when none is open.
@@ -47,11 +50,15 @@ class System {
   MainView main_;
   ZoneView zoneView_;
   PlotView plotView_;
+  GridView gridView_;
+  ReportView reportView_;
   StatusLine status_;
   PressPorts ports_;
   StudyRooms study_;
   EngineRooms engine_;
   ToxicRooms toxic_;
+  PopulationRooms population_;
+  ResultsReport report_;
   PlotRooms plot_;
   ScenarioRooms scenario_;
   MappingRooms mapping_;

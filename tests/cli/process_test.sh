@@ -60,4 +60,11 @@ echo dump >in
 (ulimit -f 1; "$cli" script - <in >out 2>/dev/null)
 [ $? = 1 ] || { echo "a limit on files was not reported"; failures=$((failures + 1)); }
 
+# Densities of the study's grid, by the option without a value.
+mkdir -p grid/data grid/start
+"$cli" study create grid/data/orgtn.mdb --from "$studies/chlorine.toml"
+expect 0 '*' '' run grid/start --levels 1000,100,,,,0.25 --density --sector 3
+grep -q '12\.275' out || { echo "run --density: printed $(cat out)"; failures=$((failures + 1)); }  # 2.455 Ha of 5 persons
+expect 2 '' 'grid/start: --sector goes with --density without numbers' run grid/start --sector 3
+
 [ "$failures" = 0 ]

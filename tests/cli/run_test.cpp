@@ -165,6 +165,37 @@ TEST(Run, answersQuestionsAsAsked) {
   EXPECT_NE(yes.out.find("Wish to simulate beyond 1000000 m"), std::string::npos);  // and ends there
 }
 
+TEST(Run, takesTheStoredGrid) {
+  RunStudy study;
+  study.request.levels = "1000,100,,,,0.25";
+  study.request.densities = "";
+  study.request.table = true;
+  study.request.format = ReportFormat::json;
+  const struct {
+    std::optional<int> sector;
+    const char* told;
+    const char* density;
+    const char* hurt;  // 2.455 Ha of 100 %
+  } cases[] = {{{}, "1", "20", "49.100"}, {3, "3", "5", "12.275"}, {5, "5", "0", "0.000"}};
+  for (const auto& [sector, told, density, hurt] : cases) {
+    study.request.sector = sector;
+    const Json json = Json::parse(study.compute().out);
+    EXPECT_EQ(json["population"]["sector"], told);
+    EXPECT_EQ(json["population"]["populatndnsty(0)"], density);
+    EXPECT_EQ(json["probitTable"][0]["AbsInjtxt"], hurt);
+  }
+  test::changeFromOutside(study.folder.study(), "UPDATE poplatndnstytbl SET populatndnsty_5_1 = -2");
+  EXPECT_EQ(
+      study.compute().errors,
+      study.request.target + ": no table of fatality and injury: \"-2\" in sector 5 (south), >2 To 4 km is below 0\n");
+  test::changeFromOutside(study.folder.study(), "DELETE FROM poplatndnstytbl");
+  const Printed none = study.compute();
+  EXPECT_EQ(none.status, ExitStatus::failed);
+  EXPECT_EQ(none.errors,
+            study.request.target +
+                ": no table of fatality and injury: the study has no population grid of this reference number\n");
+}
+
 TEST(Run, failsBehindTheReportOfWhatIsNoRun) {
   RunStudy study;
   Printed printed = study.compute();  // chlorine is not flammable, so two levels are 0
@@ -217,8 +248,17 @@ TEST(Run, refusesWhatItCanNotTakeAndPrintsNothing) {
   refused(with([](auto& r) { r.levels = "1,2"; }), target + ": --levels takes 6 numbers, not 2", ExitStatus::refused);
   refused(with([](auto& r) { r.levels = "1,2,x,,,"; }), target + ": --levels: \"x\" is no number", ExitStatus::refused);
   refused(with([](auto& r) { r.densities = "1,,,,"; }), target + ": --density: \"\" is no number", ExitStatus::refused);
+  refused(with([](auto& r) { r.densities = "1,2,3,4,-5"; }),
+          target + ": --density: \"-5\" is below 0",
+          ExitStatus::refused);
+  refused(with([](auto& r) { r.sector = 2; }),
+          target + ": --sector goes with --density without numbers",
+          ExitStatus::refused);
   refused(with([](auto& r) { r.startFolder = "/"; }), target + ": --start goes with a script", ExitStatus::refused);
   RunRequest scripted = scriptOf("echo hello");
+  scripted.densities = "";
+  refused(scripted, scripted.target + ": --density takes five numbers for a script", ExitStatus::refused);
+  scripted.densities.reset();
   scripted.levels = "6,5,4,3,2,1";
   refused(scripted, scripted.target + ": --levels goes with a study", ExitStatus::refused);
   refused(with([](auto& r) { r.target = "/nowhere"; }), "/nowhere: no such folder or script", ExitStatus::refused);

@@ -315,17 +315,24 @@ TEST(Study, isCheckedBeforeTheProgramStartsOnIt) {
   const struct {
     const char* statement;
     const char* fault;
-  } cases[] = {{"UPDATE [dsptbl-1] SET actvproj = 0",
-                "no project is active: one row of table \"dsptbl-1\" needs actvproj = true"},
-               {"INSERT INTO [dsptbl-1] (OrgName, refNo, actvproj) VALUES ('B', '2', -1)",
-                "row 2 of table \"dsptbl-1\" is a second active project: only one has actvproj = true"},
-               {"DELETE FROM scenr1", "no working scenario: table \"scenr1\" has no row"},
-               {"UPDATE scenr1 SET scenariotxt = '3'' pipe'",
-                "row 1 of table \"scenr1\" holds \"3' pipe\" in column \"scenariotxt\", and it holds a single quote "
-                "('), which the "
-                "study does not take"},
-               {"DROP TRIGGER \"Orgtn key INSERT\"; INSERT INTO Orgtn (OrgName) SELECT OrgName FROM Orgtn",
-                "row 2 of table \"Orgtn\" has the key of another one, \"Harbour Water Works\""}};
+  } cases[] = {
+      {"UPDATE [dsptbl-1] SET actvproj = 0",
+       "no project is active: one row of table \"dsptbl-1\" needs actvproj = true"},
+      {"INSERT INTO [dsptbl-1] (OrgName, refNo, actvproj) VALUES ('B', '2', -1)",
+       "row 2 of table \"dsptbl-1\" is a second active project: only one has actvproj = true"},
+      {"UPDATE poplatndnstytbl SET populatndnsty_8_1 = -4",
+       "row 1 of table \"poplatndnstytbl\" holds \"-4\" in column \"populatndnsty_8_1\", which takes persons "
+       "per hectare"},
+      {"UPDATE poplatndnstytbl SET populatndnsty_1_4 = 'many'",
+       "row 1 of table \"poplatndnstytbl\" holds \"many\" in column \"populatndnsty_1_4\", which takes persons "
+       "per hectare"},
+      {"DELETE FROM scenr1", "no working scenario: table \"scenr1\" has no row"},
+      {"UPDATE scenr1 SET scenariotxt = '3'' pipe'",
+       "row 1 of table \"scenr1\" holds \"3' pipe\" in column \"scenariotxt\", and it holds a single quote "
+       "('), which the "
+       "study does not take"},
+      {"DROP TRIGGER \"Orgtn key INSERT\"; INSERT INTO Orgtn (OrgName) SELECT OrgName FROM Orgtn",
+       "row 2 of table \"Orgtn\" has the key of another one, \"Harbour Water Works\""}};
   for (const auto& [statement, fault] : cases) {
     const TestFolder folder;
     test::makeStudy(folder.study(), exampleStudy("chlorine"));

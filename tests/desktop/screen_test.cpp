@@ -162,6 +162,41 @@ TEST(Screen, mapsIntoADrawingByKeys) {
   EXPECT_GT(fs::file_size(file), blank);
 }
 
+TEST(Screen, fillsAPopulationGridByKeys) {
+  const User user{exampleStudy("chlorine")};
+  const auto bands = [&] {
+    const Recordset row{std::make_shared<Database>(user.folder.study(), studyLayout()),
+                        "SELECT populatndnsty_3_0, populatndnsty_3_1 FROM poplatndnstytbl"};
+    return textOf(row.value(0)) + "|" + textOf(row.value(1));
+  };
+  user.press({"F10", "Down", "p"});
+  ASSERT_TRUE(user.waitFor([&] { return user.isFront("absltftlyfrm"); }));
+  user.press({"Right", "Down", "Tab", "8", "Tab", "x", "Tab"});
+  EXPECT_TRUE(user.waitFor([&] { return user.boxes == Texts{"Enter the value in numeric"}; }));
+  QTest::qWait(300);
+  user.press({"ctrl+a", "4", "alt+a", "Down"});
+  ASSERT_TRUE(user.waitFor([&] { return user.widget<QComboBox>("absltftlyfrm.popdnstycbo").view()->isVisible(); }));
+  QTest::qWait(300);
+  user.press({"Down", "Return"});
+  EXPECT_TRUE(user.waitFor([&] { return user.text("absltftlyfrm.popdnstycbo") == "Urban"; }));
+  EXPECT_EQ(user.text("absltftlyfrm.zonenumlbl"), "Population density/Ha. for sector 3");
+  EXPECT_EQ(bands(), "8|50");  // the class went to the band left last
+  user.press({"alt+v"});
+  EXPECT_TRUE(user.waitFor([&] { return user.field("absltftlyfrm.denUnitListCbo").enabled(); }));
+  user.press({"alt+d", "9", "0", "0", "Tab", "alt+v"});
+  EXPECT_TRUE(user.waitFor([&] { return user.boxes.back() == "Wish to convert values?"; }));
+  EXPECT_EQ(bands(), "900|50");  // No is its default
+  user.press({"alt+l"});
+  EXPECT_TRUE(user.isFront("dspmnfrm"));
+  user.press({"F10", "Down", "p"});
+  ASSERT_TRUE(user.waitFor([&] { return user.isFront("absltftlyfrm"); }));
+  // The user begins at the sector that is shown.
+  EXPECT_TRUE(
+      user.waitFor([&] { return user.text("absltftlyfrm.zonenumlbl") == "Population density/Ha for sector 3"; }));
+  user.press({"alt+F4"});
+  EXPECT_TRUE(user.isFront("dspmnfrm"));
+}
+
 TEST(Screen, refusesAWrongTextInEveryInput) {
   struct Case {
     std::string field;

@@ -119,14 +119,14 @@ class DialAdapter : public DrawnAdapter {
     View& view = field_.view();
     const Field* wind = view.find("wndarm");
     const Field* north = view.find("NorthArm");
-    if (!wind || !north) return;
+    if (!wind) return;
     const auto degrees = [&](const char* slider, double right, double down) {
       const Field* exact = view.find(slider);
       return exact ? exact->value() : direction(right, down);
     };
-    widget().setAccessibleDescription(QString("Wind %1°, north %2°")
-                                          .arg(degrees("wndsld1", -wind->width(), -wind->height()))
-                                          .arg(degrees("NorthSld", north->width(), north->height())));
+    QString told = QString("Wind %1°").arg(degrees("wndsld1", -wind->width(), -wind->height()));
+    if (north) told += QString(", north %1°").arg(degrees("NorthSld", north->width(), north->height()));
+    widget().setAccessibleDescription(told);
   }
   /// Of the way from the centre of the dial to the tip of an arm, as it is seen: whole degrees, 0 up, clockwise.
   static int direction(double right, double down) {

@@ -3,13 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
-namespace noldarz {
+#include "platform/plane.h"
 
-double distanceToLine(double x, double y, double x1, double y1, double x2, double y2) {
-  const double square = (x2 - x1) * (x2 - x1) + (y2 - y1) * (y2 - y1);
-  const double along = square > 0 ? std::clamp(((x - x1) * (x2 - x1) + (y - y1) * (y2 - y1)) / square, 0.0, 1.0) : 0;
-  return std::hypot(x - x1 - along * (x2 - x1), y - y1 - along * (y2 - y1));
-}
+namespace noldarz {
 
 namespace {
 

@@ -7,9 +7,6 @@
 
 namespace noldarz {
 
-/// Distance of a point from a line between two others, all in one unit.
-double distanceToLine(double x, double y, double x1, double y1, double x2, double y2);
-
 /// Colour of the line, circle or dot that was drawn last over the point (mm); nothing where there is none. Texts do not
 /// count.
 std::optional<Colour> colourAt(const Drawing& drawing, double x, double y);

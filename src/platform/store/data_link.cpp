@@ -9,10 +9,10 @@
 
 namespace noldarz {
 
-void DataLink::bind(Field& field, std::string column, Accepts accepts, std::string words) {
+void DataLink::bind(Field& field, std::string column, Accepts accepts, std::string words, std::string nothing) {
   std::erase_if(bindings_, [&](const Binding& b) { return b.field == &field; });
-  Binding& binding =
-      bindings_.emplace_back(Binding{&field, std::move(column), std::move(accepts), std::move(words), ""});
+  Binding& binding = bindings_.emplace_back(
+      Binding{&field, std::move(column), std::move(accepts), std::move(words), std::move(nothing), ""});
   if (!rows_ || !rows_->isAdding()) show(binding);
 }
 
@@ -144,7 +144,10 @@ void DataLink::show() {
 
 void DataLink::show(Binding& binding) {
   const auto column = rows_ ? rows_->find(binding.column) : std::nullopt;
-  if (column && !rows_->eof()) binding.field->setText(textOf(rows_->value(*column)));
+  if (column && !rows_->eof()) {
+    const Cell& cell = rows_->value(*column);
+    binding.field->setText(holdsNothing(cell) ? binding.nothing : textOf(cell));
+  }
   binding.shown = binding.field->text();
 }
 

@@ -30,8 +30,9 @@ class DataLink {
   DataLink& operator=(const DataLink&) = delete;
 
   /// Binds a field to a column, in place of the column it had. A label shows its column and never writes it. `words`
-  /// tells the user what was stored, with "{}" for the text: "height of release {} m".
-  void bind(Field& field, std::string column, Accepts accepts = {}, std::string words = {});
+  /// tells the user what was stored, with "{}" for the text: "height of release {} m". `nothing`: what a cell without a
+  /// value is shown as.
+  void bind(Field& field, std::string column, Accepts accepts = {}, std::string words = {}, std::string nothing = {});
   /// What is done before the row is opened for writing: the link may stand on another row afterwards. It fails when
   /// there is none to write to.
   void beforeEdit(std::function<void()> prepare) { prepare_ = std::move(prepare); }
@@ -92,6 +93,7 @@ class DataLink {
     std::string column;
     Accepts accepts;
     std::string words;
+    std::string nothing;
     std::string shown;  // what the link put into the field last
   };
 

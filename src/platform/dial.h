@@ -1,5 +1,5 @@
-// A dial with arms that the user turns: lines on a picture or on the ground of a view, and the direction of a pointer on
-// it. Directions are degrees, 0 up, clockwise; places are in the unit of what the lines lie on, of a dial in twips.
+// A dial with arms that the user turns: lines on a picture or on the ground of a view, and the direction of a pointer
+// on it. Directions are degrees, 0 up, clockwise; places are in the unit of what the lines lie on, of a dial in twips.
 #pragma once
 
 #include "platform/view.h"
@@ -67,8 +67,8 @@ struct WindArm {
 /// up is 360.
 int dialDegrees(double x, double y, double centreX, double centreY);
 
-/// The user turns a dial by pointer or keys: the slider takes the degrees, with its change event. Degrees that it doesn't
-/// have are passed over.
+/// The user turns a dial by pointer or keys: the slider takes the degrees, with its change event. Degrees that it
+/// doesn't have are passed over.
 void turnDial(Field& slider, int degrees);
 
 }  // namespace noldarz

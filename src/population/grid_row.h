@@ -69,7 +69,8 @@ class GridRow {
   /// A cell of that row: nothing counts as 0. Fails with typeMismatch for one that holds no number.
   double density(int cell) const;
   /// The densities of a sector, from 0, as the study holds them for the own reference number, which needs no open view;
-  /// nothing when it has no grid. Fails with a StoreFailure, and with querySyntax for a name that the study does not take.
+  /// nothing when it has no grid. Fails with a StoreFailure, and with querySyntax for a name that the study does not
+  /// take.
   std::optional<RingDensities> stored(const std::shared_ptr<Database>& study, int sector) const;
 
   /// Is told when the row or its cells may have changed.

@@ -10,7 +10,8 @@ namespace noldarz::test {
 
 class PopulationStudy : public TestStudy {
  public:
-  /// `cells`: lines of the grid's row in a study text; "": the reference number has no row. `sector`: kept for the user.
+  /// `cells`: lines of the grid's row in a study text; "": the reference number has no row. `sector`: kept for the
+  /// user.
   explicit PopulationStudy(const std::string& cells, const std::string& sector = "") : TestStudy(textWith(cells)) {
     run("start");
     if (!sector.empty())

@@ -65,6 +65,7 @@ void GridImport::end() const {
 
 void GridImport::showClasses() const {
   std::vector<std::string> names;
+  names.reserve(settlementClasses.size());
   for (const auto& entry : settlementClasses) names.emplace_back(entry.name);
   view_.popdnstycbo.setEntries(names);
   view_.popdnstycbo.setText("");
@@ -115,6 +116,7 @@ void GridImport::replaceGrid() {
   end();
   if (own) return sees_.status.say(from + " is the own reference number: its grid stays as it is.");
   std::vector<std::pair<int, std::string>> cells;
+  cells.reserve(gridCells);
   for (int cell = 0; cell < view_.gridcell.size(); ++cell)
     cells.emplace_back(cell, plainText(sees_.state.popImportBuf.at(static_cast<std::size_t>(cell))));
   if (!sees_.row.store(cells)) return;

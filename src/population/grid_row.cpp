@@ -101,6 +101,7 @@ bool GridRow::store(const std::vector<std::pair<int, std::string>>& cells) {
   bool stored = false;
   if (isOwn()) {
     std::vector<std::pair<std::string, Cell>> columns;
+    columns.reserve(cells.size());
     for (const auto& [cell, text] : cells) columns.emplace_back(columnOf(cell), text);
     stored = RowEdit{sees_.dt5, sees_.status.skipping()}.setAll(columns).storeOrDrop();
   }

@@ -18,6 +18,7 @@ constexpr const char* densityTip = "Enter population density/Ha";
 
 UnitConversion::UnitConversion(const Sees& sees) : sees_(sees), view_(sees.view) {
   std::vector<std::string> entries;
+  entries.reserve(densityUnits.size());
   for (const DensityUnit& unit : densityUnits) entries.emplace_back(unit.entry);
   view_.denUnitListCbo.setEntries(entries);
   setTips(densityTip);

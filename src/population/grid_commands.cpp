@@ -98,7 +98,7 @@ void GridCommands::slideToWind() const {
 void GridCommands::popSelectFirstSector() {
   for (int cell = 0; cell < view_.gridcell.size(); ++cell) {
     if (!Trap::ignoring().holds([&] { return sees_.row.density(cell) > 0; })) continue;
-    sees_.state.windOrient = static_cast<std::int16_t>(cell / gridBands);
+    sees_.state.windOrient = static_cast<std::int16_t>(sectorOf(cell));
     break;
   }
   sees_.row.bind(sees_.state.windOrient);

@@ -73,10 +73,10 @@ bool UnitConversion::convert() const {
   }
   const bool stored = !converted.cells.empty() && sees_.row.store(converted.cells);
   if (!stored && sees_.row.hasRow() && !converted.cells.empty()) return false;  // which was told
-  std::string told = stored ? "Converted and stored." : "";
-  if (!converted.lost.empty()) told += " Less than half a person/Ha, so 0: " + converted.lost;
-  if (!converted.left.empty()) told += " Not converted: " + converted.left;
-  sees_.status.say(told);
+  const StatusLine::Act act{sees_.status};
+  if (stored) sees_.status.say("Converted and stored.");
+  if (!converted.lost.empty()) sees_.status.say("Less than half a person/Ha, so 0: " + converted.lost);
+  if (!converted.left.empty()) sees_.status.say("Not converted: " + converted.left);
   return true;
 }
 
